@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/CatalogueSchema.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+// Outside any namespace, as Qt asks; a static library's resources are not found without it.
+static void loadSchemaResource()
+{
+    Q_INIT_RESOURCE(schema);
+}
+
+namespace quaverly {
+
+namespace {
+
+/** "QVLY", which tells a catalogue from any other SQLite file. */
+constexpr qint32 ApplicationId = 0x51564C59;
+
+QString script(const QString &name)
+{
+    QFile file(u":/catalogue/"_s + name);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The catalogue's scripts are missing from the program.");
+    return QString::fromUtf8(file.readAll());
+}
+
+} // namespace
+
+dao::Schema catalogueSchema()
+{
+    loadSchemaResource();
+    dao::Schema schema;
+    schema.applicationId = ApplicationId;
+    schema.migrations = {script(u"0001.sql"_s)};
+    for (const QString &line : script(u"indexes.sql"_s).split(u'\n')) {
+        if (line.startsWith("CREATE"_L1))
+            schema.indexes.append(line);
+    }
+    return schema;
+}
+
+} // namespace quaverly

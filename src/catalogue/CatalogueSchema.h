@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/store/Schema.h"
+
+namespace quaverly {
+
+/** Name of the catalogue file. */
+inline constexpr char16_t CatalogueFileName[] = u"QVdata.mdb";
+
+/** The catalogue's tables, indexes and version, read from the scripts that are built in. */
+[[nodiscard]] dao::Schema catalogueSchema();
+
+} // namespace quaverly

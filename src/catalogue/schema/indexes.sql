@@ -1,0 +1,36 @@
+-- One index a line, named table.index: the name behind the point is what Index and Seek know it by.
+-- A field's own index also carries what the sort box orders by behind that field, and the key last.
+CREATE UNIQUE INDEX IF NOT EXISTS "tblContacts.PathFile" ON tblContacts (PathName COLLATE BINARY, FileName COLLATE BINARY) WHERE FileName > '';
+CREATE INDEX IF NOT EXISTS "tblContacts.AlbumName" ON tblContacts (AlbumName, TrackNum);
+CREATE INDEX IF NOT EXISTS "tblContacts.Artist" ON tblContacts (Artist, SongName);
+CREATE INDEX IF NOT EXISTS "tblContacts.Bitrate" ON tblContacts (Bitrate);
+CREATE INDEX IF NOT EXISTS "tblContacts.BPM" ON tblContacts (BPM);
+CREATE INDEX IF NOT EXISTS "tblContacts.Code" ON tblContacts (Code);
+CREATE INDEX IF NOT EXISTS "tblContacts.Composer" ON tblContacts (Composer, SongName);
+CREATE INDEX IF NOT EXISTS "tblContacts.Date2" ON tblContacts (Date2);
+CREATE INDEX IF NOT EXISTS "tblContacts.DateUpdated" ON tblContacts (DateUpdated);
+CREATE INDEX IF NOT EXISTS "tblContacts.Duration" ON tblContacts (Duration);
+CREATE INDEX IF NOT EXISTS "tblContacts.FileName" ON tblContacts (FileName);
+CREATE INDEX IF NOT EXISTS "tblContacts.FileSizeNum" ON tblContacts (FileSizeNum);
+CREATE INDEX IF NOT EXISTS "tblContacts.FileType" ON tblContacts (FileType);
+CREATE INDEX IF NOT EXISTS "tblContacts.Genre" ON tblContacts (Genre, Artist, SongName);
+CREATE INDEX IF NOT EXISTS "tblContacts.ID" ON tblContacts (ID);
+CREATE INDEX IF NOT EXISTS "tblContacts.MiscField1" ON tblContacts (MiscField1);
+CREATE INDEX IF NOT EXISTS "tblContacts.MiscField2" ON tblContacts (MiscField2);
+CREATE INDEX IF NOT EXISTS "tblContacts.MiscField3" ON tblContacts (MiscField3);
+CREATE INDEX IF NOT EXISTS "tblContacts.PathName" ON tblContacts (PathName, FileName);
+CREATE INDEX IF NOT EXISTS "tblContacts.PurchaseDate" ON tblContacts (PurchaseDate);
+CREATE INDEX IF NOT EXISTS "tblContacts.Rating" ON tblContacts (Rating, SongName);
+CREATE INDEX IF NOT EXISTS "tblContacts.SongName" ON tblContacts (SongName, Artist);
+CREATE INDEX IF NOT EXISTS "tblContacts.TrackNum" ON tblContacts (TrackNum);
+CREATE INDEX IF NOT EXISTS "tblContacts.Year" ON tblContacts (Year, Artist, SongName);
+CREATE INDEX IF NOT EXISTS "tblContacts.DuplicateBySize" ON tblContacts (Artist, SongName, FileSize);
+CREATE INDEX IF NOT EXISTS "tblContacts.DuplicateByAlbum" ON tblContacts (Artist, SongName, AlbumName);
+CREATE INDEX IF NOT EXISTS "tblContacts.Marked" ON tblContacts (Selected) WHERE Selected = 'x';
+CREATE UNIQUE INDEX IF NOT EXISTS "tblCategoryID.PrimaryKey" ON tblCategoryID (ID, CategoryNumber);
+CREATE INDEX IF NOT EXISTS "tblCategoryID.CategoryNumber" ON tblCategoryID (CategoryNumber, ID);
+CREATE INDEX IF NOT EXISTS "tblSettings.Type" ON tblSettings (Type, Name);
+CREATE INDEX IF NOT EXISTS "tblPlayListHeader.ListName" ON tblPlayListHeader (ListName);
+CREATE INDEX IF NOT EXISTS "tblPlayListDetail.ListID" ON tblPlayListDetail (ListID, ListTrackID);
+CREATE INDEX IF NOT EXISTS "tblPlayListDetail.ContactRecordID" ON tblPlayListDetail (ContactRecordID);
+CREATE INDEX IF NOT EXISTS "tblPlayListDetail.FileName" ON tblPlayListDetail (FileName);

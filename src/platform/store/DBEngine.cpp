@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/store/DatabaseImpl.h"
+#include "platform/store/Salvage.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+
+namespace {
+
+/** A new file that goes again unless it is kept. */
+class NewFile
+{
+public:
+    explicit NewFile(QString path) : m_path(std::move(path)) {}
+    ~NewFile()
+    {
+        if (m_kept)
+            return;
+        for (const QString &ending : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s})
+            QFile::remove(m_path + ending);
+    }
+    NewFile(const NewFile &) = delete;
+    NewFile &operator=(const NewFile &) = delete;
+    void keep() { m_kept = true; }
+
+private:
+    QString m_path;
+    bool m_kept = false;
+};
+
+void refuseExisting(const QString &path)
+{
+    if (QFileInfo::exists(path))
+        throw DaoError(FileAlreadyExists, u"File already exists: '%1'."_s.arg(path));
+}
+
+void rename(const QString &from, const QString &to)
+{
+    QFile file(from);
+    if (!file.rename(to))
+        throw DaoError(PathFileAccess, u"Path/File access error: '%1'.  %2"_s.arg(to, file.errorString()));
+}
+
+} // namespace
+
+DBEngine::DBEngine(Schema schema) : m_schema(std::move(schema)), m_workspace(std::make_unique<Workspace>())
+{}
+
+DBEngine::~DBEngine() = default;
+
+std::unique_ptr<Database> DBEngine::OpenDatabase(const QString &path, const QString &connect)
+{
+    static const QString word = u";pwd="_s;
+    const QString password =
+        connect.startsWith(word, Qt::CaseInsensitive) ? connect.mid(word.size()) : QString();
+    return std::make_unique<Database>(std::make_unique<DatabaseImpl>(path, m_schema, *m_workspace, password));
+}
+
+Workspace &DBEngine::Workspaces(int index)
+{
+    if (index != 0)
+        throw DaoError(ItemNotFound, u"Item not found in this collection."_s);
+    return *m_workspace;
+}
+
+void DBEngine::CreateEmpty(const QString &path)
+{
+    refuseExisting(path);
+    NewFile file(path);
+    Connection connection(path, Connection::Mode::Create);
+    createTables(connection, m_schema, true);
+    file.keep();
+}
+
+void DBEngine::CompactDatabase(const QString &source, const QString &target)
+{
+    refuseExisting(target);
+    static_cast<void>(CatalogueFile::examine(source, m_schema));
+    NewFile file(target);
+    {
+        Connection connection(source, Connection::Mode::ReadWrite);
+        connection.execute("VACUUM INTO " + quotedText(target));
+    }
+    file.keep();
+}
+
+QString DBEngine::RepairDatabase(const QString &path)
+{
+    bool writable = true;
+    try {
+        writable = CatalogueFile::examine(path, m_schema).writable;
+    } catch (const DaoError &e) {
+        // A file that is shorter than it says is what repair is for.
+        if (e.number != CannotOpenFile)
+            throw;
+    }
+    if (!writable)
+        throw DaoError(ReadOnly, u"Cannot update.  Database or object is read-only."_s);
+    const QString fresh = path + u".repair"_s;
+    for (const QString &ending : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s})
+        QFile::remove(fresh + ending);
+    NewFile file(fresh);
+    QString report;
+    {
+        Connection target(fresh, Connection::Mode::Create);
+        createTables(target, m_schema, false);
+        report = salvage(path, target, m_schema);
+    }
+    const QFileInfo info(path);
+    const QString stamp = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s);
+    const QString kept =
+        info.absolutePath() + u'/' + info.completeBaseName() + u" damaged "_s + stamp + u'.' + info.suffix();
+    rename(path, kept);
+    for (const QString &ending : {u"-wal"_s, u"-shm"_s}) {
+        if (QFile::exists(path + ending))
+            rename(path + ending, kept + ending);
+    }
+    rename(fresh, path);
+    file.keep();
+    QFile::remove(path + u".damaged"_s);
+    return report + u"\nThe damaged file was kept as '%1'."_s.arg(kept);
+}
+
+} // namespace dao

@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/store/DaoError.h"
+#include "platform/store/Schema.h"
+
+#include <QMetaObject>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <compare>
+#include <functional>
+#include <memory>
+
+/**
+ * The catalogue store: DAO's surface over a SQLite file. Statements are written in the catalogue's
+ * own SQL dialect. Everything belongs to the thread that opened it; every operation may throw
+ * DaoError.
+ */
+namespace dao {
+
+class Database;
+class DatabaseImpl;
+class RecordsetImpl;
+class Workspace;
+
+enum class RecordsetType { Table, Dynaset, Snapshot };
+
+/** A field of a recordset. `size` is the most characters that a text holds, 0 for no limit. */
+struct Field
+{
+    QString name;
+    FieldType type = FieldType::Text;
+    int size = 0;
+    /** The column it stands for in the row that Edit changes; empty for a computed one. */
+    QString sourceField;
+};
+
+/** Names a row for the life of the catalogue: its key. */
+struct Bookmark
+{
+    qint64 key = 0;
+    auto operator<=>(const Bookmark &) const = default;
+};
+
+/**
+ * Rows of a table or a statement, with a current one.
+ *
+ * A dynaset's membership and order are those of its opening; it shows the rows' present values. A
+ * snapshot also keeps the values. Rows deleted through it drop out at once, rows deleted elsewhere
+ * at Requery: until then reading one throws 3167. A table recordset sees the table as it is.
+ * Positions count from 0. Values are QString, qint64, double, QDateTime (UTC spec: no zone is meant)
+ * or a Null.
+ */
+class Recordset final
+{
+public:
+    explicit Recordset(std::unique_ptr<RecordsetImpl> impl);
+    ~Recordset();
+    Recordset(const Recordset &) = delete;
+    Recordset &operator=(const Recordset &) = delete;
+
+    [[nodiscard]] RecordsetType Type() const;
+    [[nodiscard]] const QList<Field> &Fields() const;
+    /** Place of a field in Fields(), in any case; -1 without one. */
+    [[nodiscard]] int fieldIndex(const QString &name) const;
+
+    /** Exact at once; MoveLast beforehand is harmless. */
+    [[nodiscard]] qint64 RecordCount() const;
+    [[nodiscard]] bool atBOF() const;
+    [[nodiscard]] bool atEOF() const;
+    [[nodiscard]] bool isEmpty() const { return RecordCount() == 0; }
+
+    void MoveFirst();
+    void MoveLast();
+    void MoveNext();
+    void MovePrevious();
+    void Move(qint64 rows);
+    /** -1 at BOF or EOF. */
+    [[nodiscard]] qint64 AbsolutePosition() const;
+    void setAbsolutePosition(qint64 position);
+
+    [[nodiscard]] Bookmark bookmark() const;
+    /** @throws 3021 when the row is not in the set. */
+    void setBookmark(Bookmark mark);
+    [[nodiscard]] Bookmark LastModified() const;
+    /** Position of a row, -1 when it is not in the set. */
+    [[nodiscard]] qint64 positionOf(Bookmark mark);
+    [[nodiscard]] Bookmark bookmarkAt(qint64 position);
+
+    /** The criteria are a WHERE clause without the word. A miss sets NoMatch and stays on the row. */
+    void FindFirst(const QString &criteria);
+    void FindLast(const QString &criteria);
+    void FindNext(const QString &criteria);
+    void FindPrevious(const QString &criteria);
+    [[nodiscard]] bool NoMatch() const;
+
+    /** Table recordsets: the order of moving, and what Seek compares. @throws 3015 for no such index. */
+    void setIndex(const QString &name);
+    [[nodiscard]] QString Index() const;
+    /** @p comparison is "=", ">=", ">", "<=" or "<"; a miss sets NoMatch. */
+    void Seek(const QString &comparison, const QVariantList &keys);
+
+    /** Value in the current row, or in the buffer between Edit or AddNew and Update. */
+    [[nodiscard]] QVariant value(const QString &field) const;
+    [[nodiscard]] QString text(const QString &field) const;
+    /** Any row's value, without moving there; the grid's road, through the row cache. */
+    [[nodiscard]] QVariant valueAt(qint64 position, int field) const;
+
+    void Edit();
+    /** The current row stays current; LastModified names the new one after Update. */
+    void AddNew();
+    /** @throws 3163 when a text is longer than its field, 3265 for no such field. */
+    void setValue(const QString &field, const QVariant &value);
+    /** @throws 3022 for a duplicate key, 3197 when the row changed or went since Edit. */
+    void Update();
+    void CancelUpdate();
+    [[nodiscard]] bool editing() const;
+    /** MoveNext then goes to the row behind the deleted one. */
+    void Delete();
+
+    void Requery();
+    void Close();
+
+private:
+    std::unique_ptr<RecordsetImpl> m_impl;
+};
+
+/** A stored query: its name, and its text exactly as it was given. */
+struct QueryDef
+{
+    QString Name;
+    QString SQL;
+};
+
+/**
+ * The transactions of the open catalogues. Nested ones are savepoints. What a command leaves
+ * pending is committed when control returns to the event loop and nothing waits there.
+ */
+class Workspace final
+{
+public:
+    Workspace();
+    ~Workspace();
+
+    void BeginTrans();
+    /** @throws 3034 without a transaction. */
+    void CommitTrans();
+    void Rollback();
+    [[nodiscard]] int depth() const;
+
+    /** Commits everything pending, and what a bulk load holds back, to the disk. */
+    void settle();
+
+private:
+    friend class Database;
+    friend class DatabaseImpl;
+    DatabaseImpl *m_database = nullptr;
+    int m_depth = 0;
+    QMetaObject::Connection m_settler;
+};
+
+/** A transaction for the length of a scope: rolled back unless committed. */
+class Transaction final
+{
+public:
+    explicit Transaction(Workspace &workspace) : m_workspace(workspace) { m_workspace.BeginTrans(); }
+    ~Transaction();
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+    void commit();
+
+private:
+    Workspace &m_workspace;
+    bool m_open = true;
+};
+
+/** An open catalogue. Recordsets must be closed before it goes. */
+class Database final
+{
+public:
+    explicit Database(std::unique_ptr<DatabaseImpl> impl);
+    ~Database();
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+
+    [[nodiscard]] QString Name() const;
+    /** False on read-only ground: reading works, every write throws 3027. */
+    [[nodiscard]] bool Updatable() const;
+
+    /** @p source is a table, a stored query or one SELECT. A bare table opens as Table unless told. */
+    [[nodiscard]] std::unique_ptr<Recordset> OpenRecordset(const QString &source);
+    [[nodiscard]] std::unique_ptr<Recordset> OpenRecordset(const QString &source, RecordsetType type);
+
+    /** Runs an action statement or a stored action query; all of it or nothing. */
+    void Execute(const QString &sql);
+    [[nodiscard]] qint64 RecordsAffected() const;
+
+    /** @throws 3265 without that query. */
+    [[nodiscard]] QueryDef QueryDefs(const QString &name) const;
+    [[nodiscard]] QStringList queryNames() const;
+    /** The text is kept as given and looked at when it runs. @throws 3012 when the name is taken. */
+    void CreateQueryDef(const QString &name, const QString &sql);
+    /** Fields of a table in their order. @throws 3078. */
+    [[nodiscard]] QList<Field> TableDefs(const QString &table) const;
+
+    /** Keeps the program out without the password; it encrypts nothing. @throws 3031. */
+    void NewPassword(const QString &oldPassword, const QString &newPassword);
+
+    [[nodiscard]] Workspace &workspace();
+
+    /** Checkpoints to the single file and closes; the destructor does so too, silently. */
+    void Close();
+
+    [[nodiscard]] DatabaseImpl &impl() { return *m_impl; }
+
+private:
+    std::unique_ptr<DatabaseImpl> m_impl;
+    qint64 m_recordsAffected = 0;
+};
+
+/**
+ * Makes many additions fast, for the length of a scope: commits are gathered (half a second or a
+ * thousand rows at most), and the indexes of an empty table are built afterwards. Killed in between,
+ * the catalogue opens with all that was committed and builds what is missing.
+ */
+class BulkLoad final
+{
+public:
+    BulkLoad(Database &database, const QString &table);
+    ~BulkLoad();
+    BulkLoad(const BulkLoad &) = delete;
+    BulkLoad &operator=(const BulkLoad &) = delete;
+
+    /** Puts everything on the disk and builds one missing index; false when none is left to build. */
+    bool finishStep();
+
+private:
+    Database &m_database;
+};
+
+/** Opens, repairs and compacts catalogues of one schema. */
+class DBEngine final
+{
+public:
+    explicit DBEngine(Schema schema);
+    ~DBEngine();
+
+    /**
+     * Never creates a file. @p connect is empty or ";pwd=" and the password.
+     * @throws 3024 no such file, 3031 password, 3049 damaged, 3343 not ours or newer, 70, 75, 3260.
+     */
+    [[nodiscard]] std::unique_ptr<Database> OpenDatabase(const QString &path, const QString &connect = {});
+
+    /**
+     * Saves table by table what can be read into a new file under the same name; the damaged one is
+     * kept beside it with a dated name. Returns what was saved, in words. A file that isn't ours is
+     * left alone. @throws as OpenDatabase.
+     */
+    QString RepairDatabase(const QString &path);
+
+    /** Writes a compact copy. @throws 58 when the target is there, 61 on a full disk; no half file stays. */
+    void CompactDatabase(const QString &source, const QString &target);
+
+    /** Writes an empty catalogue at the newest schema version. @throws 58 when the file is there. */
+    void CreateEmpty(const QString &path);
+
+    [[nodiscard]] Workspace &Workspaces(int index);
+
+private:
+    Schema m_schema;
+    std::unique_ptr<Workspace> m_workspace;
+};
+
+} // namespace dao

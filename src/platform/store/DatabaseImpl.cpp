@@ -1,0 +1,405 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/store/DatabaseImpl.h"
+
+#include "platform/store/Collation.h"
+#include "platform/store/Password.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+
+namespace {
+
+/** A bulk load puts its rows on the disk at least so often. */
+constexpr int CommitMilliseconds = 500;
+constexpr qint64 CommitRows = 1000;
+
+const QString MetaCollation = u"collation"_s;
+const QString MetaPassword = u"password"_s;
+
+quint64 inodeOf(const QString &path)
+{
+    struct stat info = {};
+    return ::stat(QFile::encodeName(path).constData(), &info) == 0 ? info.st_ino : 0;
+}
+
+FieldType fieldTypeOf(const QString &declared)
+{
+    if (declared.startsWith("INTEGER"_L1))
+        return FieldType::Long;
+    if (declared.startsWith("DOUBLE"_L1))
+        return FieldType::Double;
+    if (declared.startsWith("DATETIME"_L1))
+        return FieldType::Date;
+    return declared.startsWith("MEMO"_L1) ? FieldType::Memo : FieldType::Text;
+}
+
+int sizeOf(const QString &declared)
+{
+    const qsizetype open = declared.indexOf(u'(');
+    return open < 0 ? 0 : declared.mid(open + 1, declared.indexOf(u')') - open - 1).toInt();
+}
+
+TableInfo tableInfo(Connection &connection, const QString &name)
+{
+    TableInfo info;
+    info.name = name;
+    info.keyColumn = u"rowid"_s;
+    Statement columns =
+        connection.prepare("SELECT name, type, pk FROM pragma_table_info(" + quotedText(name) + ")");
+    while (columns.step()) {
+        const QString declared = columns.text(1).toUpper();
+        Column column{columns.text(0), fieldTypeOf(declared), sizeOf(declared), name, columns.text(0)};
+        if (columns.integer(2) > 0)
+            info.keyColumn = column.name;
+        info.columns.append(column);
+    }
+    return info;
+}
+
+QString locationOf(const CatalogueFile &file)
+{
+    if (file.writable)
+        return file.path;
+    // Nothing can be written beside the file, so nobody else can either: it is read as it stands.
+    QString escaped = file.path;
+    escaped.replace(u"%"_s, u"%25"_s).replace(u"?"_s, u"%3f"_s).replace(u"#"_s, u"%23"_s);
+    return u"file:"_s + escaped + u"?immutable=1"_s;
+}
+
+} // namespace
+
+QString metaValue(Connection &connection, const QString &name)
+{
+    return connection.scalar("SELECT Value FROM sysMeta WHERE Name = " + quotedText(name)).toString();
+}
+
+void setMetaValue(Connection &connection, const QString &name, const QString &value)
+{
+    connection.execute("INSERT OR REPLACE INTO sysMeta (Name, Value) VALUES (" + quotedText(name) + ", " +
+                       quotedText(value) + ")");
+}
+
+QString indexNameOf(const QString &statement)
+{
+    const qsizetype start = statement.indexOf(u'"') + 1;
+    return statement.mid(start, statement.indexOf(u'"', start) - start);
+}
+
+void createTables(Connection &connection, const Schema &schema, bool withIndexes)
+{
+    connection.execute("BEGIN");
+    connection.execute(
+        "CREATE TABLE sysMeta (Name TEXT PRIMARY KEY, Value TEXT) WITHOUT ROWID;"
+        "CREATE TABLE sysQueries (Name TEXT PRIMARY KEY COLLATE NOCASE, SQL TEXT) WITHOUT ROWID;");
+    connection.execute("PRAGMA application_id = " + QByteArray::number(schema.applicationId));
+    for (const QString &migration : schema.migrations)
+        connection.execute(migration.toUtf8());
+    connection.execute("PRAGMA user_version = " + QByteArray::number(schema.version()));
+    setMetaValue(connection, MetaCollation, collationVersion());
+    for (const QString &index : schema.indexes) {
+        if (withIndexes)
+            connection.execute(index.toUtf8());
+    }
+    connection.execute("COMMIT");
+}
+
+DatabaseImpl::DatabaseImpl(const QString &path, const Schema &schema, Workspace &workspace,
+                           const QString &password)
+    : m_schema(schema), m_workspace(workspace), m_file(CatalogueFile::examine(path, schema))
+{
+    const auto mode = m_file.writable ? Connection::Mode::ReadWrite : Connection::Mode::ReadOnly;
+    m_connection = std::make_unique<Connection>(locationOf(m_file), mode);
+    m_inode = inodeOf(path);
+    prepareConnection();
+    checkPassword(password);
+    if (m_file.writable) {
+        migrate();
+        refreshCollation();
+        for (QByteArray index = nextMissingIndex(); !index.isEmpty(); index = nextMissingIndex())
+            m_connection->execute(index);
+    }
+    loadNames();
+}
+
+DatabaseImpl::~DatabaseImpl()
+{
+    try {
+        endBulk();
+        commitPhysically();
+        if (m_file.writable)
+            m_connection->execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    } catch (const std::exception &) {
+        // What was committed is safe in the log; the next opening takes it from there.
+    }
+}
+
+void DatabaseImpl::prepareConnection()
+{
+    if (QFile::exists(m_file.path + u".damaged"_s)) {
+        const QString verdict = m_connection->scalar("PRAGMA integrity_check(1)").toString();
+        if (verdict != "ok"_L1)
+            throw DaoError(CannotOpenFile,
+                           u"Cannot open database '%1'.  It may be damaged."_s.arg(m_file.path));
+        QFile::remove(m_file.path + u".damaged"_s);
+    }
+    if (m_file.writable) {
+        m_connection->execute("PRAGMA journal_mode = WAL");
+        m_connection->execute("PRAGMA synchronous = FULL");
+    }
+    m_connection->execute("PRAGMA cache_size = -16000");
+}
+
+void DatabaseImpl::migrate()
+{
+    const int present = m_connection->scalar("PRAGMA user_version").toInt();
+    for (int version = present + 1; version <= m_schema.version(); ++version) {
+        m_connection->execute("BEGIN IMMEDIATE");
+        try {
+            m_connection->execute(m_schema.migrations[version - 1].toUtf8());
+            m_connection->execute("PRAGMA user_version = " + QByteArray::number(version));
+            m_connection->execute("COMMIT");
+        } catch (...) {
+            m_connection->execute("ROLLBACK");
+            throw;
+        }
+    }
+}
+
+void DatabaseImpl::checkPassword(const QString &password)
+{
+    const QString hash = metaValue(*m_connection, MetaPassword);
+    if (!hash.isEmpty() && !passwordMatches(hash, password))
+        throw DaoError(InvalidPassword, u"Not a valid password."_s);
+}
+
+void DatabaseImpl::setPassword(const QString &oldPassword, const QString &newPassword)
+{
+    checkPassword(oldPassword);
+    change([&] {
+        setMetaValue(*m_connection, MetaPassword,
+                     newPassword.isEmpty() ? QString() : passwordHash(newPassword));
+    });
+}
+
+void DatabaseImpl::refreshCollation()
+{
+    if (metaValue(*m_connection, MetaCollation) == collationVersion())
+        return;
+    m_connection->execute("BEGIN IMMEDIATE");
+    m_connection->execute("REINDEX DAO");
+    setMetaValue(*m_connection, MetaCollation, collationVersion());
+    m_connection->execute("COMMIT");
+}
+
+QByteArray DatabaseImpl::nextMissingIndex()
+{
+    QStringList present;
+    Statement names = m_connection->prepare("SELECT name FROM sqlite_schema WHERE type = 'index'");
+    while (names.step())
+        present.append(names.text(0));
+    const auto missing = std::ranges::find_if(m_schema.indexes, [&](const QString &statement) {
+        return !present.contains(indexNameOf(statement));
+    });
+    return missing == m_schema.indexes.end() ? QByteArray() : missing->toUtf8();
+}
+
+void DatabaseImpl::loadNames()
+{
+    Statement tables = m_connection->prepare("SELECT name FROM sqlite_schema WHERE type = 'table' AND name "
+                                             "NOT LIKE 'sys%' AND name NOT LIKE 'sqlite%'");
+    while (tables.step())
+        m_tables[tables.text(0).toLower()] = tableInfo(*m_connection, tables.text(0));
+    Statement queries = m_connection->prepare("SELECT Name, SQL FROM sysQueries");
+    while (queries.step())
+        m_queries.insert(queries.text(0), queries.text(1));
+}
+
+const TableInfo *DatabaseImpl::table(const QString &name) const
+{
+    const auto found = m_tables.find(name.toLower());
+    return found == m_tables.end() ? nullptr : &found->second;
+}
+
+std::optional<QString> DatabaseImpl::query(const QString &name) const
+{
+    for (auto it = m_queries.cbegin(); it != m_queries.cend(); ++it) {
+        if (it.key().compare(name, Qt::CaseInsensitive) == 0)
+            return it.value();
+    }
+    return std::nullopt;
+}
+
+void DatabaseImpl::addQuery(const QString &name, const QString &sql)
+{
+    if (query(name) || table(name) != nullptr)
+        throw DaoError(ObjectExists, u"Object '%1' already exists."_s.arg(name));
+    change([&] {
+        Statement insert = m_connection->prepare("INSERT INTO sysQueries (Name, SQL) VALUES (?1, ?2)");
+        insert.bind(1, QVariant(name));
+        insert.bind(2, QVariant(sql));
+        insert.step();
+    });
+    m_queries.insert(name, sql);
+}
+
+std::unique_ptr<Connection> DatabaseImpl::frozenReader()
+{
+    if (m_connection->inTransaction() && m_workspace.depth() == 0)
+        commitPhysically();
+    if (m_connection->inTransaction())
+        return nullptr;
+    auto reader = std::make_unique<Connection>(locationOf(m_file), Connection::Mode::ReadOnly);
+    reader->execute("BEGIN");
+    // The moment is only fixed by the first read.
+    static_cast<void>(reader->scalar("SELECT 1 FROM sqlite_schema"));
+    return reader;
+}
+
+void DatabaseImpl::assertPresent() const
+{
+    if (!m_file.writable)
+        throw DaoError(ReadOnly, u"Cannot update.  Database or object is read-only."_s);
+    if (inodeOf(m_file.path) != m_inode)
+        throw DaoError(
+            CatalogueNotFound,
+            u"Could not find file '%1'.  It was moved or deleted while it was open."_s.arg(m_file.path));
+}
+
+void DatabaseImpl::change(const std::function<void()> &run)
+{
+    const bool ownTransaction = !m_connection->inTransaction();
+    if (ownTransaction) {
+        assertPresent();
+        m_connection->execute("BEGIN IMMEDIATE");
+    }
+    try {
+        run();
+        if (ownTransaction && !m_bulk)
+            m_connection->execute("COMMIT");
+        else if (m_workspace.depth() == 0)
+            commitWhenDue();
+    } catch (...) {
+        // A statement that fails undoes itself; a full disk may have rolled everything back already.
+        if (ownTransaction && m_connection->inTransaction())
+            m_connection->execute("ROLLBACK");
+        throw;
+    }
+}
+
+void DatabaseImpl::touched(const QString &table, const QStringList &fields)
+{
+    ++m_stamp;
+    for (const QString &field : fields)
+        m_touched.insert(table.toLower() + u'.' + field.toLower(), m_stamp);
+}
+
+bool DatabaseImpl::unchangedSince(quint64 stamp, const QString &table, const QStringList &fields) const
+{
+    return m_everything <= stamp && std::ranges::all_of(fields, [&](const QString &field) {
+               return m_touched.value(table.toLower() + u'.' + field) <= stamp;
+           });
+}
+
+void DatabaseImpl::begin(int depth)
+{
+    if (!m_connection->inTransaction()) {
+        assertPresent();
+        m_connection->execute("BEGIN IMMEDIATE");
+    }
+    m_connection->execute("SAVEPOINT level" + QByteArray::number(depth));
+}
+
+void DatabaseImpl::commit(int depth)
+{
+    if (m_connection->inTransaction())
+        m_connection->execute("RELEASE level" + QByteArray::number(depth));
+    if (depth == 1)
+        commitWhenDue();
+}
+
+void DatabaseImpl::rollback(int depth)
+{
+    everythingTouched();
+    if (!m_connection->inTransaction())
+        return;
+    const QByteArray name = "level" + QByteArray::number(depth);
+    m_connection->execute("ROLLBACK TO " + name + "; RELEASE " + name);
+    if (depth == 1)
+        commitWhenDue();
+}
+
+void DatabaseImpl::commitWhenDue()
+{
+    const bool early = m_bulk && m_sinceCommit.elapsed() < CommitMilliseconds &&
+                       m_connection->totalChanges() - m_rowsAtCommit < CommitRows;
+    if (!early)
+        commitPhysically();
+}
+
+void DatabaseImpl::commitPhysically()
+{
+    m_sinceCommit.start();
+    m_rowsAtCommit = m_connection->totalChanges();
+    if (!m_connection->inTransaction())
+        return;
+    try {
+        m_connection->execute("COMMIT");
+    } catch (...) {
+        if (m_connection->inTransaction())
+            m_connection->execute("ROLLBACK");
+        everythingTouched();
+        throw;
+    }
+}
+
+void DatabaseImpl::startBulk(const QString &table)
+{
+    commitPhysically();
+    assertPresent();
+    m_connection->execute("PRAGMA synchronous = NORMAL; PRAGMA wal_autocheckpoint = 20000");
+    const TableInfo *info = this->table(table);
+    if (info != nullptr &&
+        !m_connection->scalar("SELECT EXISTS (SELECT 1 FROM " + quotedName(info->name) + ")").toBool()) {
+        m_connection->execute("BEGIN IMMEDIATE");
+        for (const QString &statement : m_schema.indexes) {
+            // Unique ones stay: they are what keeps a file from coming in twice.
+            if (indexNameOf(statement).startsWith(info->name + u'.') &&
+                !statement.startsWith("CREATE UNIQUE"_L1))
+                m_connection->execute("DROP INDEX IF EXISTS " + quotedName(indexNameOf(statement)));
+        }
+        m_connection->execute("COMMIT");
+    }
+    m_bulk = true;
+    m_sinceCommit.start();
+}
+
+bool DatabaseImpl::bulkStep()
+{
+    commitPhysically();
+    const QByteArray index = nextMissingIndex();
+    if (index.isEmpty())
+        return false;
+    m_connection->execute(index);
+    return true;
+}
+
+void DatabaseImpl::endBulk()
+{
+    if (!m_bulk)
+        return;
+    m_bulk = false;
+    while (bulkStep()) {
+    }
+    m_connection->execute("PRAGMA synchronous = FULL; PRAGMA wal_autocheckpoint = 1000");
+    static_cast<void>(m_connection->scalar("PRAGMA wal_checkpoint(PASSIVE)"));
+}
+
+} // namespace dao

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/store/Dao.h"
+#include "platform/store/Scope.h"
+#include "platform/store/Sqlite.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+
+#include <map>
+
+namespace dao {
+
+/** Tells apart what a file is before SQLite touches it. */
+struct CatalogueFile
+{
+    QString path;
+    bool writable = false;
+
+    /** @throws 3024, 3049, 3343, 70, 75. */
+    static CatalogueFile examine(const QString &path, const Schema &schema);
+};
+
+/** The connection of an open catalogue, and what is known of its names and changes. */
+class DatabaseImpl final : public NameCatalogue
+{
+public:
+    DatabaseImpl(const QString &path, const Schema &schema, Workspace &workspace, const QString &password);
+    ~DatabaseImpl() override;
+    DatabaseImpl(const DatabaseImpl &) = delete;
+    DatabaseImpl &operator=(const DatabaseImpl &) = delete;
+
+    [[nodiscard]] const TableInfo *table(const QString &name) const override;
+    [[nodiscard]] std::optional<QString> query(const QString &name) const override;
+    [[nodiscard]] QStringList queryNames() const { return m_queries.keys(); }
+    void addQuery(const QString &name, const QString &sql);
+
+    [[nodiscard]] Connection &connection() { return *m_connection; }
+    /** A second connection that sees one moment for as long as it lives; null while changes are pending. */
+    [[nodiscard]] std::unique_ptr<Connection> frozenReader();
+    [[nodiscard]] const QString &path() const { return m_file.path; }
+    [[nodiscard]] bool writable() const { return m_file.writable; }
+    [[nodiscard]] Workspace &workspace() { return m_workspace; }
+    [[nodiscard]] const Schema &schema() const { return m_schema; }
+
+    /** Runs one changing statement: in the pending transaction, or in one of its own. @throws 3027, 3024. */
+    void change(const std::function<void()> &run);
+
+    /** Stamps count the changes of fields, so that a recordset knows whether its order still holds. */
+    [[nodiscard]] quint64 stamp() const { return m_stamp; }
+    void touched(const QString &table, const QStringList &fields);
+    void everythingTouched() { m_everything = ++m_stamp; }
+    [[nodiscard]] bool unchangedSince(quint64 stamp, const QString &table, const QStringList &fields) const;
+
+    void begin(int depth);
+    void commit(int depth);
+    void rollback(int depth);
+    void commitPhysically();
+
+    void startBulk(const QString &table);
+    bool bulkStep();
+    void endBulk();
+
+    void setPassword(const QString &oldPassword, const QString &newPassword);
+
+private:
+    void prepareConnection();
+    void migrate();
+    void checkPassword(const QString &password);
+    void refreshCollation();
+    [[nodiscard]] QByteArray nextMissingIndex();
+    void loadNames();
+    void assertPresent() const;
+    void commitWhenDue();
+
+    const Schema &m_schema;
+    Workspace &m_workspace;
+    CatalogueFile m_file;
+    std::unique_ptr<Connection> m_connection;
+    quint64 m_inode = 0;
+    std::map<QString, TableInfo> m_tables;
+    QMap<QString, QString> m_queries;
+    quint64 m_stamp = 1;
+    quint64 m_everything = 0;
+    QHash<QString, quint64> m_touched;
+    bool m_bulk = false;
+    qint64 m_rowsAtCommit = 0;
+    QElapsedTimer m_sinceCommit;
+};
+
+/** Meta rows of the store itself. */
+[[nodiscard]] QString metaValue(Connection &connection, const QString &name);
+void setMetaValue(Connection &connection, const QString &name, const QString &value);
+
+/** Makes the store's own tables and the schema's, in an empty file. */
+void createTables(Connection &connection, const Schema &schema, bool withIndexes);
+
+/** The name within an index statement of a schema. */
+[[nodiscard]] QString indexNameOf(const QString &statement);
+
+} // namespace dao

@@ -1,0 +1,383 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/store/RecordsetImpl.h"
+
+#include "platform/store/StoredDate.h"
+#include "platform/text/Text.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+
+RecordsetImpl::RecordsetImpl(DatabaseImpl &db, SelectPlan plan, RecordsetType recordsetType)
+    : database(db), rows(db, std::move(plan), recordsetType), type(recordsetType)
+{}
+
+void RecordsetImpl::loadRows()
+{
+    rows.load();
+    m_loaded = true;
+    m_looked = true;
+    m_loadedChanges = database.connection().totalChanges();
+    m_key.reset();
+    deletedCurrent = false;
+    mode = Mode::None;
+    m_position = 0;
+    place = rows.count() > 0 ? Place::Row : Place::Behind;
+}
+
+// A table recordset has no rows of its own until someone moves by position: it sees the table.
+void RecordsetImpl::ensureRows()
+{
+    if (closed)
+        throw DaoError(ObjectInvalid, u"Object invalid or no longer set."_s);
+    const bool stale =
+        type == RecordsetType::Table && m_loadedChanges != database.connection().totalChanges();
+    if (m_loaded && !stale)
+        return;
+    const std::optional<qint64> key = m_key;
+    const Place before = place;
+    const bool looked = m_looked;
+    const qint64 position = m_position;
+    const Mode editing = mode;
+    loadRows();
+    mode = editing;
+    if (!looked)
+        return;
+    m_position = std::min(position, rows.count());
+    place = before;
+    if (key) {
+        m_key = key;
+        const qint64 found = rows.keys().positionOf(*key);
+        m_position = found < 0 ? m_position : found;
+        deletedCurrent = found < 0;
+    } else if (place == Place::Row && m_position >= rows.count()) {
+        place = Place::Behind;
+    }
+}
+
+qint64 RecordsetImpl::count()
+{
+    ensureRows();
+    return rows.count();
+}
+
+void RecordsetImpl::goTo(qint64 target)
+{
+    ensureRows();
+    cancelUpdate();
+    deletedCurrent = false;
+    m_looked = true;
+    m_key.reset();
+    m_position = std::clamp<qint64>(target, 0, std::max<qint64>(0, rows.count()));
+    place = target < 0 ? Place::Before : target >= rows.count() ? Place::Behind : Place::Row;
+    if (place == Place::Row && type == RecordsetType::Table)
+        m_key = rows.keys().at(m_position);
+}
+
+qint64 RecordsetImpl::position()
+{
+    ensureRows();
+    return m_position;
+}
+
+void RecordsetImpl::assertRow()
+{
+    if (type == RecordsetType::Table && m_key && place == Place::Row && !deletedCurrent)
+        return;
+    ensureRows();
+    if (place != Place::Row || rows.count() == 0)
+        throw DaoError(NoCurrentRecord, u"No current record."_s);
+    if (deletedCurrent)
+        throw DaoError(RecordDeleted, u"Record is deleted."_s);
+}
+
+qint64 RecordsetImpl::currentKey()
+{
+    assertRow();
+    if (!rows.isKeyed())
+        return m_position;
+    return m_key ? *m_key : rows.keys().at(m_position);
+}
+
+int RecordsetImpl::requireField(const QString &name)
+{
+    const int field = rows.fieldIndex(name);
+    if (field < 0)
+        throw DaoError(ItemNotFound, u"Item not found in this collection: '%1'."_s.arg(name));
+    return field;
+}
+
+QVariant RecordsetImpl::value(const QString &name)
+{
+    const int field = requireField(name);
+    if (mode == Mode::Add)
+        return m_buffer.value(field);
+    if (mode == Mode::Edit && m_buffer.contains(field))
+        return m_buffer.value(field);
+    assertRow();
+    return rows.value(position(), field);
+}
+
+void RecordsetImpl::edit()
+{
+    assertRow();
+    if (!rows.isKeyed() || type == RecordsetType::Snapshot)
+        throw DaoError(ReadOnly, u"Cannot update.  Database or object is read-only."_s);
+    m_editedKey = currentKey();
+    auto row = rows.freshRow(m_editedKey);
+    if (!row)
+        throw DaoError(RecordDeleted, u"Record is deleted."_s);
+    m_original = std::move(*row);
+    m_buffer.clear();
+    mode = Mode::Edit;
+}
+
+void RecordsetImpl::addNew()
+{
+    if (closed)
+        throw DaoError(ObjectInvalid, u"Object invalid or no longer set."_s);
+    if (!rows.isKeyed() || type == RecordsetType::Snapshot)
+        throw DaoError(ReadOnly, u"Cannot update.  Database or object is read-only."_s);
+    m_buffer.clear();
+    mode = Mode::Add;
+}
+
+QVariant RecordsetImpl::toStored(const Field &field, const QVariant &value) const
+{
+    if (value.isNull())
+        return {};
+    switch (field.type) {
+    case FieldType::Date: {
+        const QDateTime date = value.typeId() == QMetaType::QString
+                                   ? quaverly::parseDate(value.toString()).value_or(QDateTime())
+                                   : value.toDateTime();
+        if (!date.isValid())
+            throw DaoError(TypeMismatch,
+                           u"Data type conversion error: '%1' is not a date."_s.arg(value.toString()));
+        return storedDate(date);
+    }
+    case FieldType::Long:
+    case FieldType::Double: {
+        const bool isText = value.typeId() == QMetaType::QString;
+        if (isText && !quaverly::IsNumeric(value.toString()))
+            throw DaoError(TypeMismatch,
+                           u"Data type conversion error: '%1' is not a number."_s.arg(value.toString()));
+        const double number = isText ? quaverly::Val(value.toString().remove(u',')) : value.toDouble();
+        return field.type == FieldType::Double ? QVariant(number)
+               : isText                        ? QVariant(qRound64(number))
+                                               : QVariant(value.toLongLong());
+    }
+    case FieldType::Text:
+    case FieldType::Memo:
+        break;
+    }
+    const QString text = value.toString();
+    if (field.size > 0 && text.size() > field.size)
+        throw DaoError(
+            FieldTooSmall,
+            u"The field '%1' is too small to accept the amount of data you attempted to add."_s.arg(
+                field.name));
+    return text;
+}
+
+void RecordsetImpl::setValue(const QString &name, const QVariant &value)
+{
+    if (mode == Mode::None)
+        throw DaoError(NoUpdateStarted, u"Update or CancelUpdate without AddNew or Edit."_s);
+    const int place_ = requireField(name);
+    const Field &field = rows.fields()[place_];
+    if (field.sourceField.isEmpty())
+        throw DaoError(ReadOnly, u"Cannot update.  The field '%1' is read-only."_s.arg(name));
+    const QVariant stored = toStored(field, value);
+    m_buffer.insert(place_, field.type == FieldType::Date && !stored.isNull()
+                                ? QVariant(dateFromStored(stored.toString()))
+                                : stored);
+}
+
+void RecordsetImpl::update()
+{
+    if (mode == Mode::None)
+        throw DaoError(NoUpdateStarted, u"Update or CancelUpdate without AddNew or Edit."_s);
+    if (mode == Mode::Add)
+        insertRow();
+    else
+        updateRow();
+    QStringList fields;
+    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
+        fields.append(rows.fields()[it.key()].sourceField);
+    const bool added = mode == Mode::Add;
+    cancelUpdate();
+    if (!added)
+        database.touched(rows.plan().baseTable, fields);
+    else if (type != RecordsetType::Table)
+        rows.appendKey(lastModified.key);
+    if (added && place == Place::Behind && rows.count() == 1)
+        m_position = 0;
+}
+
+void RecordsetImpl::insertRow()
+{
+    QByteArray names;
+    QByteArray marks;
+    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it) {
+        names += (names.isEmpty() ? "" : ", ") + quotedName(rows.fields()[it.key()].sourceField);
+        marks += (marks.isEmpty() ? "?" : ", ?") + QByteArray::number(marks.count('?') + 1);
+    }
+    const QByteArray sql =
+        "INSERT INTO " + quotedName(rows.plan().baseTable) +
+        (names.isEmpty() ? QByteArray(" DEFAULT VALUES") : " (" + names + ") VALUES (" + marks + ")");
+    database.change([&] {
+        Statement &insert = m_statements[QString::fromUtf8(sql)];
+        if (!insert)
+            insert = database.connection().prepare(sql, true);
+        int parameter = 1;
+        for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
+            insert.bind(parameter++, toStored(rows.fields()[it.key()], it.value()));
+        insert.step();
+        insert.reset();
+        lastModified = {database.connection().lastInsertKey()};
+    });
+}
+
+void RecordsetImpl::updateRow()
+{
+    const TableInfo *table = database.table(rows.plan().baseTable);
+    QByteArray assignments;
+    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
+        assignments +=
+            (assignments.isEmpty() ? "" : ", ") + quotedName(rows.fields()[it.key()].sourceField) + " = ?";
+    database.change([&] {
+        if (rows.freshRow(m_editedKey) != std::optional(m_original))
+            throw DaoError(ChangedByAnother,
+                           u"The database engine stopped the process because you and another user "
+                           "are attempting to change the same data at the same time."_s);
+        if (assignments.isEmpty())
+            return;
+        Statement change =
+            database.connection().prepare("UPDATE " + quotedName(table->name) + " SET " + assignments +
+                                          " WHERE " + quotedName(table->keyColumn) + " = ?");
+        int parameter = 1;
+        for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
+            change.bind(parameter++, toStored(rows.fields()[it.key()], it.value()));
+        change.bind(parameter, m_editedKey);
+        change.step();
+    });
+    lastModified = {m_editedKey};
+}
+
+void RecordsetImpl::cancelUpdate()
+{
+    mode = Mode::None;
+    m_buffer.clear();
+}
+
+void RecordsetImpl::remove()
+{
+    const qint64 key = currentKey();
+    if (!rows.isKeyed() || type == RecordsetType::Snapshot)
+        throw DaoError(ReadOnly, u"Cannot update.  Database or object is read-only."_s);
+    const qint64 at = position();
+    const TableInfo *table = database.table(rows.plan().baseTable);
+    database.change([&] {
+        Statement removal = database.connection().prepare("DELETE FROM " + quotedName(table->name) +
+                                                          " WHERE " + quotedName(table->keyColumn) + " = ?1");
+        removal.bind(1, key);
+        removal.step();
+    });
+    cancelUpdate();
+    rows.remove(at);
+    m_loadedChanges = database.connection().totalChanges();
+    m_key.reset();
+    deletedCurrent = true;
+}
+
+// The columns behind an index's name decide the order of moving and what Seek compares.
+void RecordsetImpl::setIndex(const QString &name)
+{
+    if (type != RecordsetType::Table)
+        throw DaoError(InvalidOperation, u"Operation is not supported for this type of object."_s);
+    const QString &table = rows.plan().baseTable;
+    QStringList columns;
+    QStringList exact;
+    QByteArray order;
+    if (name.compare("PrimaryKey"_L1, Qt::CaseInsensitive) == 0 &&
+        database.table(table)->keyColumn != "rowid"_L1)
+        columns.append(database.table(table)->keyColumn);
+    Statement info =
+        database.connection().prepare("SELECT name, coll FROM pragma_index_xinfo(" +
+                                      quotedText(table + u'.' + name) + ") WHERE key AND cid >= 0");
+    while (info.step()) {
+        columns.append(info.text(0));
+        if (info.text(1) == "BINARY"_L1)
+            exact.append(info.text(0));
+    }
+    if (columns.isEmpty())
+        throw DaoError(IndexNotFound, u"'%1' is not an index in this table."_s.arg(name));
+    for (const QString &column : columns)
+        order += (order.isEmpty() ? "" : ", ") + quotedName(column);
+    index = name;
+    m_indexColumns = columns;
+    m_exactColumns = exact;
+    m_statements.clear();
+    rows.setOrder(order);
+    m_loaded = false;
+    m_looked = false;
+}
+
+void RecordsetImpl::seek(const QString &comparison, const QVariantList &keys)
+{
+    if (m_indexColumns.isEmpty())
+        throw DaoError(InvalidOperation, u"Operation invalid without a current index."_s);
+    const QStringList columns = m_indexColumns.first(std::min(keys.size(), m_indexColumns.size()));
+    static const QStringList known{u"="_s, u">="_s, u">"_s, u"<="_s, u"<"_s};
+    if (!known.contains(comparison) || columns.isEmpty())
+        throw DaoError(InvalidOperation, u"Invalid argument."_s);
+    Statement &statement = m_statements[u"seek"_s + comparison + QString::number(columns.size())];
+    if (!statement)
+        statement = database.connection().prepare(rows.seekSql(columns, comparison, m_exactColumns), true);
+    for (int i = 0; i < columns.size(); ++i) {
+        const Field &field = rows.fields()[requireField(columns[i])];
+        statement.bind(i + 1, toStored(field, keys[i]));
+    }
+    const bool found = statement.step();
+    if (found) {
+        m_key = statement.integer(0);
+        place = Place::Row;
+        deletedCurrent = false;
+        m_looked = true;
+        m_loaded = false;
+    }
+    statement.reset();
+    noMatch = !found;
+    cancelUpdate();
+}
+
+void RecordsetImpl::find(const QString &criteria, int direction, bool fromEnd)
+{
+    ensureRows();
+    cancelUpdate();
+    const bool firstOnly = fromEnd && direction > 0;
+    const std::vector<qint64> hits = rows.find(criteria, firstOnly);
+    std::optional<qint64> target;
+    if (fromEnd) {
+        if (!hits.empty())
+            target = direction > 0 ? hits.front() : hits.back();
+    } else if (direction > 0) {
+        const qint64 from = place == Place::Before ? -1 : m_position - (deletedCurrent ? 1 : 0);
+        const auto next = std::ranges::upper_bound(hits, from);
+        if (next != hits.end() && place != Place::Behind)
+            target = *next;
+    } else {
+        const qint64 from = place == Place::Behind ? rows.count() : m_position;
+        const auto next = std::ranges::lower_bound(hits, from);
+        if (next != hits.begin() && place != Place::Before)
+            target = *std::prev(next);
+    }
+    noMatch = !target.has_value();
+    if (target)
+        goTo(*target);
+}
+
+} // namespace dao

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/store/DatabaseImpl.h"
+#include "platform/store/RowSet.h"
+#include "platform/store/SelectPlan.h"
+
+#include <QCache>
+#include <QHash>
+#include <QList>
+
+namespace dao {
+
+/** The rows of an opened statement: keys and computed columns held, stored values fetched when looked at. */
+class RecordsetRows
+{
+public:
+    RecordsetRows(DatabaseImpl &database, SelectPlan plan, RecordsetType type);
+
+    void load();
+    /** Gives back what an open recordset holds on to. */
+    void release();
+    [[nodiscard]] const QList<Field> &fields() const { return m_fields; }
+    [[nodiscard]] int fieldIndex(const QString &name) const;
+    [[nodiscard]] qint64 count() const { return m_plan.isKeyed() ? m_keys.size() : m_count; }
+    [[nodiscard]] const SelectPlan &plan() const { return m_plan; }
+    [[nodiscard]] bool isKeyed() const { return m_plan.isKeyed(); }
+    [[nodiscard]] const KeySet &keys() const { return m_keys; }
+    void appendKey(qint64 key) { m_keys.append(key); }
+    void remove(qint64 position);
+
+    /** @throws 3167 when the row was deleted. */
+    [[nodiscard]] QVariant value(qint64 position, int field) const;
+    /** The base row's stored values in the order of its fields; nothing when it is gone. */
+    [[nodiscard]] std::optional<QVariantList> freshRow(qint64 key) const;
+    [[nodiscard]] const QStringList &baseFields() const { return m_baseFields; }
+
+    /** Another order for a table's rows, from the next load on. */
+    void setOrder(const QByteArray &columns);
+    /** The key of the first row, in the order of `columns`, that compares so; exact columns are blind to
+     * nothing. */
+    [[nodiscard]] QByteArray seekSql(const QStringList &columns, const QString &comparison,
+                                     const QStringList &exact) const;
+
+    /** Positions of the rows that meet the criteria: the first one alone, or all, ascending. */
+    [[nodiscard]] std::vector<qint64> find(const QString &criteria, bool firstOnly) const;
+
+private:
+    [[nodiscard]] Connection &connection() const { return m_reader ? *m_reader : m_database.connection(); }
+    void chooseColumns();
+    [[nodiscard]] QVariant typed(const QVariant &stored, FieldType type) const;
+    [[nodiscard]] const QVariantList *cachedRow(qint64 key) const;
+    [[nodiscard]] std::vector<qint64> findKeyed(const QString &criteria, bool firstOnly) const;
+    [[nodiscard]] std::vector<qint64> findComputed(const QString &criteria) const;
+
+    DatabaseImpl &m_database;
+    SelectPlan m_plan;
+    RecordsetType m_type;
+    std::unique_ptr<Connection> m_reader;
+    bool m_holdAll = false;
+    QList<Field> m_fields;
+    QHash<QString, int> m_indexOf;
+    /** Of each field: its place in the base row, or -1 - its place among the held columns. */
+    QList<int> m_places;
+    QStringList m_baseFields;
+    QList<int> m_heldOutputs;
+    KeySet m_keys;
+    std::vector<RunColumn> m_held;
+    qint64 m_count = 0;
+    quint64 m_openedAt = 0;
+    mutable Statement m_fetch;
+    mutable QCache<qint64, QVariantList> m_cache{1024};
+    mutable qint64 m_cachedChanges = -1;
+};
+
+/** A recordset's state: where it stands and what is being edited. */
+class RecordsetImpl
+{
+public:
+    RecordsetImpl(DatabaseImpl &database, SelectPlan plan, RecordsetType type);
+
+    enum class Place { Before, Row, Behind };
+
+    void ensureRows();
+    void loadRows();
+    [[nodiscard]] qint64 count();
+    void goTo(qint64 position);
+    [[nodiscard]] qint64 position();
+    [[nodiscard]] qint64 currentKey();
+    void assertRow();
+    [[nodiscard]] QVariant value(const QString &field);
+    [[nodiscard]] int requireField(const QString &name);
+
+    void edit();
+    void addNew();
+    void setValue(const QString &field, const QVariant &value);
+    void update();
+    void cancelUpdate();
+    void remove();
+
+    void setIndex(const QString &name);
+    void seek(const QString &comparison, const QVariantList &keys);
+    void find(const QString &criteria, int direction, bool fromEnd);
+
+    DatabaseImpl &database;
+    RecordsetRows rows;
+    RecordsetType type;
+    Place place = Place::Behind;
+    bool deletedCurrent = false;
+    bool noMatch = false;
+    bool closed = false;
+    Bookmark lastModified;
+    QString index;
+
+    enum class Mode { None, Edit, Add };
+    Mode mode = Mode::None;
+
+private:
+    void insertRow();
+    void updateRow();
+    [[nodiscard]] QVariant toStored(const Field &field, const QVariant &value) const;
+
+    qint64 m_position = 0;
+    /** Table recordsets stand on a key until a position is asked for. */
+    std::optional<qint64> m_key;
+    bool m_loaded = false;
+    bool m_looked = false;
+    qint64 m_loadedChanges = -1;
+    QVariantList m_original;
+    qint64 m_editedKey = 0;
+    QMap<int, QVariant> m_buffer;
+    std::map<QString, Statement> m_statements;
+    QStringList m_indexColumns;
+    QStringList m_exactColumns;
+};
+
+} // namespace dao

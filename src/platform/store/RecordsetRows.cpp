@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/store/RecordsetImpl.h"
+
+#include "platform/store/StoredDate.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+
+RecordsetRows::RecordsetRows(DatabaseImpl &database, SelectPlan plan, RecordsetType type)
+    : m_database(database), m_plan(std::move(plan)), m_type(type)
+{
+    for (const Output &output : m_plan.outputs) {
+        Field field{output.column.name, output.column.type, output.column.size, {}};
+        if (m_plan.isBaseField(output))
+            field.sourceField = output.column.field;
+        m_indexOf.insert(field.name.toLower(), static_cast<int>(m_fields.size()));
+        m_fields.append(field);
+    }
+}
+
+int RecordsetRows::fieldIndex(const QString &name) const
+{
+    return m_indexOf.value(name.toLower(), -1);
+}
+
+// A snapshot reads through a connection that stays at its moment; without one it holds every value.
+void RecordsetRows::chooseColumns()
+{
+    m_places.clear();
+    m_baseFields.clear();
+    m_heldOutputs.clear();
+    for (int i = 0; i < m_fields.size(); ++i) {
+        if (!m_fields[i].sourceField.isEmpty() && !m_holdAll) {
+            m_places.append(static_cast<int>(m_baseFields.size()));
+            m_baseFields.append(m_fields[i].sourceField);
+        } else {
+            m_places.append(-1 - static_cast<int>(m_heldOutputs.size()));
+            m_heldOutputs.append(i);
+        }
+    }
+}
+
+void RecordsetRows::load()
+{
+    m_fetch = Statement();
+    m_reader.reset();
+    if (m_type == RecordsetType::Snapshot) {
+        m_reader = m_database.frozenReader();
+        m_holdAll = m_reader == nullptr;
+    }
+    chooseColumns();
+    m_keys.clear();
+    m_held.assign(static_cast<std::size_t>(m_heldOutputs.size()), RunColumn());
+    m_count = 0;
+    m_cache.clear();
+    m_openedAt = m_database.stamp();
+    QByteArray columns = m_plan.isKeyed() ? m_plan.key : QByteArray();
+    for (const int output : m_heldOutputs)
+        columns += (columns.isEmpty() ? "" : ", ") + m_plan.outputs[output].sql;
+    Statement rows = connection().prepare(m_plan.sql(columns));
+    const int first = m_plan.isKeyed() ? 1 : 0;
+    while (rows.step()) {
+        if (m_plan.isKeyed())
+            m_keys.append(rows.integer(0));
+        for (int i = 0; i < m_heldOutputs.size(); ++i)
+            m_held[static_cast<std::size_t>(i)].append(rows.variant(first + i));
+        ++m_count;
+    }
+    m_keys.finish();
+}
+
+void RecordsetRows::release()
+{
+    m_fetch = Statement();
+    m_reader.reset();
+    m_keys.clear();
+    m_cache.clear();
+}
+
+void RecordsetRows::remove(qint64 position)
+{
+    m_keys.remove(position);
+    for (RunColumn &column : m_held)
+        column.remove(position);
+    --m_count;
+}
+
+QVariant RecordsetRows::typed(const QVariant &stored, FieldType type) const
+{
+    if (type != FieldType::Date || stored.typeId() != QMetaType::QString)
+        return stored;
+    const QDateTime date = dateFromStored(stored.toString());
+    return date.isValid() ? QVariant(date) : stored;
+}
+
+std::optional<QVariantList> RecordsetRows::freshRow(qint64 key) const
+{
+    if (!m_fetch) {
+        const TableInfo *table = m_database.table(m_plan.baseTable);
+        QByteArray columns;
+        for (const QString &field : m_baseFields)
+            columns += (columns.isEmpty() ? "" : ", ") + quotedName(field);
+        m_fetch = connection().prepare("SELECT " + (columns.isEmpty() ? QByteArray("1") : columns) +
+                                           " FROM " + quotedName(table->name) + " WHERE " +
+                                           quotedName(table->keyColumn) + " = ?1",
+                                       true);
+    }
+    m_fetch.bind(1, key);
+    std::optional<QVariantList> row;
+    if (m_fetch.step()) {
+        row.emplace();
+        row->reserve(m_baseFields.size());
+        for (int i = 0; i < m_baseFields.size(); ++i)
+            row->append(m_fetch.variant(i));
+    }
+    m_fetch.reset();
+    return row;
+}
+
+const QVariantList *RecordsetRows::cachedRow(qint64 key) const
+{
+    const qint64 changes = connection().totalChanges();
+    if (changes != m_cachedChanges)
+        m_cache.clear();
+    m_cachedChanges = changes;
+    if (const QVariantList *row = m_cache.object(key))
+        return row;
+    auto row = freshRow(key);
+    if (!row)
+        return nullptr;
+    auto *kept = new QVariantList(std::move(*row));
+    m_cache.insert(key, kept);
+    return kept;
+}
+
+QVariant RecordsetRows::value(qint64 position, int field) const
+{
+    const int place = m_places[field];
+    if (place < 0)
+        return typed(m_held[static_cast<std::size_t>(-1 - place)].at(position), m_fields[field].type);
+    const QVariantList *row = cachedRow(m_keys.at(position));
+    if (row == nullptr)
+        throw DaoError(RecordDeleted, u"Record is deleted."_s);
+    return typed(row->at(place), m_fields[field].type);
+}
+
+void RecordsetRows::setOrder(const QByteArray &columns)
+{
+    m_plan.orderBy = columns + ", " + m_plan.key;
+}
+
+QByteArray RecordsetRows::seekSql(const QStringList &columns, const QString &comparison,
+                                  const QStringList &exact) const
+{
+    const TableInfo *table = m_database.table(m_plan.baseTable);
+    const bool down = comparison.startsWith(u'<');
+    QByteArray left;
+    QByteArray right;
+    QByteArray equal;
+    QByteArray order;
+    QByteArray presence;
+    for (int i = 0; i < columns.size(); ++i) {
+        const Field &field = m_fields[fieldIndex(columns[i])];
+        const bool isExact = exact.contains(columns[i]) && field.type == FieldType::Text;
+        const QByteArray name = quotedName(columns[i]) + (isExact ? " COLLATE BINARY" : "");
+        const QByteArray mark = "?" + QByteArray::number(i + 1);
+        left += (i > 0 ? ", " : "") + name;
+        right += (i > 0 ? ", " : "") + mark;
+        equal += (i > 0 ? " AND " : "") + name + " IS " + mark;
+        order += (i > 0 ? ", " : "") + name + (down ? " DESC" : "");
+    }
+    // The index of files leaves out songs without one: it is used when the statement says so too.
+    if (exact.contains("FileName"_L1))
+        presence = " AND FileName > ''";
+    const QByteArray condition =
+        comparison == "="_L1 ? equal : "(" + left + ") " + comparison.toLatin1() + " (" + right + ")";
+    return "SELECT " + quotedName(table->keyColumn) + " FROM " + quotedName(table->name) + " WHERE " +
+           condition + presence + " ORDER BY " + order + " LIMIT 1";
+}
+
+std::vector<qint64> RecordsetRows::find(const QString &criteria, bool firstOnly) const
+{
+    return m_plan.isKeyed() ? findKeyed(criteria, firstOnly) : findComputed(criteria);
+}
+
+// While nothing has changed what decides the order, the store walks it and the first hit is the
+// one. After an edit the recordset keeps its first order, which only its own positions know.
+std::vector<qint64> RecordsetRows::findKeyed(const QString &criteria, bool firstOnly) const
+{
+    const Criteria planned = planCriteria(criteria, m_plan, m_database);
+    const bool inOrder =
+        m_plan.top < 0 &&
+        (m_reader || m_database.unchangedSince(m_openedAt, m_plan.baseTable, m_plan.fieldsUsed));
+    SelectPlan plan = m_plan;
+    plan.top = -1;
+    std::vector<qint64> positions;
+    if (firstOnly && inOrder) {
+        Statement rows = connection().prepare(plan.sql(plan.key, planned.sql));
+        while (positions.empty() && rows.step()) {
+            if (const qint64 position = m_keys.positionOf(rows.integer(0)); position >= 0)
+                positions.push_back(position);
+        }
+        return positions;
+    }
+    Statement rows = connection().prepare(plan.sql(plan.key, planned.sql, false, inOrder));
+    while (rows.step()) {
+        if (const qint64 position = m_keys.positionOf(rows.integer(0)); position >= 0)
+            positions.push_back(position);
+    }
+    std::ranges::sort(positions);
+    const auto again = std::ranges::unique(positions);
+    positions.erase(again.begin(), again.end());
+    return positions;
+}
+
+std::vector<qint64> RecordsetRows::findComputed(const QString &criteria) const
+{
+    static const QString alias = u"~set"_s;
+    SelectPlan wrapped;
+    Source source;
+    source.alias = alias;
+    QByteArray columns;
+    for (const Output &output : m_plan.outputs) {
+        source.columns.append(output.column);
+        columns += (columns.isEmpty() ? "" : ", ") + output.sql + " AS " + quotedName(output.column.name);
+    }
+    wrapped.scope.sources.push_back(source);
+    const Criteria planned = planCriteria(criteria, wrapped, m_database);
+    Statement rows = connection().prepare(
+        "SELECT \"~n\" - 1 FROM (SELECT *, row_number() OVER () AS \"~n\" FROM (" + m_plan.sql(columns) +
+        ")) AS " + quotedName(alias) + " WHERE " + planned.sql + " ORDER BY 1");
+    std::vector<qint64> positions;
+    while (rows.step()) {
+        if (rows.integer(0) < m_count)
+            positions.push_back(rows.integer(0));
+    }
+    return positions;
+}
+
+} // namespace dao

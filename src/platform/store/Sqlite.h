@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace dao {
+
+/** One prepared statement. Columns and parameters count from 0 and 1, as SQLite has them. */
+class Statement final
+{
+public:
+    Statement() = default;
+    Statement(sqlite3 *db, const QByteArray &sql, bool persistent = false);
+
+    void bind(int parameter, qint64 value);
+    void bind(int parameter, const QVariant &value);
+    /** True while there is a row. @throws DaoError */
+    bool step();
+    void reset();
+
+    [[nodiscard]] int columnCount() const;
+    [[nodiscard]] QString columnName(int column) const;
+    [[nodiscard]] qint64 integer(int column) const;
+    [[nodiscard]] QString text(int column) const;
+    /** QString, qint64, double or a Null, as the value is stored. */
+    [[nodiscard]] QVariant variant(int column) const;
+    [[nodiscard]] bool isNull(int column) const;
+    explicit operator bool() const { return m_statement != nullptr; }
+
+private:
+    struct Finalise
+    {
+        void operator()(sqlite3_stmt *statement) const;
+    };
+    std::unique_ptr<sqlite3_stmt, Finalise> m_statement;
+};
+
+/** One connection, with the store's collation and functions registered. */
+class Connection final
+{
+public:
+    enum class Mode { ReadOnly, ReadWrite, Create };
+
+    /** @throws DaoError by the rules of daoErrorOf. */
+    Connection(const QString &path, Mode mode);
+
+    void execute(const QByteArray &sql);
+    [[nodiscard]] Statement prepare(const QByteArray &sql, bool persistent = false);
+    /** First column of the first row; a Null without one. */
+    [[nodiscard]] QVariant scalar(const QByteArray &sql);
+    [[nodiscard]] qint64 changes() const;
+    [[nodiscard]] qint64 totalChanges() const;
+    [[nodiscard]] qint64 lastInsertKey() const;
+    [[nodiscard]] bool inTransaction() const;
+    [[nodiscard]] sqlite3 *handle() const { return m_db.get(); }
+
+private:
+    struct CloseDb
+    {
+        void operator()(sqlite3 *db) const;
+    };
+    std::unique_ptr<sqlite3, CloseDb> m_db;
+};
+
+/** The one place where SQLite's errors become the store's. */
+[[noreturn]] void throwDaoError(sqlite3 *db, int code);
+
+/** Doubles a quote and puts quotes around: a name or a text in SQLite's own SQL. */
+[[nodiscard]] QByteArray quotedName(const QString &name);
+[[nodiscard]] QByteArray quotedText(const QString &text);
+
+} // namespace dao
