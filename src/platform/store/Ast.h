@@ -48,6 +48,8 @@ struct Expr
     std::unique_ptr<Select> select;
     bool negated = false;
     qsizetype position = 0;
+    /** Levels of expressions below this one. */
+    int depth = 0;
 };
 
 struct SelectItem

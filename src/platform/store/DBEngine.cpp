@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace dao {
@@ -86,6 +88,9 @@ void DBEngine::CompactDatabase(const QString &source, const QString &target)
         Connection connection(source, Connection::Mode::ReadWrite);
         connection.execute("VACUUM INTO " + quotedText(target));
     }
+    // The source is about to go: its copy must be on the disk by then.
+    if (QFile written(target); !written.open(QIODevice::ReadOnly) || ::fsync(written.handle()) != 0)
+        throw DaoError(PathFileAccess, u"Path/File access error: '%1'."_s.arg(target));
     file.keep();
 }
 

@@ -33,7 +33,11 @@ ast::Statement selectOf(const QString &source, const NameCatalogue &names)
 } // namespace
 
 Workspace::Workspace() = default;
-Workspace::~Workspace() = default;
+
+Workspace::~Workspace()
+{
+    QObject::disconnect(m_settler);
+}
 
 void Workspace::BeginTrans()
 {

@@ -167,7 +167,8 @@ void DatabaseImpl::migrate()
             m_connection->execute("PRAGMA user_version = " + QByteArray::number(version));
             m_connection->execute("COMMIT");
         } catch (...) {
-            m_connection->execute("ROLLBACK");
+            if (m_connection->inTransaction())
+                m_connection->execute("ROLLBACK");
             throw;
         }
     }
@@ -254,7 +255,8 @@ std::unique_ptr<Connection> DatabaseImpl::frozenReader()
 {
     if (m_connection->inTransaction() && m_workspace.depth() == 0)
         commitPhysically();
-    if (m_connection->inTransaction())
+    // Nor can one be opened on a file that is no longer there under its name.
+    if (m_connection->inTransaction() || inodeOf(m_file.path) != m_inode)
         return nullptr;
     auto reader = std::make_unique<Connection>(locationOf(m_file), Connection::Mode::ReadOnly);
     reader->execute("BEGIN");

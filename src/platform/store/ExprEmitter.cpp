@@ -3,6 +3,7 @@
 
 #include "platform/store/DaoError.h"
 #include "platform/store/FunctionTable.h"
+#include "platform/store/Like.h"
 #include "platform/store/Sqlite.h"
 #include "platform/store/StoredDate.h"
 #include "platform/text/Text.h"
@@ -33,6 +34,10 @@ QString literalPrefix(const QString &pattern)
     qsizetype length = 0;
     while (length < pattern.size() && !u"*?#["_s.contains(pattern[length]))
         ++length;
+    // A vowel that Thai and Lao write ahead of its consonant is sorted behind it.
+    while (length > 0 &&
+           u"\u0E40\u0E41\u0E42\u0E43\u0E44\u0EC0\u0EC1\u0EC2\u0EC3\u0EC4"_s.contains(pattern[length - 1]))
+        --length;
     return pattern.left(length);
 }
 
@@ -125,10 +130,7 @@ Emitted ExprEmitter::andOr(const Expr &expr)
     for (const auto &arg : expr.args)
         terms.push_back(emit(*arg).sql);
     if (expr.text == "XOR"_L1) {
-        QByteArray sql = "(NOT NOT " + terms[0] + ")";
-        for (std::size_t i = 1; i < terms.size(); ++i)
-            sql = "((NOT NOT " + sql + ") <> (NOT NOT " + terms[i] + "))";
-        return {sql, ValueType::Boolean};
+        return {"((NOT NOT " + terms[0] + ") <> (NOT NOT " + terms[1] + "))", ValueType::Boolean};
     }
     return {balanced(terms, 0, terms.size(), ' ' + expr.text.toLatin1() + ' '), ValueType::Boolean};
 }
@@ -215,9 +217,9 @@ Emitted ExprEmitter::like(const Expr &expr)
     if (expr.negated || prefix.isEmpty() || !left.isColumn)
         return {negate(test, expr.negated), ValueType::Boolean};
     // What begins with the prefix lies between it and itself with the highest character behind: an
-    // index finds that range, and the pattern decides within it.
-    const QByteArray range =
-        left.sql + " BETWEEN " + quotedText(prefix) + " AND " + quotedText(prefix + QChar(0xFFFF));
+    // index finds that range, and the pattern decides within it. Folded, since ss stands before ß.
+    const QByteArray range = left.sql + " BETWEEN " + quotedText(foldedText(prefix)) + " AND " +
+                             quotedText(prefix + QChar(0xFFFF));
     return {"(" + range + " AND " + test + ")", ValueType::Boolean};
 }
 

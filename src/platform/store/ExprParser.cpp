@@ -18,6 +18,7 @@ namespace {
 /** No filter that a person types comes near these; a hostile one is refused before it costs anything. */
 constexpr qsizetype LongestStatement = 1'000'000;
 constexpr int DeepestNesting = 100;
+constexpr int DeepestTree = 500;
 
 /** Words that end a name wherever they stand, unless they are in brackets. */
 bool isReserved(const QString &word)
@@ -110,6 +111,15 @@ ExprPtr ExprParser::node(ExprKind kind, const QString &text) const
     return made;
 }
 
+// A chain of operators nests the tree by one each, brackets or not.
+void ExprParser::adopt(Expr &parent, ExprPtr child)
+{
+    parent.depth = std::max(parent.depth, child->depth + 1);
+    if (parent.depth > DeepestTree)
+        throw DaoError(TooComplex, u"Query is too complex."_s);
+    parent.args.push_back(std::move(child));
+}
+
 ExprPtr ExprParser::expression()
 {
     const Deeper deeper(*this);
@@ -122,9 +132,9 @@ ExprPtr ExprParser::andOr(QStringView word, Level next)
     if (!at(word))
         return first;
     ExprPtr all = node(ExprKind::AndOr, word.toString());
-    all->args.push_back(std::move(first));
+    adopt(*all, std::move(first));
     while (accept(word))
-        all->args.push_back((this->*next)());
+        adopt(*all, (this->*next)());
     return all;
 }
 
@@ -135,7 +145,7 @@ ExprPtr ExprParser::orLevel()
 
 ExprPtr ExprParser::xorLevel()
 {
-    return andOr(u"XOR", &ExprParser::andLevel);
+    return binary({u"XOR"}, &ExprParser::andLevel);
 }
 
 ExprPtr ExprParser::andLevel()
@@ -150,7 +160,7 @@ ExprPtr ExprParser::notLevel()
     const Deeper deeper(*this);
     ExprPtr made = node(ExprKind::Not);
     take();
-    made->args.push_back(notLevel());
+    adopt(*made, notLevel());
     return made;
 }
 
@@ -165,8 +175,8 @@ ExprPtr ExprParser::comparison()
                 continue;
             ExprPtr made = node(ExprKind::Compare, op.toString());
             take();
-            made->args.push_back(std::move(left));
-            made->args.push_back(concat());
+            adopt(*made, std::move(left));
+            adopt(*made, concat());
             left = std::move(made);
             found = true;
             break;
@@ -185,14 +195,14 @@ ExprPtr ExprParser::predicate(ExprPtr left)
 {
     ExprPtr made = node(ExprKind::Like);
     made->negated = accept(u"NOT");
-    made->args.push_back(std::move(left));
+    adopt(*made, std::move(left));
     if (accept(u"LIKE")) {
-        made->args.push_back(concat());
+        adopt(*made, concat());
     } else if (accept(u"BETWEEN")) {
         made->kind = ExprKind::Between;
-        made->args.push_back(concat());
+        adopt(*made, concat());
         expect(u"AND");
-        made->args.push_back(concat());
+        adopt(*made, concat());
     } else if (accept(u"IS")) {
         made->kind = ExprKind::IsNull;
         made->negated = accept(u"NOT");
@@ -214,7 +224,7 @@ ExprPtr ExprParser::inPredicate(ExprPtr made)
     } else {
         made->kind = ExprKind::InList;
         do {
-            made->args.push_back(concat());
+            adopt(*made, concat());
         } while (accept(u","));
     }
     expect(u")");
@@ -224,19 +234,18 @@ ExprPtr ExprParser::inPredicate(ExprPtr made)
 ExprPtr ExprParser::binary(std::initializer_list<QStringView> operators, Level next)
 {
     ExprPtr left = (this->*next)();
-    int length = 0;
     while (true) {
         const auto *op =
             std::find_if(operators.begin(), operators.end(), [this](QStringView o) { return at(o); });
         if (op == operators.end())
             return left;
-        // Each operator nests the tree by one, brackets or not.
-        if (++length > DeepestNesting * 5)
-            throw DaoError(TooComplex, u"Query is too complex."_s);
-        ExprPtr made = node(*op == u"&" ? ExprKind::Concat : ExprKind::Arithmetic, op->toString());
+        ExprPtr made = node(*op == u"&"     ? ExprKind::Concat
+                            : *op == u"XOR" ? ExprKind::AndOr
+                                            : ExprKind::Arithmetic,
+                            op->toString());
         take();
-        made->args.push_back(std::move(left));
-        made->args.push_back((this->*next)());
+        adopt(*made, std::move(left));
+        adopt(*made, (this->*next)());
         left = std::move(made);
     }
 }
@@ -276,7 +285,7 @@ ExprPtr ExprParser::unary()
     ExprPtr operand = unary();
     if (!minus)
         return operand;
-    made->args.push_back(std::move(operand));
+    adopt(*made, std::move(operand));
     return made;
 }
 
@@ -344,11 +353,11 @@ ExprPtr ExprParser::nameOrCall()
         const Deeper deeper(*this);
         made->kind = ExprKind::Call;
         if (at(u"*") && at(u")", 1)) {
-            made->args.push_back(node(ExprKind::Star));
+            adopt(*made, node(ExprKind::Star));
             take();
         } else if (!at(u")")) {
             do {
-                made->args.push_back(expression());
+                adopt(*made, expression());
             } while (accept(u","));
         }
         expect(u")");

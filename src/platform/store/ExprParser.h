@@ -66,6 +66,7 @@ private:
     ast::ExprPtr literal();
     ast::ExprPtr parenthesis();
     ast::ExprPtr nameOrCall();
+    static void adopt(ast::Expr &parent, ast::ExprPtr child);
     [[nodiscard]] ast::ExprPtr node(ast::ExprKind kind, const QString &text = {}) const;
 
     QString m_sql;

@@ -48,8 +48,6 @@ private:
         if (m_at >= m_sql.size())
             return {TokenKind::End, {}, m_sql.size()};
         const QChar c = m_sql[m_at];
-        if (c.isNull())
-            throwSyntaxError(m_sql, m_at, u"Invalid character"_s);
         if (c == u'"' || c == u'\'')
             return quoted(c);
         if (c == u'[')
@@ -153,6 +151,8 @@ private:
 
 std::vector<Token> tokensOf(const QString &sql)
 {
+    if (const qsizetype nul = sql.indexOf(QChar(0)); nul >= 0)
+        throwSyntaxError(sql, nul, u"Invalid character"_s);
     return Lexer(sql).run();
 }
 

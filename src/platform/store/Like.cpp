@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/store/Like.h"
 
-#include <QString>
-
 #include <unicode/normalizer2.h>
 #include <unicode/unistr.h>
 
@@ -44,6 +42,7 @@ public:
 
     [[nodiscard]] std::size_t size() const { return m_characters.size(); }
     [[nodiscard]] char32_t operator[](std::size_t i) const { return m_characters[i]; }
+    [[nodiscard]] QString text() const { return QString::fromStdU32String(m_characters); }
 
 private:
     std::u32string m_characters;
@@ -140,6 +139,11 @@ bool isLike(QByteArrayView text, QByteArrayView pattern)
     if (isAscii(text) && isAscii(pattern))
         return match(Ascii(text), Ascii(pattern));
     return match(Folded(text), Folded(pattern));
+}
+
+QString foldedText(const QString &text)
+{
+    return Folded(text.toUtf8()).text();
 }
 
 } // namespace dao

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QString>
 
 namespace dao {
 
@@ -11,5 +12,8 @@ namespace dao {
  * matches nothing. Cost is bounded by pattern times text, however many stars.
  */
 [[nodiscard]] bool isLike(QByteArrayView text, QByteArrayView pattern);
+
+/** A text as Like compares it, character by character: small letters, ss for a sharp s. */
+[[nodiscard]] QString foldedText(const QString &text);
 
 } // namespace dao

@@ -13,6 +13,9 @@ namespace {
 using ast::From;
 using ast::Select;
 
+/** SQLite joins no more. */
+constexpr int MostJoins = 63;
+
 class StatementParser final : public ExprParser
 {
 public:
@@ -117,9 +120,10 @@ private:
         return left;
     }
 
-    static std::unique_ptr<From> join(From::Kind kind, std::unique_ptr<From> left,
-                                      std::unique_ptr<From> right)
+    std::unique_ptr<From> join(From::Kind kind, std::unique_ptr<From> left, std::unique_ptr<From> right)
     {
+        if (++m_joins > MostJoins)
+            throw DaoError(TooComplex, u"Query is too complex."_s);
         auto made = std::make_unique<From>();
         made->kind = kind;
         made->position = right->position;
@@ -238,6 +242,8 @@ private:
         }
         expect(u")");
     }
+
+    int m_joins = 0;
 };
 
 } // namespace
@@ -249,14 +255,10 @@ ast::Statement parseStatement(const QString &sql)
 
 ast::ExprPtr parseCriteria(const QString &criteria)
 {
-    try {
-        StatementParser parser(criteria);
-        auto made = parser.expression();
-        parser.expectEnd();
-        return made;
-    } catch (const DaoError &e) {
-        throw DaoError(e.number == SyntaxError ? SyntaxErrorInCriteria : e.number, e.description);
-    }
+    StatementParser parser(criteria);
+    auto made = parser.expression();
+    parser.expectEnd();
+    return made;
 }
 
 } // namespace dao

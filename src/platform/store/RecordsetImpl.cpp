@@ -217,21 +217,32 @@ void RecordsetImpl::update()
         m_position = 0;
 }
 
+Statement &RecordsetImpl::insertStatement()
+{
+    QString set = u"insert"_s;
+    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
+        set += QChar(it.key() + 1);
+    Statement &statement = m_statements[set];
+    if (statement)
+        return statement;
+    QByteArrayList names;
+    QByteArrayList marks;
+    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it) {
+        names.append(quotedName(rows.fields()[it.key()].sourceField));
+        marks.append("?" + QByteArray::number(marks.size() + 1));
+    }
+    const QByteArray values = names.isEmpty()
+                                  ? QByteArray(" DEFAULT VALUES")
+                                  : " (" + names.join(", ") + ") VALUES (" + marks.join(", ") + ")";
+    statement =
+        database.connection().prepare("INSERT INTO " + quotedName(rows.plan().baseTable) + values, true);
+    return statement;
+}
+
 void RecordsetImpl::insertRow()
 {
-    QByteArray names;
-    QByteArray marks;
-    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it) {
-        names += (names.isEmpty() ? "" : ", ") + quotedName(rows.fields()[it.key()].sourceField);
-        marks += (marks.isEmpty() ? "?" : ", ?") + QByteArray::number(marks.count('?') + 1);
-    }
-    const QByteArray sql =
-        "INSERT INTO " + quotedName(rows.plan().baseTable) +
-        (names.isEmpty() ? QByteArray(" DEFAULT VALUES") : " (" + names + ") VALUES (" + marks + ")");
-    database.change([&] {
-        Statement &insert = m_statements[QString::fromUtf8(sql)];
-        if (!insert)
-            insert = database.connection().prepare(sql, true);
+    database.change([this] {
+        Statement &insert = insertStatement();
         int parameter = 1;
         for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
             insert.bind(parameter++, toStored(rows.fields()[it.key()], it.value()));

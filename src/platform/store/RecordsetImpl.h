@@ -116,6 +116,7 @@ public:
     Mode mode = Mode::None;
 
 private:
+    [[nodiscard]] Statement &insertStatement();
     void insertRow();
     void updateRow();
     [[nodiscard]] QVariant toStored(const Field &field, const QVariant &value) const;

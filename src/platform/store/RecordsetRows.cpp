@@ -19,6 +19,7 @@ RecordsetRows::RecordsetRows(DatabaseImpl &database, SelectPlan plan, RecordsetT
         m_indexOf.insert(field.name.toLower(), static_cast<int>(m_fields.size()));
         m_fields.append(field);
     }
+    chooseColumns();
 }
 
 int RecordsetRows::fieldIndex(const QString &name) const
@@ -183,7 +184,11 @@ QByteArray RecordsetRows::seekSql(const QStringList &columns, const QString &com
 
 std::vector<qint64> RecordsetRows::find(const QString &criteria, bool firstOnly) const
 {
-    return m_plan.isKeyed() ? findKeyed(criteria, firstOnly) : findComputed(criteria);
+    try {
+        return m_plan.isKeyed() ? findKeyed(criteria, firstOnly) : findComputed(criteria);
+    } catch (const DaoError &e) {
+        throw DaoError(e.number == SyntaxError ? SyntaxErrorInCriteria : e.number, e.description);
+    }
 }
 
 // While nothing has changed what decides the order, the store walks it and the first hit is the

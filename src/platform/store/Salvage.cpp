@@ -48,11 +48,17 @@ public:
         if (walk(low, high, true))
             return m_copied;
         static_cast<void>(walk(low, high, false));
+        low = std::max<qint64>(low, 0);
         for (qint64 step = 1; low + step < high && step < (1LL << 40); step *= 2) {
-            qint64 from = low + step;
+            const qint64 start = low + step;
+            qint64 from = start;
             static_cast<void>(walk(from, high, true));
-            if (from > low + step)
+            if (from > start) {
+                // The leap may have passed over rows on this side of the hole's end.
+                qint64 back = start + 1;
+                static_cast<void>(walk(low, back, false));
                 step = 1;
+            }
             low = from;
         }
         return m_copied;
@@ -130,8 +136,10 @@ void copyOwnTables(Connection &source, Connection &target)
                 insert.bind(2, rows.variant(1));
                 insert.step();
             }
-        } catch (const DaoError &) {
-            continue; // The program makes its queries anew at the next start.
+        } catch (const DaoError &e) {
+            // The program makes its queries anew at the next start.
+            if (e.number == DiskFull)
+                throw;
         }
     }
 }
@@ -144,7 +152,7 @@ void dropRepeatedKeys(Connection &target, const QString &index)
     const qsizetype close = index.indexOf(u')', open);
     const QByteArray table = index.mid(on + 4, open - on - 4).trimmed().toUtf8();
     const QByteArray columns = index.mid(open + 1, close - open - 1).toUtf8();
-    const QByteArray where = index.mid(close + 1).toUtf8();
+    const QByteArray where = index.mid(close + 1).remove(u';').toUtf8();
     target.execute("DELETE FROM " + table + where + (where.trimmed().isEmpty() ? " WHERE " : " AND ") +
                    "rowid NOT IN (SELECT min(rowid) FROM " + table + where + " GROUP BY " + columns + ")");
 }
@@ -154,7 +162,7 @@ void dropRepeatedKeys(Connection &target, const QString &index)
 QString salvage(const QString &damaged, Connection &target, const Schema &schema)
 {
     QString report = u"Records saved:"_s;
-    Connection source(damaged, Connection::Mode::ReadWrite);
+    Connection source(damaged, Connection::Mode::Damaged);
     source.execute("PRAGMA cell_size_check = ON");
     target.execute("BEGIN");
     for (const QString &table : tablesOf(target))

@@ -39,7 +39,13 @@ public:
         const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(m_values[i]));
         return {text, sqlite3_value_bytes(m_values[i])};
     }
-    [[nodiscard]] QString text(int i) const { return QString::fromUtf8(bytes(i)); }
+    [[nodiscard]] QString text(int i) const
+    {
+        // A whole number is written as one, whatever its column holds.
+        if (sqlite3_value_type(m_values[i]) == SQLITE_FLOAT)
+            return QString::number(sqlite3_value_double(m_values[i]), 'g', 15);
+        return QString::fromUtf8(bytes(i));
+    }
     [[nodiscard]] double number(int i) const
     {
         const int type = sqlite3_value_type(m_values[i]);

@@ -8,6 +8,8 @@
 #include <QDateTime>
 #include <QFile>
 
+#include <algorithm>
+#include <cerrno>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -55,6 +57,12 @@ void leaveDamageMark(sqlite3 *db)
     static_cast<void>(mark.open(QIODevice::WriteOnly));
 }
 
+/** A quota or the largest file that the disk takes is as good as its end. */
+bool isOutOfSpace(int systemError)
+{
+    return systemError == EFBIG || systemError == EDQUOT || systemError == ENOSPC;
+}
+
 } // namespace
 
 void throwDaoError(sqlite3 *db, int code)
@@ -62,9 +70,14 @@ void throwDaoError(sqlite3 *db, int code)
     if ((code & 0xFF) == SQLITE_CORRUPT)
         leaveDamageMark(db);
     const QString detail = db != nullptr ? QString::fromUtf8(sqlite3_errmsg(db)) : QString();
-    if ((code & 0xFF) == SQLITE_ERROR &&
-        (detail.contains("too large"_L1) || detail.contains("overflow"_L1) || detail.contains("too many"_L1)))
-        throw DaoError(TooComplex, u"Query is too complex."_s);
+    if ((code & 0xFF) == SQLITE_ERROR) {
+        static constexpr const char *limits[] = {"too large", "overflow", "too many", "at most"};
+        if (std::ranges::any_of(limits, [&](const char *l) { return detail.contains(QLatin1StringView(l)); }))
+            throw DaoError(TooComplex, u"Query is too complex."_s);
+        throw DaoError(SyntaxError, u"Syntax error in query expression.  "_s + detail);
+    }
+    if (code == SQLITE_IOERR_WRITE && isOutOfSpace(errno))
+        throw DaoError(DiskFull, u"The disk is full."_s);
     for (const Mapping &mapping : Mappings) {
         if (mapping.sqliteCode == (code & 0xFF))
             throw DaoError(mapping.number, QString::fromLatin1(mapping.text));
@@ -198,7 +211,10 @@ Connection::Connection(const QString &path, Mode mode)
     if (code != SQLITE_OK)
         throwDaoError(db, code);
     sqlite3_busy_timeout(db, BusyTimeout);
-    sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    // What is missing at a damaged file's end or in its schema is passed over in that mode alone.
+    const int damaged = mode == Mode::Damaged ? 1 : 0;
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1 - damaged, nullptr);
+    sqlite3_db_config(db, SQLITE_DBCONFIG_WRITABLE_SCHEMA, damaged, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 1, nullptr);

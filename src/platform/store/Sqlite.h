@@ -46,7 +46,8 @@ private:
 class Connection final
 {
 public:
-    enum class Mode { ReadOnly, ReadWrite, Create };
+    /** Damaged reads as ReadWrite does, as far as it goes. */
+    enum class Mode { ReadOnly, ReadWrite, Create, Damaged };
 
     /** @throws DaoError by the rules of daoErrorOf. */
     Connection(const QString &path, Mode mode);

@@ -157,7 +157,8 @@ QString shortDate(const QDateTime &date)
 
 QString fromSystemCodePage(QByteArrayView bytes)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
+    // Stateless: a character cut off at the end is wrong, not still to come.
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     QString text = utf8(bytes);
     if (!utf8.hasError())
         return text;

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace quaverly {
+
+enum class Icon { None, Information, Exclamation, Question, Stop };
+enum class Buttons { Ok, OkCancel, YesNo };
+enum class Answer { Ok, Cancel, Yes, No };
+
+/** What a file dialog is to ask. */
+struct FileQuestion
+{
+    QString title;
+    /** "Text|*.a;*.b|All Files (*.*)|*.*": descriptions and patterns in turn. */
+    QString filter;
+    QString startFolder;
+    /** The name the box starts with; may be empty. */
+    QString fileName;
+};
+
+/** Width of the please-wait window's whole bar. */
+inline constexpr int FullBarTwips = 6456;
+
+/** The please-wait window of a long command; it goes away with this object, or before when the user clicks
+ * it. */
+class WorkingWindow
+{
+public:
+    virtual ~WorkingWindow() = default;
+
+    virtual void setMsg(const QString & /*text*/) {}
+    /** How far the bar has grown: 0 to FullBarTwips. */
+    virtual void setBar(int twips) { m_bar = twips; }
+    [[nodiscard]] int bar() const { return m_bar; }
+
+protected:
+    int m_bar = 0;
+};
+
+/** How deep guarded handlers are nested, and what runs when the outermost one has ended; see Guard.h. */
+struct HandlerState
+{
+    int depth = 0;
+    std::function<void()> afterHandler;
+};
+
+/**
+ * Everything that asks or tells the user something, and everything that lets events run or waits.
+ * No other class shows a message box or a system dialog, or runs a nested event loop. Calls block
+ * until the user has answered and belong on the user-interface thread.
+ */
+class Desktop
+{
+public:
+    virtual ~Desktop() = default;
+
+    /** @p defaultAnswer is the button that Enter presses; the first one unless said. */
+    virtual Answer MessageBox(const QString &text, const QString &title, Icon icon = Icon::None,
+                              Buttons buttons = Buttons::Ok,
+                              std::optional<Answer> defaultAnswer = std::nullopt) = 0;
+
+    /** The modal text prompt. Cancel and an empty answer are the same: the empty text. */
+    virtual QString InputPrompt(const QString &prompt, const QString &title, const QString &defaultText = {},
+                                bool password = false) = 0;
+
+    /**
+     * A warning that the user can switch off; @p key names its entry in the options store.
+     * True when the command may go on: OK was pressed or the warning is switched off.
+     */
+    virtual bool ShowWarning(const QString &text, const QString &key) = 0;
+
+    /** The full path chosen, or nothing on cancel. */
+    virtual std::optional<QString> ShowOpenDialog(const FileQuestion &question) = 0;
+    virtual std::optional<QString> ShowSaveDialog(const FileQuestion &question) = 0;
+
+    /** The folder chosen, with a trailing separator, or the empty text on cancel. */
+    virtual QString BrowseForFolder(const QString &prompt, const QString &title,
+                                    const QString &startFolder) = 0;
+
+    /** The please-wait window, shown without blocking; let events run once and it is painted. */
+    [[nodiscard]] virtual std::unique_ptr<WorkingWindow>
+    ShowWorkingForm(const QString & /*caption*/, const QString & /*msg*/, bool /*withBar*/)
+    {
+        return std::make_unique<WorkingWindow>();
+    }
+
+    /** The help window, until the user closes it. */
+    virtual void ShowHelp(const QString & /*heading*/, const QString & /*body*/) {}
+
+    /** The on-screen keyboard that the desktop offers; false when there is none. */
+    virtual bool ShowKeyboard() { return false; }
+
+    /** Opens an address with the program that the desktop has for it; false when there is none. */
+    virtual bool OpenUrl(const QUrl &url) = 0;
+
+    /** The busy pointer. Calls nest: it goes off with the last `false`. */
+    virtual void setHourglass(bool on) = 0;
+    /** The default pointer again, however many calls are pending. */
+    virtual void resetPointer() = 0;
+
+    /** Lets pending events run. */
+    virtual void letEventsRun() = 0;
+    /** True when input or other events wait; cheap enough for an inner loop. */
+    virtual bool inputWaiting() = 0;
+
+    [[nodiscard]] HandlerState &handlers() { return m_handlers; }
+
+private:
+    HandlerState m_handlers;
+};
+
+/** The busy pointer for the length of a scope. */
+class Hourglass final
+{
+public:
+    explicit Hourglass(Desktop &desktop) : m_desktop(desktop) { m_desktop.setHourglass(true); }
+    ~Hourglass() { m_desktop.setHourglass(false); }
+    Hourglass(const Hourglass &) = delete;
+    Hourglass &operator=(const Hourglass &) = delete;
+
+private:
+    Desktop &m_desktop;
+};
+
+} // namespace quaverly

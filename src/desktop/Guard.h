@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Desktop.h"
+#include "platform/store/DaoError.h"
+
+#include <functional>
+
+namespace quaverly {
+
+/** How a command shows its errors. Without a text of its own, the error's sentence stands alone. */
+struct ErrorBox
+{
+    std::function<QString(const dao::DaoError &)> text;
+    Icon icon = Icon::Stop;
+};
+
+/** The error's sentence, @p between, and its number. */
+[[nodiscard]] ErrorBox withErrorNumber(const QString &between = QStringLiteral(".  Error number: "));
+
+/**
+ * Runs a handler. Whatever it throws ends here: the pointer is reset and the error shown under
+ * @p title, so that no exception reaches the event loop. When the outermost guarded handler has
+ * ended, Desktop::handlers().afterHandler runs, before any box, and its own error is shown as well.
+ * True when the handler came to its end.
+ */
+bool guarded(Desktop &desktop, const QString &title, const std::function<void()> &handler,
+             const ErrorBox &box = {});
+
+} // namespace quaverly

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/Desktop.h"
+#include "desktop/OnScreenKeyboard.h"
+
+#include <QElapsedTimer>
+
+class QDialog;
+
+namespace quaverly {
+
+class OptionsStore;
+
+/** The desktop that the user sits at. */
+class QtDesktop : public Desktop
+{
+public:
+    explicit QtDesktop(OptionsStore &options);
+    ~QtDesktop() override;
+    QtDesktop(const QtDesktop &) = delete;
+    QtDesktop &operator=(const QtDesktop &) = delete;
+
+    /** Prompts sized for fingers, with an on-screen keyboard. */
+    void setTabletActive(bool active) { m_tabletActive = active; }
+
+    Answer MessageBox(const QString &text, const QString &title, Icon icon = Icon::None,
+                      Buttons buttons = Buttons::Ok,
+                      std::optional<Answer> defaultAnswer = std::nullopt) override;
+    QString InputPrompt(const QString &prompt, const QString &title, const QString &defaultText = {},
+                        bool password = false) override;
+    bool ShowWarning(const QString &text, const QString &key) override;
+    std::optional<QString> ShowOpenDialog(const FileQuestion &question) override;
+    std::optional<QString> ShowSaveDialog(const FileQuestion &question) override;
+    QString BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder) override;
+    std::unique_ptr<WorkingWindow> ShowWorkingForm(const QString &caption, const QString &msg,
+                                                   bool withBar) override;
+    void ShowHelp(const QString &heading, const QString &body) override;
+    bool ShowKeyboard() override;
+    bool OpenUrl(const QUrl &url) override;
+    void setHourglass(bool on) override;
+    void resetPointer() override;
+    void letEventsRun() override;
+    bool inputWaiting() override;
+
+private:
+    OptionsStore &m_options;
+    OnScreenKeyboard m_keyboard;
+    QElapsedTimer m_sinceEventsRan;
+    int m_hourglasses = 0;
+    bool m_tabletActive = false;
+};
+
+} // namespace quaverly

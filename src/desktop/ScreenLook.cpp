@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/ScreenLook.h"
+
+#include "desktop/DisplayText.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+constexpr int FingerHeight = 44;
+/** The most that a text takes of the screen's width. */
+constexpr double ScreenShare = 0.8;
+
+int widestLine(const QFontMetrics &metrics, const QString &text)
+{
+    int width = 0;
+    for (const QString &line : text.split(u'\n'))
+        width = std::max(width, metrics.horizontalAdvance(line));
+    return width;
+}
+
+} // namespace
+
+void showText(QLabel &label, const QString &text)
+{
+    label.ensurePolished();
+    const QString shown = displayText(text);
+    const QFontMetrics metrics = label.fontMetrics();
+    const int limit = std::min(metrics.averageCharWidth() * LongestLine,
+                               static_cast<int>(label.screen()->availableSize().width() * ScreenShare));
+    const int width = std::min(widestLine(metrics, shown) + metrics.averageCharWidth(), limit);
+
+    label.setTextFormat(Qt::PlainText);
+    label.setWordWrap(true);
+    label.setText(shown);
+    label.setMinimumWidth(width);
+    label.setMinimumHeight(label.heightForWidth(width));
+}
+
+void scaleFont(QWidget &control, double factor, bool bold)
+{
+    // Only what is set here is fixed; the family goes on following the screen's.
+    QFont font;
+    font.setPointSizeF(control.window()->font().pointSizeF() * factor);
+    if (bold)
+        font.setBold(true);
+    control.setFont(font);
+}
+
+void arrangeButtons(QWidget &dialog)
+{
+    // Layout 3 has the accepting button last on the right and Cancel left of it, whatever the desktop does.
+    dialog.setStyleSheet(u"QDialogButtonBox { button-layout: 3 }"_s);
+    for (const QDialogButtonBox *box : dialog.findChildren<QDialogButtonBox *>()) {
+        for (QAbstractButton *button : box->buttons())
+            button->setIcon({});
+    }
+}
+
+void sizeForFingers(QWidget &screen)
+{
+    for (QWidget *control : screen.findChildren<QWidget *>()) {
+        const bool isTouched = qobject_cast<QAbstractButton *>(control) ||
+                               qobject_cast<QLineEdit *>(control) || qobject_cast<QComboBox *>(control);
+        if (isTouched)
+            control->setMinimumHeight(FingerHeight);
+    }
+}
+
+} // namespace quaverly

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/WorkingForm.h"
+
+#include "desktop/Desktop.h"
+#include "desktop/ScreenLook.h"
+#include "ui_WorkingForm.h"
+
+#include <algorithm>
+
+namespace quaverly {
+
+namespace {
+
+constexpr int NarrowestBar = 40; // characters
+
+} // namespace
+
+WorkingForm::WorkingForm(QWidget *owner)
+    : QWidget(owner, Qt::Dialog), m_ui(std::make_unique<Ui::WorkingForm>())
+{
+    m_ui->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    scaleFont(*m_ui->lblHeading, HeadingScale, true);
+    m_ui->Label1->setRange(0, FullBarTwips);
+    m_ui->Label1->setMinimumWidth(fontMetrics().averageCharWidth() * NarrowestBar);
+    m_ui->Frame1->hide();
+}
+
+WorkingForm::~WorkingForm() = default;
+
+void WorkingForm::setCaption(const QString &caption)
+{
+    setWindowTitle(caption);
+    showText(*m_ui->lblHeading, caption);
+}
+
+void WorkingForm::setMsg(const QString &text)
+{
+    showText(*m_ui->Msg, text.trimmed());
+}
+
+void WorkingForm::showBar()
+{
+    m_ui->Frame1->show();
+}
+
+void WorkingForm::setBar(int twips)
+{
+    m_ui->Label1->setValue(std::clamp(twips, 0, FullBarTwips));
+}
+
+void WorkingForm::mousePressEvent(QMouseEvent * /*event*/)
+{
+    close();
+}
+
+void WorkingForm::keyPressEvent(QKeyEvent * /*event*/)
+{
+    close();
+}
+
+} // namespace quaverly

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "intake/AddCommands.h"
+
+#include "desktop/Desktop.h"
+#include "desktop/FileHelpers.h"
+#include "desktop/Guard.h"
+#include "intake/IntakeState.h"
+#include "intake/MusicLoader.h"
+#include "intake/Quietly.h"
+#include "songlist/MainScreen.h"
+#include "songlist/PlayerState.h"
+
+#include <QDir>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+FileQuestion musicFileQuestion(const QString &startFolder)
+{
+    return {u"Select a music file"_s,
+            u"Music files (*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.mp4;*.aac)|"
+            "*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.mp4;*.aac|All Files (*.*)|*.*"_s,
+            startFolder,
+            {}};
+}
+
+} // namespace
+
+AddCommands::AddCommands(Desktop &desktop, MainScreen &mainScreen, PlayerState &player, IntakeState &state,
+                         MusicLoader &loader, std::function<void()> showScanDriveForm)
+    : m_desktop(desktop), m_mainScreen(mainScreen), m_player(player), m_state(state), m_loader(loader),
+      m_showScanDriveForm(std::move(showScanDriveForm))
+{}
+
+void AddCommands::AddMusicFolder_Click()
+{
+    run(u"Add a Folder of Music Files"_s, [this] { addMusicFolder(); });
+}
+
+void AddCommands::AddOneMusicFile_Click()
+{
+    run(u"Add One Music File"_s, [this] { addOneMusicFile(); });
+}
+
+void AddCommands::ScanFiles_Click()
+{
+    run(u"Add All Music Files (Scan Entire Drive)"_s, [this] {
+        m_mainScreen.unloadPics3();
+        m_state.CancelScan = false;
+        m_showScanDriveForm();
+    });
+}
+
+void AddCommands::run(const QString &title, const std::function<void()> &command)
+{
+    guarded(m_desktop, title, [&] {
+        if (mayAdd())
+            quietly(command);
+    });
+}
+
+bool AddCommands::mayAdd()
+{
+    if (m_player.PlayerOpen) {
+        m_desktop.MessageBox(u"Cannot Add records while playing songs. End the Player first."_s,
+                             u"Add not allowed"_s, Icon::Information);
+        return false;
+    }
+    // A cancelled scan lets events run before it is gone.
+    return !m_loader.isRunning();
+}
+
+void AddCommands::addMusicFolder()
+{
+    m_mainScreen.unloadPics3();
+    if (m_state.MusicFolder.isEmpty())
+        m_state.MusicFolder = QDir::currentPath();
+    const QString folder = m_desktop.BrowseForFolder(u"Add a Folder of Music Files including subfolders"_s,
+                                                     u"Select a Folder"_s, m_state.MusicFolder);
+    if (folder.isEmpty())
+        return;
+    if (m_mainScreen.openScreens() > 1) {
+        m_player.RestartingFolderPlayer = true;
+        m_mainScreen.unloadPlayForm();
+    }
+    load(EnsureBackslash(folder), {});
+}
+
+void AddCommands::addOneMusicFile()
+{
+    if (m_state.MusicFolder.isEmpty())
+        m_state.MusicFolder = QDir::currentPath();
+    const auto chosen = m_desktop.ShowOpenDialog(musicFileQuestion(EnsureBackslash(m_state.MusicFolder)));
+    if (!chosen)
+        return;
+    if (!FileExists(*chosen)) {
+        m_desktop.MessageBox(u"The file name you selected cannot be added to Quaverly, likely because it "
+                             "contains invalid characters in the file name.\n"
+                             "Rename this file on your computer first."_s,
+                             u"File not added"_s, Icon::Exclamation);
+        return;
+    }
+    load(folderOf(*chosen), fileNameOf(*chosen));
+}
+
+void AddCommands::load(const QString &folder, const QString &oneFile)
+{
+    m_state.CancelScan = false;
+    m_loader.LoadMusicFiles(folder, oneFile);
+    m_mainScreen.focusGrid();
+}
+
+} // namespace quaverly

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace shell {
+class Item;
+}
+
+namespace quaverly {
+
+class ScanReport;
+class NewSong;
+
+/** The last version of the system whose shell numbers its columns in the old way. */
+inline constexpr int LastVersionWithOldColumns = 5;
+
+/** FileSize, and FileSizeNum in megabytes. */
+void fillSize(const shell::Item &item, NewSong &song);
+
+/**
+ * Fills the song's fields from the item's property columns, by the table that @p versionMajor asks
+ * for. FileName must be there.
+ */
+void fillFromShellColumns(const shell::Item &item, int versionMajor, NewSong &song, ScanReport &report);
+
+/** An empty text for a missing bit rate; two-digit rates get a "0", so that they sort under the others. */
+void completeBitRate(NewSong &song);
+
+} // namespace quaverly

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "main/Program.h"
+
+#include "catalogue/StartUp.h"
+#include "desktop/Desktop.h"
+#include "desktop/FileHelpers.h"
+#include "main/NameList.h"
+#include "platform/options/Folders.h"
+#include "platform/options/SingleInstance.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+StartContext startContext(const QString &commandLine, const shell::Shell &shell)
+{
+    StartContext context;
+    context.commandLine = commandLine;
+    const QString program = EnsureBackslash(QCoreApplication::applicationDirPath());
+    context.folders = startFolders(program, folders::data());
+    // A build folder is swept away one day: no user's catalogue may live there.
+    if (QFileInfo::exists(program + u"../CMakeCache.txt"_s))
+        context.folders.programIsWritable = false;
+    context.systemVersion = shell.version();
+    return context;
+}
+
+} // namespace
+
+Program::Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance, const QString &commandLine,
+                 std::function<void()> quit)
+    : m_session(desktop, store), m_instance(instance), m_quit(std::move(quit))
+{
+    const StartHooks hooks{[this] { showNameList(); },
+                           [this](const QString &) {
+                               m_session.desktop().MessageBox(
+                                   u"The player is not built into this version yet."_s, u"Quaverly Player"_s,
+                                   Icon::Information);
+                           }};
+    m_startUp =
+        std::make_unique<StartUp>(m_session.catalogue(), m_session.options(), m_session.engine(), desktop,
+                                  store, instance, startContext(commandLine, m_session.shell()), hooks);
+    QObject::connect(&instance, &SingleInstance::raiseRequested, &instance, [this] { raiseScreen(); });
+}
+
+Program::~Program()
+{
+    QObject::disconnect(&m_instance, &SingleInstance::raiseRequested, nullptr, nullptr);
+    m_nameList.reset();
+}
+
+bool Program::start()
+{
+    return m_startUp->run() == StartResult::Running;
+}
+
+void Program::showNameList()
+{
+    auto screen = std::make_unique<NameList>(m_session, [this] { nameList_Unloaded(); });
+    screen->show();
+    m_nameList = std::move(screen);
+}
+
+void Program::nameList_Unloaded()
+{
+    if (!m_session.shutDown().endsProcess(false))
+        return;
+    m_session.shutDown().closeCatalogue();
+    m_quit();
+}
+
+void Program::raiseScreen()
+{
+    if (m_nameList)
+        m_nameList->raiseScreen();
+}
+
+} // namespace quaverly

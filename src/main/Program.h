@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "main/Session.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace quaverly {
+
+class NameList;
+class SingleInstance;
+class StartUp;
+
+/** Composes the program: the session, the start, and the main screen while it is open. */
+class Program final
+{
+public:
+    /** @p quit ends the event loop. All references outlive the program. */
+    Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance, const QString &commandLine,
+            std::function<void()> quit);
+    ~Program();
+    Program(const Program &) = delete;
+    Program &operator=(const Program &) = delete;
+
+    /** True when the main screen is up and the event loop is to run. */
+    [[nodiscard]] bool start();
+    /** Null before the start and after the end. */
+    [[nodiscard]] NameList *mainScreen() { return m_nameList.get(); }
+
+private:
+    void showNameList();
+    void nameList_Unloaded();
+    void raiseScreen();
+
+    Session m_session;
+    SingleInstance &m_instance;
+    std::function<void()> m_quit;
+    std::unique_ptr<StartUp> m_startUp;
+    std::unique_ptr<NameList> m_nameList;
+};
+
+} // namespace quaverly

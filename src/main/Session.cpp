@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "main/Session.h"
+
+#include "catalogue/CatalogueSchema.h"
+#include "desktop/Desktop.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+Session::Session(Desktop &desktop, OptionsStore &store)
+    : m_desktop(desktop), m_store(store), m_engine(catalogueSchema()), m_shell(shell::makeShell()),
+      m_settings(m_catalogue), m_displayedSet(m_catalogue, m_settings, desktop), m_shutDown(m_catalogue)
+{
+    // What a handler leaves pending in the store is on the disk before the user does anything else.
+    m_desktop.handlers().afterHandler = [this] { m_engine.Workspaces(0).settle(); };
+}
+
+bool Session::openWebSite()
+{
+    const QString site = m_store.GetSetting(QString::fromUtf16(OptionsSection), u"Web Site"_s);
+    return !site.isEmpty() && m_desktop.OpenUrl(QUrl(site));
+}
+
+} // namespace quaverly

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/Options.h"
+#include "catalogue/SettingsRows.h"
+#include "catalogue/ShutDown.h"
+#include "intake/IntakeState.h"
+#include "platform/options/OptionsStore.h"
+#include "platform/shell/Shell.h"
+#include "songlist/DisplayedSet.h"
+#include "songlist/PlayerState.h"
+
+namespace quaverly {
+
+/** All state of a run, in its groups. Built once; each class is handed the groups that it needs. */
+class Session final
+{
+public:
+    /** @p desktop and @p store outlive the session. */
+    Session(Desktop &desktop, OptionsStore &store);
+
+    [[nodiscard]] Desktop &desktop() { return m_desktop; }
+    [[nodiscard]] OptionsStore &optionsStore() { return m_store; }
+    [[nodiscard]] dao::DBEngine &engine() { return m_engine; }
+    [[nodiscard]] shell::Shell &shell() { return *m_shell; }
+    [[nodiscard]] Catalogue &catalogue() { return m_catalogue; }
+    [[nodiscard]] Options &options() { return m_options; }
+    [[nodiscard]] SettingsRows &settings() { return m_settings; }
+    [[nodiscard]] DisplayedSet &displayedSet() { return m_displayedSet; }
+    [[nodiscard]] PlayerState &player() { return m_player; }
+    [[nodiscard]] IntakeState &intake() { return m_intake; }
+    [[nodiscard]] ShutDown &shutDown() { return m_shutDown; }
+
+    /** The maker's site, or the documentation that came with the program; false when nothing opens it. */
+    bool openWebSite();
+
+private:
+    Desktop &m_desktop;
+    OptionsStore &m_store;
+    dao::DBEngine m_engine;
+    std::unique_ptr<shell::Shell> m_shell;
+    Catalogue m_catalogue;
+    Options m_options;
+    SettingsRows m_settings;
+    DisplayedSet m_displayedSet;
+    PlayerState m_player;
+    IntakeState m_intake;
+    ShutDown m_shutDown;
+};
+
+} // namespace quaverly

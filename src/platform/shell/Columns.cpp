@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/shell/Columns.h"
+
+#include <QLatin1StringView>
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+using namespace Qt::StringLiterals;
+
+namespace shell {
+
+namespace {
+
+struct KnownType
+{
+    QLatin1StringView extension;
+    QLatin1StringView text;
+};
+
+constexpr std::array KnownTypes{
+    KnownType{"mp3"_L1, "MP3 File"_L1},       KnownType{"m4a"_L1, "MPEG-4 Audio"_L1},
+    KnownType{"wma"_L1, "WMA File"_L1},       KnownType{"wav"_L1, "WAV File"_L1},
+    KnownType{"aac"_L1, "AAC File"_L1},       KnownType{"flac"_L1, "FLAC File"_L1},
+    KnownType{"ogg"_L1, "OGG File"_L1},       KnownType{"mp4"_L1, "MP4 Video"_L1},
+    KnownType{"m3u"_L1, "M3U Play List"_L1},  KnownType{"m3u8"_L1, "M3U8 Play List"_L1},
+    KnownType{"jpg"_L1, "JPEG Image"_L1},     KnownType{"jpeg"_L1, "JPEG Image"_L1},
+    KnownType{"png"_L1, "PNG Image"_L1},      KnownType{"gif"_L1, "GIF Image"_L1},
+    KnownType{"bmp"_L1, "Bitmap Image"_L1},   KnownType{"txt"_L1, "Text Document"_L1},
+    KnownType{"rtf"_L1, "Rich Text File"_L1}, KnownType{"pdf"_L1, "PDF Document"_L1},
+};
+
+QString extensionOf(const QString &name)
+{
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot <= 0 ? QString() : name.mid(dot + 1);
+}
+
+const KnownType *knownType(const QString &extension)
+{
+    const auto *found = std::ranges::find_if(KnownTypes, [&](const KnownType &type) {
+        return extension.compare(type.extension, Qt::CaseInsensitive) == 0;
+    });
+    return found == KnownTypes.end() ? nullptr : found;
+}
+
+QString lengthText(const SongDetails &details)
+{
+    if (!details.milliseconds)
+        return {};
+    // Whole seconds, cut; but 0.998 is a second whose last samples a writer left out.
+    const qint64 seconds = (*details.milliseconds + 5) / 1000;
+    const auto two = [](qint64 n) { return QString::number(n).rightJustified(2, u'0'); };
+    return two(seconds / 3600) + u':' + two(seconds / 60 % 60) + u':' + two(seconds % 60);
+}
+
+QString bitRateText(const SongDetails &details)
+{
+    // The invisible left-to-right mark in front belongs to the column's text.
+    return details.bitRate > 0 ? u"\u200E%1kbps"_s.arg(details.bitRate) : QString();
+}
+
+template <QString SongDetails::*Field> QString field(const SongDetails &details)
+{
+    return details.*Field;
+}
+
+struct DetailColumn
+{
+    int number;
+    QString (*text)(const SongDetails &);
+};
+
+constexpr std::array ColumnsOfVersion5{
+    DetailColumn{10, field<&SongDetails::title>},
+    DetailColumn{14, field<&SongDetails::comment>},
+    DetailColumn{16, field<&SongDetails::artist>},
+    DetailColumn{17, field<&SongDetails::album>},
+    DetailColumn{18, field<&SongDetails::year>},
+    DetailColumn{19, field<&SongDetails::track>},
+    DetailColumn{20, field<&SongDetails::genre>},
+    DetailColumn{21, lengthText},
+    DetailColumn{22, bitRateText},
+};
+
+constexpr std::array ColumnsOfVersion6{
+    DetailColumn{13, field<&SongDetails::artist>},
+    DetailColumn{14, field<&SongDetails::album>},
+    DetailColumn{15, field<&SongDetails::year>},
+    DetailColumn{16, field<&SongDetails::genre>},
+    DetailColumn{21, field<&SongDetails::title>},
+    DetailColumn{24, field<&SongDetails::comment>},
+    DetailColumn{26, field<&SongDetails::track>},
+    DetailColumn{27, lengthText},
+    DetailColumn{28, bitRateText},
+    DetailColumn{220, field<&SongDetails::composer>},
+    DetailColumn{237, field<&SongDetails::beats>},
+};
+
+const DetailColumn *detailColumn(int column, int versionMajor)
+{
+    const std::span<const DetailColumn> table = versionMajor <= 5
+                                                    ? std::span<const DetailColumn>(ColumnsOfVersion5)
+                                                    : std::span<const DetailColumn>(ColumnsOfVersion6);
+    const auto found = std::ranges::find(table, column, &DetailColumn::number);
+    return found == table.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+QString sizeText(qint64 bytes)
+{
+    if (bytes < 1024)
+        return bytes == 1 ? u"1 byte"_s : u"%1 bytes"_s.arg(bytes);
+    static constexpr std::array units{"KB"_L1, "MB"_L1, "GB"_L1, "TB"_L1, "PB"_L1};
+    qint64 unit = 1024;
+    size_t index = 0;
+    // A thousand has four digits, so the next unit takes over before it is full.
+    while (bytes / unit >= 1000 && index + 1 < units.size()) {
+        unit *= 1024;
+        ++index;
+    }
+    const auto value = static_cast<long double>(bytes) / static_cast<long double>(unit);
+    const int decimals = value >= 100 ? 0 : value >= 10 ? 1 : value >= 1 ? 2 : 3;
+    qint64 scale = 1;
+    for (int i = 0; i < decimals; ++i)
+        scale *= 10;
+    const auto digits = static_cast<qint64>(value * static_cast<long double>(scale));
+    QString text = QString::number(digits / scale);
+    if (decimals > 0)
+        text += u'.' + QString::number(digits % scale).rightJustified(decimals, u'0');
+    return text + u' ' + units[index];
+}
+
+QString typeText(const QString &name, EntryKind kind)
+{
+    if (kind == EntryKind::Folder)
+        return u"File folder"_s;
+    const QString extension = extensionOf(name);
+    if (const KnownType *type = knownType(extension))
+        return type->text;
+    return extension.isEmpty() ? u"File"_s : extension.toUpper() + " File"_L1;
+}
+
+QString attributesText(const QString &name, EntryKind kind)
+{
+    const QString hidden = name.startsWith(u'.') ? u"H"_s : QString();
+    switch (kind) {
+    case EntryKind::Folder:
+        return hidden + u'D';
+    case EntryKind::File:
+        return hidden + u'A';
+    case EntryKind::Other:
+        break;
+    }
+    return hidden + u'S';
+}
+
+QString withoutKnownExtension(const QString &name)
+{
+    const QString extension = extensionOf(name);
+    return knownType(extension) ? name.chopped(extension.size() + 1) : name;
+}
+
+bool isDetailColumn(int column, int versionMajor)
+{
+    return detailColumn(column, versionMajor) != nullptr;
+}
+
+QString detailText(const SongDetails &details, int column, int versionMajor)
+{
+    const DetailColumn *found = detailColumn(column, versionMajor);
+    return found ? found->text(details) : QString();
+}
+
+} // namespace shell

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/shell/Shell.h"
+#include "platform/shell/SongDetails.h"
+
+namespace shell {
+
+enum Column { SizeColumn = 1, TypeColumn = 2, AttributesColumn = 6 };
+
+/** Three significant digits, cut, not rounded: "512 bytes", "43.9 KB", "4.39 MB". */
+[[nodiscard]] QString sizeText(qint64 bytes);
+
+/** What the system calls files of this name; the extension decides. */
+[[nodiscard]] QString typeText(const QString &name, EntryKind kind);
+
+/** "D" for a folder, "A" for a file, "S" for anything else, and an "H" for a hidden name. */
+[[nodiscard]] QString attributesText(const QString &name, EntryKind kind);
+
+/** The name without its extension where the system knows files of that type. */
+[[nodiscard]] QString withoutKnownExtension(const QString &name);
+
+/** True for a column that is read from inside the file. */
+[[nodiscard]] bool isDetailColumn(int column, int versionMajor);
+/** The text of such a column; the numbers of version 5 and those from version 6 on differ. */
+[[nodiscard]] QString detailText(const SongDetails &details, int column, int versionMajor);
+
+} // namespace shell

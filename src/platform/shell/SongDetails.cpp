@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/shell/SongDetails.h"
+
+#include "platform/shell/SongReaders.h"
+#include "platform/shell/TagText.h"
+
+#include <algorithm>
+#include <array>
+#include <new>
+
+using namespace Qt::StringLiterals;
+
+namespace shell {
+
+namespace {
+
+using Reader = void (*)(SongStream &, SongDetails &);
+
+struct Type
+{
+    QLatin1StringView extension;
+    Reader read;
+};
+
+constexpr std::array Types{
+    Type{"mp3"_L1, readMpeg}, Type{"m4a"_L1, readMp4}, Type{"wma"_L1, readAsf},   Type{"wav"_L1, readWav},
+    Type{"aac"_L1, readAdts}, Type{"ogg"_L1, readOgg}, Type{"flac"_L1, readFlac}, Type{"mp4"_L1, readMp4},
+};
+
+const Type *typeByExtension(QStringView extension)
+{
+    const auto *found = std::ranges::find_if(
+        Types, [&](const Type &t) { return extension.compare(t.extension, Qt::CaseInsensitive) == 0; });
+    return found == Types.end() ? nullptr : found;
+}
+
+bool isAdtsHead(QByteArrayView bytes)
+{
+    return bytes.size() >= 2 && static_cast<uchar>(bytes[0]) == 0xFF &&
+           (static_cast<uchar>(bytes[1]) & 0xF6) == 0xF0;
+}
+
+/** By what the file begins with, as people rename files; null when that tells nothing. */
+Reader readerByHead(SongStream &stream)
+{
+    const QByteArrayView head = stream.head(16);
+    if (head.startsWith("fLaC"))
+        return readFlac;
+    if (head.startsWith("OggS"))
+        return readOgg;
+    if ((head.startsWith("RIFF") || head.startsWith("RF64")) && head.indexOf("WAVE") == 8)
+        return readWav;
+    if (head.startsWith("\x30\x26\xB2\x75\x8E\x66\xCF\x11"))
+        return readAsf;
+    if (head.size() >= 8 && head.sliced(4, 4) == "ftyp")
+        return readMp4;
+    const QByteArray sound = stream.bytesAt(id3v2Length(stream), 4);
+    if (sound.startsWith("fLaC"))
+        return readFlac;
+    return isAdtsHead(sound) ? readAdts : nullptr;
+}
+
+QString extensionOf(const QString &name)
+{
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot < 0 ? QString() : name.mid(dot + 1);
+}
+
+void read(const QByteArray &path, SongDetails &details)
+{
+    const Type *type = typeByExtension(extensionOf(QString::fromUtf8(path)));
+    if (!type)
+        throw Unreadable(u"Not a sound file"_s);
+    SongStream stream(path);
+    if (stream.size() == 0)
+        throw Unreadable(u"The file is empty"_s);
+    const Reader byHead = readerByHead(stream);
+    (byHead ? byHead : type->read)(stream, details);
+}
+
+} // namespace
+
+qint64 id3v2Length(const SongStream &stream)
+{
+    const QByteArrayView head = stream.head(10);
+    if (head.size() < 10 || !head.startsWith("ID3"))
+        return 0;
+    qint64 length = 0;
+    for (const char c : head.sliced(6))
+        length = length << 7 | (static_cast<uchar>(c) & 0x7F);
+    const bool hasFooter = head[3] >= 4 && (head[5] & 0x10) != 0;
+    return length + (hasFooter ? 20 : 10);
+}
+
+void takeProperties(const TagLib::AudioProperties *properties, SongDetails &details)
+{
+    if (!properties)
+        return;
+    if (properties->lengthInMilliseconds() > 0)
+        details.milliseconds = properties->lengthInMilliseconds();
+    if (properties->bitrate() > 0)
+        details.bitRate = properties->bitrate();
+}
+
+SongDetails readSongDetails(const QByteArray &path)
+{
+    useSystemCodePageInTags();
+    SongDetails details;
+    try {
+        read(path, details);
+    } catch (const Unreadable &e) {
+        details.failure = e.reason();
+    } catch (const std::bad_alloc &) {
+        details.failure = u"Too large for the memory"_s;
+    } catch (const std::exception &e) {
+        details.failure = QString::fromUtf8(e.what());
+    }
+    return details;
+}
+
+bool isSongName(const QString &fileName)
+{
+    return typeByExtension(extensionOf(fileName)) != nullptr;
+}
+
+} // namespace shell

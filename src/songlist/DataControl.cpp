@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "songlist/DataControl.h"
+
+#include "platform/text/Text.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+/** Statements are joined from pieces, so that one may come with more blanks than another. */
+QString sameStatement(const QString &sql)
+{
+    return sql.simplified();
+}
+
+} // namespace
+
+void DataControl::Refresh()
+{
+    if (m_recordset && m_openedOnce == sameStatement(m_recordSource)) {
+        m_openedSource = m_recordSource;
+        if (hasRows())
+            m_recordset->MoveFirst();
+        notifyRowChanged();
+        return;
+    }
+    try {
+        m_recordset = m_catalogue.CatalogueDb->OpenRecordset(m_recordSource, dao::RecordsetType::Dynaset);
+    } catch (...) {
+        m_recordSource = m_openedSource;
+        throw;
+    }
+    m_openedSource = m_recordSource;
+    if (m_onceDepth > 0)
+        m_openedOnce = sameStatement(m_recordSource);
+    notifySetRebuilt();
+}
+
+dao::Recordset &DataControl::Recordset()
+{
+    if (!m_recordset)
+        throw dao::DaoError(dao::ObjectInvalid, u"No songs are displayed yet."_s);
+    return *m_recordset;
+}
+
+QString DataControl::currentText(const QString &field) const
+{
+    if (!hasRows() || m_recordset->atEOF() || m_recordset->atBOF())
+        return {};
+    return NullToEmpty(m_recordset->value(field));
+}
+
+bool DataControl::findRecord(qint64 recordId)
+{
+    if (!hasRows())
+        return false;
+    m_recordset->FindFirst(u"RecordID = "_s + QString::number(recordId));
+    if (m_recordset->NoMatch())
+        return false;
+    notifyRowChanged();
+    return true;
+}
+
+void DataControl::notifySetRebuilt()
+{
+    for (DataListener *listener : std::vector(m_listeners))
+        listener->setRebuilt();
+}
+
+void DataControl::notifyRowChanged()
+{
+    for (DataListener *listener : std::vector(m_listeners))
+        listener->rowChanged();
+}
+
+void DataControl::Close()
+{
+    m_recordset.reset();
+    m_recordSource.clear();
+    m_openedSource.clear();
+    m_openedOnce.reset();
+    notifySetRebuilt();
+}
+
+void DataControl::addListener(DataListener &listener)
+{
+    m_listeners.push_back(&listener);
+}
+
+void DataControl::removeListener(DataListener &listener)
+{
+    std::erase(m_listeners, &listener);
+}
+
+RefreshOnce::RefreshOnce(DataControl &data) : m_data(data)
+{
+    if (m_data.m_onceDepth++ == 0)
+        m_data.m_openedOnce.reset();
+}
+
+RefreshOnce::~RefreshOnce()
+{
+    if (--m_data.m_onceDepth == 0)
+        m_data.m_openedOnce.reset();
+}
+
+KeepRow::KeepRow(DataControl &data) : m_data(data)
+{
+    if (data.hasRows() && !data.Recordset().atBOF() && !data.Recordset().atEOF())
+        m_mark = data.Recordset().bookmark();
+}
+
+KeepRow::~KeepRow()
+{
+    try {
+        if (m_mark && m_data.hasRows()) {
+            m_data.Recordset().setBookmark(*m_mark);
+            m_data.notifyRowChanged();
+        }
+    } catch (const dao::DaoError &) {
+        // The row is gone, or no longer displayed: the list stays where it is.
+    }
+}
+
+} // namespace quaverly

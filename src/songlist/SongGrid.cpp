@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "songlist/SongGrid.h"
+
+#include "songlist/SongCellDelegate.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+constexpr double TwipsPerPixel = 15.0;
+
+/** Width of a design-time column in average characters: what the heading and a usual song need. */
+int designCharacters(const QString &field)
+{
+    struct Width
+    {
+        QLatin1StringView field;
+        int characters;
+    };
+    static constexpr Width widths[] = {
+        {"Selected"_L1, 3},     {"SongName"_L1, 34},     {"Artist"_L1, 28},     {"Year"_L1, 7},
+        {"AlbumName"_L1, 26},   {"TrackText"_L1, 8},     {"Rating"_L1, 10},     {"Composer"_L1, 20},
+        {"Genre"_L1, 16},       {"PathName"_L1, 40},     {"FileName"_L1, 32},   {"FileType"_L1, 7},
+        {"FileSize"_L1, 11},    {"Duration"_L1, 11},     {"Bitrate"_L1, 11},    {"ID"_L1, 10},
+        {"BPM"_L1, 7},          {"PurchaseDate"_L1, 16}, {"Date2_Desc"_L1, 20}, {"Date2"_L1, 12},
+        {"DateUpdated"_L1, 21}, {"Notes"_L1, 50},
+    };
+    const auto *found =
+        std::find_if(std::begin(widths), std::end(widths), [&](const Width &w) { return w.field == field; });
+    return found == std::end(widths) ? 18 : found->characters;
+}
+
+} // namespace
+
+SongGrid::SongGrid(QWidget *parent) : QTableView(parent)
+{
+    setItemDelegate(new SongCellDelegate(this));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideRight);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setTabKeyNavigation(false);
+    setCornerButtonEnabled(false);
+    // Rows of one height need no memory and no measuring.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->hide();
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(false);
+    horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    tintRows();
+}
+
+void SongGrid::setData(DataControl &control)
+{
+    m_data = &control;
+    m_model = new SongGridModel(control, this);
+    setModel(m_model);
+    connect(m_model, &QAbstractItemModel::modelReset, this, &SongGrid::model_Reset);
+    connect(m_model, &SongGridModel::currentRowChanged, this, &SongGrid::followRecordset);
+    setDesignWidths();
+    model_Reset();
+}
+
+void SongGrid::setRowHeight(double twips)
+{
+    const int pixels = qRound(twips / TwipsPerPixel);
+    verticalHeader()->setDefaultSectionSize(std::max(pixels, fontMetrics().height() + 4));
+}
+
+void SongGrid::setDesignWidths()
+{
+    const int character = fontMetrics().averageCharWidth();
+    for (int i = 0; i < m_model->columnCount(); ++i) {
+        const int heading = fontMetrics().horizontalAdvance(m_model->column(i).caption) + 3 * character;
+        const int wanted = designCharacters(m_model->column(i).dataField) * character;
+        setColumnWidth(i, i == 0 ? wanted + character : std::max(heading, wanted));
+    }
+}
+
+int SongGrid::Row() const
+{
+    return currentIndex().isValid() ? currentIndex().row() - verticalScrollBar()->value() : -1;
+}
+
+int SongGrid::VisibleRows() const
+{
+    return viewport()->height() / std::max(1, verticalHeader()->defaultSectionSize());
+}
+
+void SongGrid::Scroll(int columns, int rows)
+{
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + rows);
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() +
+                                    columns * horizontalScrollBar()->singleStep());
+}
+
+void SongGrid::putArtistFirst(bool artist)
+{
+    const QString moving = artist ? u"Artist"_s : u"SongName"_s;
+    if (m_model->column(2).dataField != moving)
+        return;
+    const int first = columnWidth(1);
+    const int second = columnWidth(2);
+    m_model->swapColumns(1, 2);
+    setColumnWidth(1, second);
+    setColumnWidth(2, first);
+}
+
+void SongGrid::model_Reset()
+{
+    followRecordset();
+    placeEmptyState();
+}
+
+void SongGrid::followRecordset()
+{
+    if (m_following || m_data == nullptr || !m_data->hasRows())
+        return;
+    const QScopedValueRollback following(m_following, true);
+    const auto position = static_cast<int>(m_data->Recordset().AbsolutePosition());
+    if (position < 0)
+        return;
+    const QModelIndex wanted = m_model->index(position, std::max(1, currentIndex().column()));
+    setCurrentIndex(wanted);
+    scrollTo(wanted);
+    viewport()->update();
+}
+
+void SongGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (m_following || m_data == nullptr || !current.isValid() || current.row() == previous.row())
+        return;
+    const QScopedValueRollback following(m_following, true);
+    m_data->Recordset().setAbsolutePosition(current.row());
+    m_data->notifyRowChanged();
+}
+
+void SongGrid::setEmptyState(QWidget *widget)
+{
+    m_emptyState = widget;
+    m_emptyState->setParent(viewport());
+    placeEmptyState();
+}
+
+void SongGrid::placeEmptyState()
+{
+    if (m_emptyState == nullptr)
+        return;
+    m_emptyState->adjustSize();
+    const QSize size = m_emptyState->sizeHint().boundedTo(viewport()->size());
+    m_emptyState->setGeometry(QRect(
+        QPoint((viewport()->width() - size.width()) / 2, (viewport()->height() - size.height()) / 2), size));
+    m_emptyState->setVisible(m_data == nullptr || !m_data->hasRows());
+}
+
+void SongGrid::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    placeEmptyState();
+}
+
+void SongGrid::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && !m_tinting)
+        tintRows();
+}
+
+// Every other row 3 % nearer to the text's colour, and the highlight paler without the focus.
+void SongGrid::tintRows()
+{
+    const QScopedValueRollback tinting(m_tinting, true);
+    QPalette colours = palette();
+    const QColor base = colours.color(QPalette::Active, QPalette::Base);
+    const QColor text = colours.color(QPalette::Active, QPalette::Text);
+    const auto mixed = [](const QColor &a, const QColor &b, double share) {
+        return QColor::fromRgbF(static_cast<float>(a.redF() * (1 - share) + b.redF() * share),
+                                static_cast<float>(a.greenF() * (1 - share) + b.greenF() * share),
+                                static_cast<float>(a.blueF() * (1 - share) + b.blueF() * share));
+    };
+    colours.setColor(QPalette::AlternateBase, mixed(base, text, 0.03));
+    const QColor highlight = colours.color(QPalette::Active, QPalette::Highlight);
+    colours.setColor(QPalette::Inactive, QPalette::Highlight, mixed(highlight, base, 0.65));
+    colours.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+    setPalette(colours);
+}
+
+} // namespace quaverly

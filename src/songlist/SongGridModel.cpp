@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "songlist/SongGridModel.h"
+
+#include "platform/text/Text.h"
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+/** Columns that read better with their ends in line. */
+bool isRightAligned(const QString &field)
+{
+    static constexpr QLatin1StringView right[] = {"Year"_L1,     "TrackText"_L1, "FileSize"_L1,
+                                                  "Duration"_L1, "Bitrate"_L1,   "BPM"_L1};
+    return std::find(std::begin(right), std::end(right), field) != std::end(right);
+}
+
+/** A cell is one line. */
+QString oneLine(QString text)
+{
+    for (QChar &c : text) {
+        if (c == u'\n' || c == u'\r' || c == u'\t')
+            c = u' ';
+    }
+    return text;
+}
+
+} // namespace
+
+SongGridModel::SongGridModel(DataControl &data, QObject *parent) : QAbstractTableModel(parent), m_data(data)
+{
+    for (const SongField *field : gridColumns())
+        m_columns.push_back({field->heading, field->name});
+    m_data.addListener(*this);
+}
+
+SongGridModel::~SongGridModel()
+{
+    m_data.removeListener(*this);
+}
+
+int SongGridModel::rowCount(const QModelIndex &parent) const
+{
+    if (parent.isValid() || !m_data.isOpen())
+        return 0;
+    return static_cast<int>(
+        std::min<qint64>(m_data.Recordset().RecordCount(), std::numeric_limits<int>::max()));
+}
+
+int SongGridModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+QVariant SongGridModel::value(int row, int column) const
+{
+    if (m_places.empty()) {
+        for (const GridColumn &c : m_columns)
+            m_places.push_back(m_data.Recordset().fieldIndex(c.dataField));
+    }
+    const int place = m_places[static_cast<std::size_t>(column)];
+    if (place < 0)
+        return {};
+    try {
+        return m_data.Recordset().valueAt(row, place);
+    } catch (const dao::DaoError &) {
+        return {}; // A row deleted elsewhere stays blank until the next refresh.
+    }
+}
+
+QVariant SongGridModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    if (role == Qt::TextAlignmentRole) {
+        if (index.column() == 0)
+            return QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
+        const bool right = isRightAligned(column(index.column()).dataField);
+        return QVariant::fromValue(Qt::Alignment(right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
+    if (role != Qt::DisplayRole && role != Qt::EditRole)
+        return {};
+    const QVariant stored = value(index.row(), index.column());
+    if (stored.typeId() == QMetaType::QDateTime)
+        return shortDate(stored.toDateTime());
+    return role == Qt::EditRole ? NullToEmpty(stored) : oneLine(NullToEmpty(stored));
+}
+
+QVariant SongGridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return {};
+    if (role == Qt::DisplayRole)
+        return column(section).caption;
+    if (role == Qt::AccessibleTextRole && section == 0)
+        return tr("Mark");
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
+    return {};
+}
+
+void SongGridModel::swapColumns(int first, int second)
+{
+    std::swap(m_columns[static_cast<std::size_t>(first)], m_columns[static_cast<std::size_t>(second)]);
+    m_places.clear();
+    Q_EMIT headerDataChanged(Qt::Horizontal, first, second);
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, first), index(rowCount() - 1, second));
+}
+
+void SongGridModel::setRebuilt()
+{
+    beginResetModel();
+    m_places.clear();
+    endResetModel();
+}
+
+void SongGridModel::rowChanged()
+{
+    Q_EMIT currentRowChanged();
+}
+
+} // namespace quaverly

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/Guard.h"
+#include "support/QtPrinters.h"
+#include "support/ScriptedDesktop.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+using test::ScriptedDesktop;
+
+namespace {
+
+TEST(Guard, AHandlerThatEndsShowsNothing)
+{
+    ScriptedDesktop desktop;
+    bool ran = false;
+    EXPECT_TRUE(guarded(desktop, u"Title"_s, [&ran] { ran = true; }));
+    EXPECT_TRUE(ran);
+}
+
+TEST(Guard, ShowsEveryKindOfErrorAndResetsThePointer)
+{
+    struct Case
+    {
+        std::function<void()> handler;
+        QString text;
+    };
+    const std::vector<Case> cases = {
+        {[] { throw dao::DaoError(3022, u"Déjà vu"_s); }, u"Déjà vu #3022"_s},
+        {[] { throw std::runtime_error("plain"); }, u"plain #3001"_s},
+        {[] { throw std::bad_alloc(); }, u"Out of memory #7"_s},
+        {[] { throw 1; }, u"Unknown error #3001"_s},
+    };
+    for (const Case &one : cases) {
+        ScriptedDesktop desktop;
+        desktop.willSee();
+        const auto handler = [&] {
+            desktop.setHourglass(true);
+            one.handler();
+        };
+        EXPECT_FALSE(guarded(desktop, u"Title"_s, handler, withErrorNumber(u" #"_s)));
+        EXPECT_EQ(desktop.lastCall().text, one.text);
+        EXPECT_EQ(desktop.lastCall().title, u"Title"_s);
+        EXPECT_EQ(desktop.lastCall().icon, Icon::Stop);
+        EXPECT_FALSE(desktop.isHourglassOn());
+    }
+}
+
+TEST(Guard, TheBoxIsTheCallersChoice)
+{
+    ScriptedDesktop desktop;
+    const auto fails = [] { throw dao::DaoError(76, u"Path not found"_s); };
+    desktop.willSee().willSee().willSee();
+
+    guarded(desktop, u"T"_s, fails);
+    EXPECT_EQ(desktop.lastCall().text, u"Path not found"_s);
+    guarded(desktop, u"T"_s, fails, withErrorNumber());
+    EXPECT_EQ(desktop.lastCall().text, u"Path not found.  Error number: 76"_s);
+    guarded(desktop, u"T"_s, fails,
+            {[](const dao::DaoError &e) { return u"No luck: "_s + e.description; }, Icon::Exclamation});
+    EXPECT_EQ(desktop.lastCall().text, u"No luck: Path not found"_s);
+    EXPECT_EQ(desktop.lastCall().icon, Icon::Exclamation);
+}
+
+TEST(Guard, TheHookRunsOnceAfterTheOutermostHandler)
+{
+    ScriptedDesktop desktop;
+    QStringList order;
+    desktop.handlers().afterHandler = [&order] { order += u"hook"_s; };
+    const auto inner = [&order] {
+        order += u"inner"_s;
+        throw std::runtime_error("inner");
+    };
+    desktop.willSee(u"inner"_s).meanwhile([&order] { order += u"box"_s; });
+    guarded(desktop, u"T"_s, [&] {
+        guarded(desktop, u"T"_s, inner);
+        order += u"outer"_s;
+    });
+    EXPECT_EQ(order, (QStringList{u"inner"_s, u"box"_s, u"outer"_s, u"hook"_s}));
+}
+
+TEST(Guard, TheHookRunsBeforeTheOuterBoxAndItsOwnErrorIsShownToo)
+{
+    ScriptedDesktop desktop;
+    bool settled = false;
+    desktop.handlers().afterHandler = [&settled] {
+        settled = true;
+        throw dao::DaoError(61, u"Disk full"_s);
+    };
+    desktop.willSee(u"first"_s).meanwhile([&settled] { EXPECT_TRUE(settled); }).willSee(u"Disk full"_s);
+    EXPECT_FALSE(guarded(desktop, u"T"_s, [] { throw std::runtime_error("first"); }));
+}
+
+} // namespace

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/options/Folders.h"
+#include "platform/options/OptionsStore.h"
+#include "platform/store/DaoError.h"
+#include "support/QtPrinters.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+
+namespace {
+
+const auto Section = QString::fromUtf16(OptionsSection);
+
+class Options : public ::testing::Test
+{
+protected:
+    [[nodiscard]] QString file() const { return m_folder.filePath(u"deep/below/Quaverly.ini"_s); }
+    void write(const QByteArray &bytes) const
+    {
+        QDir().mkpath(QFileInfo(file()).path());
+        QFile out(file());
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(bytes);
+    }
+    void expectSaveFails(const QString &path) const
+    {
+        try {
+            OptionsStore(path).SaveSetting(Section, u"Font"_s, u"Arial"_s);
+            FAIL() << "no error";
+        } catch (const dao::DaoError &error) {
+            EXPECT_EQ(error.number, dao::PathFileAccess);
+            EXPECT_TRUE(error.description.contains(path));
+        }
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(Options, KeepsEveryTextBetweenRuns)
+{
+    const QStringList values = {u"Arial"_s,    u""_s,         u"/home/änna/My Music/"_s, u"a, b; c=d #e"_s,
+                                u"@Variant"_s, u"  blank "_s, u"\"quoted\"\\"_s,         u"two\nlines"_s};
+    for (const QString &value : values) {
+        OptionsStore(file()).SaveSetting(Section, u"Database Location"_s, value);
+        EXPECT_EQ(OptionsStore(file()).GetSetting(Section, u"Database Location"_s, u"none"_s), value);
+    }
+}
+
+TEST_F(Options, KeysAndSectionsAreApart)
+{
+    OptionsStore store(file());
+    store.SaveSetting(Section, u"Checkbox FileName Change Warning"_s, u"1"_s);
+    store.SaveSetting(Section, u"Checkbox PathName Change Warning"_s, u"0"_s);
+    EXPECT_EQ(store.GetSetting(Section, u"Checkbox FileName Change Warning"_s), u"1"_s);
+    EXPECT_EQ(store.GetSetting(Section, u"Checkbox PathName Change Warning"_s), u"0"_s);
+    EXPECT_EQ(store.GetSetting(u"Other"_s, u"Checkbox FileName Change Warning"_s, u"x"_s), u"x"_s);
+    EXPECT_EQ(store.GetSetting(Section, u"Font"_s), QString());
+}
+
+TEST_F(Options, SeesWhatAnotherProgramRunSaved)
+{
+    OptionsStore first(file());
+    first.SaveSetting(Section, u"Font"_s, u"Arial"_s);
+    write("[Options]\nFont=Edited by hand, twice\n");
+    EXPECT_EQ(first.GetSetting(Section, u"Font"_s), u"Edited by hand, twice"_s);
+}
+
+TEST_F(Options, ADamagedFileReadsAsDefaultsAndTakesNewValues)
+{
+    for (const QByteArray &damage :
+         {QByteArray("[Options\nFont"), QByteArray(4096, '\0'), QByteArray("\xFF\xFE[\x00O\x00", 6),
+          QByteArray("=\n]]\nOptions\\Font=@Variant(\\0\\0\\xff)\n")}) {
+        write(damage);
+        EXPECT_EQ(OptionsStore(file()).GetSetting(Section, u"Font"_s, u"Arial"_s), u"Arial"_s);
+        OptionsStore(file()).SaveSetting(Section, u"Font"_s, u"Sans"_s);
+        EXPECT_EQ(OptionsStore(file()).GetSetting(Section, u"Font"_s), u"Sans"_s);
+    }
+}
+
+TEST_F(Options, AFileThatCannotBeWrittenSaysSoAndReadsAsDefaults)
+{
+    ASSERT_TRUE(QDir().mkpath(file())); // a folder stands in its place
+    expectSaveFails(file());
+    EXPECT_EQ(OptionsStore(file()).GetSetting(Section, u"Font"_s, u"Arial"_s), u"Arial"_s);
+    expectSaveFails(u"/proc/quaverly/Quaverly.ini"_s);
+}
+
+/** Sets an environment variable for the length of a scope. */
+class Environment final
+{
+public:
+    Environment(const char *name, const QByteArray &value) : m_name(name), m_before(qgetenv(name))
+    {
+        qputenv(name, value);
+    }
+    ~Environment() { qputenv(m_name, m_before); }
+    Environment(const Environment &) = delete;
+    Environment &operator=(const Environment &) = delete;
+
+private:
+    const char *m_name;
+    QByteArray m_before;
+};
+
+TEST(Folders, EachHasItsHomeAndIsMadeOnDemand)
+{
+    const QTemporaryDir home;
+    struct Case
+    {
+        const char *variable;
+        QString (*folder)();
+        QString underHome;
+    };
+    const std::vector<Case> cases = {
+        {"XDG_CONFIG_HOME", folders::config, u".config"_s},
+        {"XDG_DATA_HOME", folders::data, u".local/share"_s},
+        {"XDG_STATE_HOME", folders::state, u".local/state"_s},
+        {"XDG_CACHE_HOME", folders::cache, u".cache"_s},
+    };
+    const Environment user("HOME", QFile::encodeName(home.path()));
+    for (const Case &one : cases) {
+        for (const QByteArray &none : {QByteArray(), QByteArray("relative/folder")}) {
+            const Environment unset(one.variable, none);
+            EXPECT_EQ(one.folder(), home.filePath(one.underHome) + u"/Quaverly/"_s);
+            EXPECT_TRUE(QFileInfo(one.folder()).isDir());
+        }
+        const Environment set(one.variable, QFile::encodeName(home.filePath(u"x/y/"_s)));
+        EXPECT_EQ(one.folder(), home.filePath(u"x/y/Quaverly/"_s));
+        EXPECT_TRUE(QFileInfo(one.folder()).isDir());
+    }
+}
+
+TEST(Folders, TheRuntimeFolderIsForTheUserAlone)
+{
+    const QTemporaryDir base;
+    const Environment temp("TMPDIR", QFile::encodeName(base.path()));
+    const auto privately = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    {
+        const Environment runtime("XDG_RUNTIME_DIR", QFile::encodeName(base.path()));
+        ASSERT_TRUE(QDir().mkdir(base.filePath(u"Quaverly"_s)));
+        ASSERT_TRUE(QFile::setPermissions(base.filePath(u"Quaverly"_s), privately | QFile::ReadOther));
+        EXPECT_EQ(folders::runtime(), base.filePath(u"Quaverly/"_s));
+        EXPECT_FALSE(QFileInfo(folders::runtime()).permissions() & QFile::ReadOther);
+    }
+    const Environment runtime("XDG_RUNTIME_DIR", "");
+    const QString own = u"Quaverly-"_s + QString::number(::geteuid());
+    EXPECT_EQ(folders::runtime(), base.filePath(own + u"/"_s));
+
+    // A link that somebody else may have put there is not followed.
+    ASSERT_TRUE(QDir().rmdir(base.filePath(own)));
+    ASSERT_TRUE(QFile::link(base.filePath(u"Quaverly"_s), base.filePath(own)));
+    EXPECT_EQ(folders::runtime(), folders::cache());
+}
+
+} // namespace

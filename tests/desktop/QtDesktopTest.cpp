@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/QtDesktop.h"
+#include "desktop/OnScreenKeyboard.h"
+#include "platform/options/OptionsStore.h"
+#include "support/QtPrinters.h"
+#include "support/UserActs.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+using test::child;
+
+namespace {
+
+class TheDesktop : public ::testing::Test
+{
+protected:
+    [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
+    QString make(const QString &name) const
+    {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return file.fileName();
+    }
+
+    QTemporaryDir m_folder;
+    OptionsStore m_options{m_folder.filePath(u"Quaverly.ini"_s)};
+    QtDesktop desktop{m_options};
+};
+
+void press(QWidget &dialog, QMessageBox::StandardButton button)
+{
+    test::click(dynamic_cast<QMessageBox &>(dialog).button(button));
+}
+
+TEST_F(TheDesktop, MessageBoxesGiveTheButtonPressed)
+{
+    struct Case
+    {
+        Buttons buttons;
+        QMessageBox::StandardButton press;
+        Answer answer;
+    };
+    for (const Case &one : {Case{Buttons::Ok, QMessageBox::Ok, Answer::Ok},
+                            {Buttons::OkCancel, QMessageBox::Ok, Answer::Ok},
+                            {Buttons::OkCancel, QMessageBox::Cancel, Answer::Cancel},
+                            {Buttons::YesNo, QMessageBox::Yes, Answer::Yes},
+                            {Buttons::YesNo, QMessageBox::No, Answer::No}}) {
+        test::inDialog([&one](QWidget &box) { press(box, one.press); });
+        EXPECT_EQ(desktop.MessageBox(u"Text"_s, u"T"_s, Icon::Question, one.buttons), one.answer);
+    }
+}
+
+TEST_F(TheDesktop, EnterTakesTheDefaultAndEscTheHarmlessButton)
+{
+    struct Case
+    {
+        Buttons buttons;
+        std::optional<Answer> byDefault;
+        Qt::Key key;
+        Answer answer;
+    };
+    for (const Case &one : {Case{Buttons::YesNo, Answer::No, Qt::Key_Return, Answer::No},
+                            {Buttons::YesNo, std::nullopt, Qt::Key_Return, Answer::Yes},
+                            {Buttons::OkCancel, Answer::Cancel, Qt::Key_Return, Answer::Cancel},
+                            {Buttons::YesNo, Answer::Yes, Qt::Key_Escape, Answer::No},
+                            {Buttons::OkCancel, std::nullopt, Qt::Key_Escape, Answer::Cancel},
+                            {Buttons::Ok, std::nullopt, Qt::Key_Escape, Answer::Ok}}) {
+        test::inDialog([&one](QWidget &box) { QTest::keyClick(&box, one.key); });
+        EXPECT_EQ(desktop.MessageBox(u"Text"_s, u"T"_s, Icon::None, one.buttons, one.byDefault), one.answer);
+    }
+}
+
+TEST_F(TheDesktop, MessageTextsAreShownAsTheyStand)
+{
+    test::inDialog([](QWidget &dialog) {
+        auto &box = dynamic_cast<QMessageBox &>(dialog);
+        EXPECT_EQ(box.text(), u"<b>R&B</b>\nnext  line"_s);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.icon(), QMessageBox::Warning);
+        EXPECT_EQ(box.windowTitle(), u"File not added"_s);
+        press(dialog, QMessageBox::Ok);
+    });
+    desktop.MessageBox(u"<b>R&B</b>\r\nnext  line"_s, u"File not added"_s, Icon::Exclamation);
+}
+
+TEST_F(TheDesktop, PromptsMaskPasswords)
+{
+    test::inDialog([](QWidget &form) {
+        auto *field = child<QLineEdit>(form, u"txtInput"_s);
+        test::type(field, u"se"_s);
+        EXPECT_EQ(field->displayText(), u"**"_s);
+        test::key(field, Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop.InputPrompt(u"Type your password."_s, u"Password?"_s, {}, true), u"se"_s);
+}
+
+TEST_F(TheDesktop, AWarningGoesOnEvenIfItsCheckBoxCannotBeKept)
+{
+    OptionsStore nowhere(u"/proc/quaverly/Quaverly.ini"_s);
+    QtDesktop other(nowhere);
+    test::inDialog([](QWidget &form) {
+        test::inDialog([](QWidget &box) { press(box, QMessageBox::Ok); });
+        test::click(form, u"cmdOK"_s);
+    });
+    EXPECT_TRUE(other.ShowWarning(u"Careful!"_s, u"Key"_s));
+    test::inDialog([](QWidget &form) { test::click(form, u"cmdCancel"_s); });
+    EXPECT_FALSE(desktop.ShowWarning(u"Careful!"_s, u"Key"_s));
+}
+
+TEST_F(TheDesktop, TheOpenDialogOffersTheFiltersAndGivesTheFullPath)
+{
+    const QString song = make(u"Song & Co.MP3"_s);
+    test::inDialog([](QWidget &dialog) {
+        auto &files = dynamic_cast<QFileDialog &>(dialog);
+        EXPECT_EQ(files.windowTitle(), u"Select a music file"_s);
+        EXPECT_EQ(files.nameFilters(),
+                  (QStringList{u"Music files (*.mp3;*.m4a) (*.mp3 *.m4a)"_s, u"All Files (*.*) (*)"_s}));
+        EXPECT_EQ(child<QComboBox>(dialog, u"fileTypeCombo"_s)->itemText(0), u"Music files (*.mp3;*.m4a)"_s);
+        test::retype(child<QLineEdit>(dialog, u"fileNameEdit"_s), u"Song & Co.MP3"_s);
+        test::key(child<QLineEdit>(dialog, u"fileNameEdit"_s), Qt::Key_Return);
+    });
+    const FileQuestion question = {u"Select a music file"_s,
+                                   u"Music files (*.mp3;*.m4a)|*.mp3;*.m4a|All Files (*.*)|*.*"_s,
+                                   m_folder.path() + u"/"_s, QString()};
+    EXPECT_EQ(desktop.ShowOpenDialog(question), song);
+}
+
+TEST_F(TheDesktop, TheSaveDialogCompletesTheNameAndNeverTakesAPattern)
+{
+    const FileQuestion question = {u"Save"_s, u"rtf Files & (*.rtf)|*.rtf|All Files (*.*)|*.*"_s,
+                                   path(u"gone/for/good/"_s), u"*.rtf"_s};
+    test::inDialog([this](QWidget &dialog) {
+        auto *field = child<QLineEdit>(dialog, u"fileNameEdit"_s);
+        EXPECT_EQ(field->text(), QString());
+        EXPECT_EQ(field->placeholderText(), u"*.rtf"_s);
+        EXPECT_EQ(dynamic_cast<QFileDialog &>(dialog).directory().path(), m_folder.path());
+        test::type(field, u"report"_s);
+        test::key(field, Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop.ShowSaveDialog(question), path(u"report.rtf"_s));
+    test::inDialog([](QWidget &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(desktop.ShowSaveDialog(question), std::nullopt);
+}
+
+TEST_F(TheDesktop, TheFolderDialogShowsItsPromptAndEndsInASeparator)
+{
+    ASSERT_TRUE(QDir().mkdir(path(u"Abba"_s)));
+    test::inDialog([](QWidget &dialog) {
+        EXPECT_EQ(child<QLabel>(dialog, u"lblPrompt"_s)->text(), u"Add a Folder"_s);
+        test::type(child<QLineEdit>(dialog, u"fileNameEdit"_s), u"Abba"_s);
+        test::key(child<QLineEdit>(dialog, u"fileNameEdit"_s), Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop.BrowseForFolder(u"Add a Folder"_s, u"Select a Folder"_s, m_folder.path()),
+              path(u"Abba/"_s));
+    test::inDialog([](QWidget &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(desktop.BrowseForFolder(u"P"_s, u"T"_s, m_folder.path()), QString());
+}
+
+bool isBusy()
+{
+    const QCursor *cursor = QGuiApplication::overrideCursor();
+    return cursor && cursor->shape() == Qt::WaitCursor;
+}
+
+TEST_F(TheDesktop, TheBusyPointerNestsAndRestsInDialogs)
+{
+    {
+        const Hourglass outer(desktop);
+        {
+            const Hourglass inner(desktop);
+        }
+        EXPECT_TRUE(isBusy());
+        test::inDialog([](QWidget &box) {
+            EXPECT_FALSE(isBusy());
+            press(box, QMessageBox::Ok);
+        });
+        desktop.MessageBox(u"Text"_s, u"T"_s);
+        EXPECT_TRUE(isBusy());
+        desktop.resetPointer();
+        EXPECT_FALSE(isBusy());
+    }
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    const Hourglass again(desktop);
+    EXPECT_TRUE(isBusy());
+}
+
+TEST_F(TheDesktop, TheWaitingWindowGoesWithItsHandleOrAtAClick)
+{
+    const auto form = [] {
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == u"WorkingForm"_s && window->isVisible())
+                return window;
+        }
+        return static_cast<QWidget *>(nullptr);
+    };
+    auto handle = desktop.ShowWorkingForm(u"Report is running..."_s, u"Please wait..."_s, true);
+    desktop.letEventsRun();
+    ASSERT_TRUE(form());
+    EXPECT_TRUE(child<QWidget>(*form(), u"Label1"_s)->isVisible());
+    handle.reset();
+    EXPECT_FALSE(form());
+
+    handle = desktop.ShowWorkingForm(u"Report is running..."_s, u"Please wait..."_s, false);
+    test::click(form());
+    desktop.letEventsRun();
+    EXPECT_FALSE(form());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    handle->setMsg(u"still working"_s);
+    handle->setBar(3000);
+    EXPECT_EQ(handle->bar(), 3000);
+}
+
+TEST_F(TheDesktop, EventsGetThroughABusyLoopAFewTimesASecond)
+{
+    bool ran = false;
+    QTimer::singleShot(0, qApp, [&ran] { ran = true; });
+    EXPECT_TRUE(QTest::qWaitFor([this] { return desktop.inputWaiting(); }));
+    desktop.letEventsRun();
+    EXPECT_TRUE(ran);
+    EXPECT_FALSE(desktop.inputWaiting());
+}
+
+TEST_F(TheDesktop, OneKeyboardIsStartedAtATime)
+{
+    QFile program(path(u"keyboard"_s));
+    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+    program.write("#!/bin/sh\necho $$ >> \"$0.pids\"\nexec sleep 600\n");
+    program.close();
+    program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    OnScreenKeyboard keyboard({path(u"missing"_s), program.fileName()});
+    EXPECT_TRUE(keyboard.show());
+    EXPECT_TRUE(keyboard.show());
+
+    QByteArray started;
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        QFile pids(path(u"keyboard.pids"_s));
+        started = pids.open(QIODevice::ReadOnly) ? pids.readAll() : QByteArray();
+        return started.endsWith('\n');
+    }));
+    EXPECT_EQ(started.count('\n'), 1);
+    ::kill(started.trimmed().toInt(), SIGKILL);
+    EXPECT_FALSE(OnScreenKeyboard({path(u"missing"_s)}).show());
+}
+
+} // namespace

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "intake/IntakeFixture.h"
+#include "intake/SampleBytes.h"
+#include "support/UserActs.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QDir>
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly::test {
+
+TEST_F(IntakeTest, NothingIsAddedWhileThePlayerRuns)
+{
+    m_player.PlayerOpen = true;
+    for (const auto command : {&AddCommands::AddMusicFolder_Click, &AddCommands::AddOneMusicFile_Click,
+                               &AddCommands::ScanFiles_Click}) {
+        m_desktop.willSee(u"Cannot Add records while playing songs. End the Player first."_s);
+        ((*m_commands).*command)();
+        EXPECT_EQ(m_desktop.lastCall().title, u"Add not allowed"_s);
+        EXPECT_EQ(m_desktop.lastCall().icon, Icon::Information);
+    }
+    EXPECT_EQ(m_mainScreen.pics3Unloads, 0);
+}
+
+TEST_F(IntakeTest, AddMusicFolderAsksForAFolder)
+{
+    write(u"a.mp3"_s, mp3File({}));
+    m_desktop.willBrowse({});
+    m_commands->AddMusicFolder_Click();
+    EXPECT_EQ(m_desktop.lastCall().startFolder, QDir::currentPath());
+    EXPECT_EQ(m_desktop.lastCall().text, u"Add a Folder of Music Files including subfolders"_s);
+    EXPECT_EQ(m_desktop.lastCall().title, u"Select a Folder"_s);
+    EXPECT_EQ(m_mainScreen.pics3Unloads, 1);
+    EXPECT_EQ(m_mainScreen.gridFocuses, 0);
+
+    m_mainScreen.screens = 2;
+    m_state.CancelScan = true;
+    m_desktop.willBrowse(music()).willSee(u"added to database: 1"_s);
+    m_commands->AddMusicFolder_Click();
+    EXPECT_EQ(m_mainScreen.playFormUnloads, 1);
+    EXPECT_TRUE(m_player.RestartingFolderPlayer);
+    EXPECT_EQ(m_mainScreen.gridFocuses, 1);
+    EXPECT_EQ(m_state.MusicFolder, music());
+}
+
+TEST_F(IntakeTest, AddOneMusicFileAsksForAFile)
+{
+    write(u"one.mp3"_s, mp3File({}));
+    m_state.MusicFolder = music().chopped(1);
+    m_desktop.willOpen(std::nullopt);
+    m_commands->AddOneMusicFile_Click();
+    EXPECT_EQ(m_desktop.lastCall().title, u"Select a music file"_s);
+    EXPECT_EQ(m_desktop.lastCall().startFolder, music());
+    EXPECT_EQ(m_desktop.lastCall().filter,
+              u"Music files (*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.mp4;*.aac)|"
+              "*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.mp4;*.aac|All Files (*.*)|*.*"_s);
+
+    m_desktop.willOpen(music(u"gone.mp3"_s)).willSee();
+    m_commands->AddOneMusicFile_Click();
+    EXPECT_EQ(m_desktop.lastCall().text,
+              u"The file name you selected cannot be added to Quaverly, likely because it "
+              "contains invalid characters in the file name.\n"
+              "Rename this file on your computer first."_s);
+    EXPECT_EQ(m_desktop.lastCall().title, u"File not added"_s);
+    EXPECT_EQ(m_desktop.lastCall().icon, Icon::Exclamation);
+
+    m_desktop.willOpen(music(u"one.mp3"_s)).willSee(u"added to database: 1"_s);
+    m_commands->AddOneMusicFile_Click();
+    EXPECT_EQ(stored(u"PathName"_s) + stored(u"FileName"_s), music(u"one.mp3"_s));
+}
+
+namespace {
+
+/** The platform's shell, with the music folder as its only drive. */
+class OneDriveShell final : public shell::Shell
+{
+public:
+    explicit OneDriveShell(QString mountPoint) : m_mountPoint(std::move(mountPoint)) {}
+    [[nodiscard]] std::unique_ptr<shell::Folder> NameSpace(const QString &folder) override
+    {
+        return m_real->NameSpace(folder);
+    }
+    [[nodiscard]] std::vector<shell::Entry> search(const QString &folder, QStringList *refused) override
+    {
+        return m_real->search(folder, refused);
+    }
+    [[nodiscard]] std::optional<shell::FolderIdentity> identity(const QString &folder) override
+    {
+        return m_real->identity(folder);
+    }
+    [[nodiscard]] std::vector<shell::Drive> drives() override
+    {
+        return {{{}, u"root"_s, 1}, {m_mountPoint, u"STICK"_s, 1}};
+    }
+    [[nodiscard]] int versionMajor() const override { return 6; }
+    [[nodiscard]] double version() const override { return 6.2; }
+    [[nodiscard]] bool hideFileExt() const override { return false; }
+
+private:
+    std::unique_ptr<shell::Shell> m_real = shell::makeShell();
+    QString m_mountPoint;
+};
+
+class ScanDriveTest : public IntakeTest
+{
+protected:
+    ScanDriveTest()
+    {
+        for (int i = 0; i < 30; ++i)
+            write(u"%1/%1.ogg"_s.arg(i), oggFile({}));
+        m_forms =
+            std::make_unique<ScanForms>(m_desktop, m_mainScreen, m_state, m_drives, &m_mainScreen.window);
+        m_loader = std::make_unique<MusicLoader>(IntakeParts{m_desktop,
+                                                             m_mainScreen,
+                                                             m_drives,
+                                                             m_catalogue,
+                                                             m_state,
+                                                             *m_forms,
+                                                             {[] { return 0.0; },
+                                                              [] {
+                                                                  return QDateTime({2026, 1, 1}, {}, Qt::UTC);
+                                                              }},
+                                                             {},
+                                                             [] { return std::nullopt; }});
+        m_commands = std::make_unique<AddCommands>(m_desktop, m_mainScreen, m_player, m_state, *m_loader,
+                                                   [this] { m_forms->showScanDriveForm(*m_loader); });
+    }
+
+    void choose(const QString &drive)
+    {
+        auto *cmbDrive = child<QComboBox>(*driveForm(), u"cmbDrive"_s);
+        cmbDrive->hidePopup();
+        cmbDrive->setCurrentText(drive);
+    }
+    [[nodiscard]] QString text(const QString &label) const
+    {
+        return child<QLabel>(*driveForm(), label)->text();
+    }
+    [[nodiscard]] QPushButton *button(const QString &name) const
+    {
+        return child<QPushButton>(*driveForm(), name);
+    }
+
+    OneDriveShell m_drives{music().chopped(1)};
+};
+
+} // namespace
+
+TEST_F(ScanDriveTest, OpensWithoutADrive)
+{
+    m_commands->ScanFiles_Click();
+    auto *cmbDrive = child<QComboBox>(*driveForm(), u"cmbDrive"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cmbDrive->view()->isVisible(); })) << "the list opens by itself";
+    EXPECT_TRUE(driveForm()->isModal());
+    EXPECT_EQ(driveForm()->windowTitle(), u"Add All Music Files (Scan Entire Drive)"_s);
+    EXPECT_EQ(text(u"lblDriveChosen"_s), u"No drive selected"_s);
+    EXPECT_TRUE(text(u"lblWarning"_s)
+                    .startsWith(u"Warning: this can take a long time.  If you have 100,000 songs"_s));
+    EXPECT_FALSE(button(u"cmdLoad"_s)->isEnabled());
+    choose(u"/"_s);
+    EXPECT_EQ(text(u"lblDriveChosen"_s), u"/ drive selected"_s);
+    EXPECT_TRUE(button(u"cmdLoad"_s)->isEnabled());
+    click(button(u"cmdExit"_s));
+    EXPECT_FALSE(driveForm()->isVisible());
+    EXPECT_EQ(m_mainScreen.showAlls, 1);
+}
+
+TEST_F(ScanDriveTest, ScansTheDriveAndCloses)
+{
+    m_mainScreen.screens = 3;
+    m_commands->ScanFiles_Click();
+    choose(music().chopped(1));
+    m_desktop.atEvents(8, [&] {
+        EXPECT_EQ(text(u"lblWait"_s), u"Gathering data..."_s);
+        EXPECT_EQ(text(u"lblWarning"_s), u"Scanning in progress...\nPlease wait..."_s);
+        EXPECT_TRUE(child<QFrame>(*driveForm(), u"ProgressFrame"_s)->isVisible());
+        EXPECT_FALSE(button(u"cmdLoad"_s)->isEnabled());
+        EXPECT_FALSE(m_mainScreen.window.isEnabled());
+        m_desktop.willSee(
+            u"You must press the Cancel button to cancel the scan before closing this window"_s);
+        driveForm()->close();
+        EXPECT_TRUE(driveForm()->isVisible());
+        EXPECT_EQ(m_desktop.lastCall().title, u"Can not close"_s);
+        m_desktop.willSee(u"added to database: 30\r"_s).meanwhile([&] {
+            EXPECT_EQ(button(u"cmdExit"_s)->text(), u"Exit"_s);
+            EXPECT_TRUE(driveForm()->isVisible());
+        });
+    });
+    click(button(u"cmdLoad"_s));
+    EXPECT_EQ(m_mainScreen.playFormUnloads, 1);
+    EXPECT_FALSE(driveForm()->isVisible());
+    EXPECT_TRUE(m_mainScreen.window.isEnabled());
+
+    m_commands->ScanFiles_Click();
+    EXPECT_EQ(text(u"lblDriveChosen"_s), u"No drive selected"_s) << "as it was at first";
+    EXPECT_FALSE(child<QFrame>(*driveForm(), u"ProgressFrame"_s)->isVisible());
+}
+
+TEST_F(ScanDriveTest, CancelEndsTheScan)
+{
+    m_commands->ScanFiles_Click();
+    choose(music().chopped(1));
+    for (int i = 10; i < 300; ++i) {
+        m_desktop.atEvents(i, [&] {
+            if (text(u"lblRecsAdded"_s).toInt() >= 10 && driveForm()->isVisible()) {
+                EXPECT_EQ(button(u"cmdExit"_s)->text(), u"Cancel"_s);
+                click(button(u"cmdExit"_s));
+            }
+        });
+    }
+    click(button(u"cmdLoad"_s));
+    EXPECT_FALSE(driveForm()->isVisible());
+    EXPECT_TRUE(m_mainScreen.window.isEnabled());
+    EXPECT_FALSE(m_state.CancelScan);
+    EXPECT_TRUE(m_desktop.calls().isEmpty()) << "no statistics";
+    EXPECT_LT(stored(u"FileName"_s).split(u'|').size(), 30);
+}
+
+} // namespace quaverly::test

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "intake/IntakeFixture.h"
+#include "intake/SampleBytes.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly::test {
+
+TEST_F(IntakeTest, HostileFilesDoNotKeepTheGoodOnesOut)
+{
+    const QByteArray song = mp3File({{"TIT2", "Good"}});
+    const QByteArray hugeAtom = m4aFile(textAtom("\251nam", "n")) + QByteArray::fromHex("7fffffff") + "mdat";
+    const QByteArray negativeAtom = QByteArray::fromHex("80000000") + "ftypM4A ";
+    const QString longName = QString(251, u'n') + u".mp3"_s;
+    write(u"empty.mp3"_s, {});
+    write(u"empty.flac"_s, {});
+    write(u"text.mp3"_s, "This is a letter, no song.\n");
+    write(u"cut.m4a"_s, m4aFile(textAtom("\251nam", "n")).left(150));
+    write(u"huge.m4a"_s, hugeAtom);
+    write(u"negative.m4a"_s, negativeAtom);
+    write(u"a\nline.mp3"_s, song);
+    write(u"it's \"quoted\".mp3"_s, song);
+    write(longName, song);
+    write(u"zz/last.mp3"_s, song);
+    write(u"sparse.wav"_s, wavFile());
+    ASSERT_TRUE(QFile(music(u"sparse.wav"_s)).resize(qint64(2) << 30));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(music(u"fifo.mp3"_s)).constData(), 0600), 0);
+    ASSERT_EQ(::symlink("/dev/zero", QFile::encodeName(music(u"device.mp3"_s)).constData()), 0);
+    QDir().mkpath(music(u"folder.mp3"_s));
+    ASSERT_TRUE(QFile::copy(music(u"zz/last.mp3"_s), music(u"latin.mp3"_s)));
+    ASSERT_EQ(::rename(QFile::encodeName(music(u"latin.mp3"_s)).constData(),
+                       QByteArray(QFile::encodeName(music()) + "caf\xE9.mp3").constData()),
+              0);
+
+    EXPECT_TRUE(scan().startsWith(u"Number of songs added to database: 11\r"_s));
+    EXPECT_EQ(stored(u"SongName"_s, longName).toString(), u"Good"_s);
+    EXPECT_EQ(stored(u"SongName"_s, u"a\nline.mp3"_s).toString(), u"Good"_s);
+    EXPECT_EQ(stored(u"SongName"_s, u"it's \"quoted\".mp3"_s).toString(), u"Good"_s);
+    EXPECT_EQ(stored(u"PathName"_s, u"last.mp3"_s).toString(), music(u"zz/"_s));
+    EXPECT_EQ(stored(u"SongName"_s, u"text.mp3"_s).toString(), u"text.mp3"_s);
+
+    const QStringList lines = report().split(u'\n', Qt::SkipEmptyParts);
+    const auto isReported = [&](const QString &path) {
+        return std::any_of(lines.begin(), lines.end(), [&](const QString &line) {
+            return line.section(u'\t', 0, 0) == path && !line.section(u'\t', 1).isEmpty();
+        });
+    };
+    for (const char16_t *name :
+         {u"empty.mp3", u"empty.flac", u"text.mp3", u"fifo.mp3", u"device.mp3", u"caf\uFFFD.mp3"})
+        EXPECT_TRUE(isReported(music(QString::fromUtf16(name)))) << QString::fromUtf16(name).toStdString();
+    EXPECT_FALSE(isReported(music(u"zz/last.mp3"_s)));
+    EXPECT_TRUE(scan().contains(u"already in database: 11\r"_s));
+    // No QString names it, so that the folder's own tidying would leave it.
+    ::unlink((QFile::encodeName(music()) + "caf\xE9.mp3").constData());
+}
+
+TEST_F(IntakeTest, WhatVanishesDuringTheScanIsPassedOver)
+{
+    for (const char16_t *name : {u"a/1.mp3", u"b/2.mp3", u"c/3.mp3", u"c/4.ogg"})
+        write(QString::fromUtf16(name), mp3File({}));
+    // By then the folders are gathered.
+    m_desktop.atEvents(12, [&] {
+        EXPECT_TRUE(QDir(music(u"b"_s)).removeRecursively());
+        EXPECT_TRUE(QFile::remove(music(u"c/3.mp3"_s)));
+    });
+    scan();
+    EXPECT_EQ(stored(u"FileName"_s), u"1.mp3|4.ogg"_s);
+    EXPECT_EQ(report(), music(u"b/"_s) + u"\tThe folder can't be read\n"_s);
+}
+
+TEST_F(IntakeTest, UnreadableMusicIsAddedByItsName)
+{
+    write(u"locked.mp3"_s, mp3File({{"TIT2", "Hidden"}}));
+    write(u"locked.ogg"_s, oggFile({"TITLE=Hidden"}));
+    for (const char16_t *name : {u"locked.mp3", u"locked.ogg"})
+        QFile::setPermissions(music(QString::fromUtf16(name)), {});
+    scan();
+    EXPECT_EQ(stored(u"FileName"_s), u"locked.mp3|locked.ogg"_s);
+    // Rights don't hold the system's administrator off.
+    const bool isRoot = ::geteuid() == 0;
+    EXPECT_EQ(stored(u"SongName"_s), isRoot ? u"Hidden|Hidden"_s : u"locked.mp3|locked.ogg"_s);
+    EXPECT_EQ(report().count(u'\n'), isRoot ? 0 : 2);
+}
+
+TEST_F(IntakeTest, WithoutACatalogueTheScanStillEnds)
+{
+    write(u"a.mp3"_s, mp3File({}));
+    write(u"b.mp3"_s, mp3File({}));
+    m_catalogue.CatalogueDb.reset();
+    EXPECT_TRUE(scan().startsWith(u"Number of songs added to database: 2\r"_s))
+        << "a refused row counts as well";
+    EXPECT_TRUE(report().contains(music(u"b.mp3"_s)));
+    EXPECT_TRUE(m_mainScreen.window.isEnabled());
+}
+
+} // namespace quaverly::test

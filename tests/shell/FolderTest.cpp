@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/shell/Shell.h"
+#include "samples/Corpus.h"
+#include "samples/SampleMaker.h"
+#include "shell/TagBytes.h"
+
+#include <QDir>
+#include <QDirIterator>
+
+#include <algorithm>
+#include <random>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Folders : public ShellFixture
+{
+protected:
+    [[nodiscard]] QStringList names(const shell::ShellTraits &traits = {}) const
+    {
+        const auto folder = shell::makeShell(traits)->NameSpace(m_folder.path() + u'/');
+        QStringList result;
+        for (qsizetype i = 0; folder && i < folder->count(); ++i)
+            result += folder->item(i).name();
+        return result;
+    }
+    [[nodiscard]] QString column(const QString &name, int column) const
+    {
+        const auto folder = shell::makeShell()->NameSpace(m_folder.path());
+        for (qsizetype i = 0; folder && i < folder->count(); ++i) {
+            if (folder->item(i).name() == name)
+                return folder->item(i).detail(column);
+        }
+        return u"(not found)"_s;
+    }
+};
+
+TEST_F(Folders, ListTheirItemsInNaturalOrder)
+{
+    const QStringList ordered{u"1 one.mp3"_s, u"2 two.mp3"_s,  u"10 ten.mp3"_s, u"a.mp3"_s, u"A.mp3"_s,
+                              u"b2"_s,        u"b10"_s,        u"é.mp3"_s,      u"Z.mp3"_s, u"z10.mp3"_s,
+                              u"Ж.mp3"_s,     u"東京 3.mp3"_s, u"東京 20.mp3"_s};
+    QStringList shuffled = ordered;
+    std::ranges::shuffle(shuffled, std::mt19937(5)); // NOLINT: the same each time is what is wanted
+    for (const QString &name : shuffled) {
+        if (name.endsWith("mp3"_L1))
+            write(name, "x");
+        else
+            ASSERT_TRUE(QDir().mkdir(path(name)));
+    }
+    EXPECT_EQ(names(), ordered);
+}
+
+TEST_F(Folders, TellSizeTypeAndAttributes)
+{
+    struct Case
+    {
+        qint64 bytes;
+        const char *text;
+    };
+    const std::array cases{Case{0, "0 bytes"},         Case{1, "1 byte"},
+                           Case{512, "512 bytes"},     Case{1023, "1023 bytes"},
+                           Case{1024, "1.00 KB"},      Case{44'953, "43.8 KB"},
+                           Case{44'954, "43.9 KB"},    Case{524'288, "512 KB"},
+                           Case{1'023'999, "999 KB"},  Case{1'024'000, "0.976 MB"},
+                           Case{4'603'248, "4.38 MB"}, Case{4'603'249, "4.39 MB"},
+                           Case{3LL << 30, "3.00 GB"}, Case{3000LL << 30, "2.92 TB"}};
+    for (const Case &c : cases) {
+        write(u"sized.txt"_s, {});
+        ASSERT_TRUE(QFile::resize(path(u"sized.txt"_s), c.bytes)) << c.bytes;
+        EXPECT_EQ(column(u"sized.txt"_s, 1), QString::fromLatin1(c.text)) << c.bytes;
+    }
+    ASSERT_TRUE(QDir().mkdir(path(u"Album.mp3"_s)));
+    write(u"song.m4a"_s, "x");
+    write(u".hidden.mp3"_s, "x");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path(u"pipe.mp3"_s)).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(path(u"Album.mp3"_s), path(u"linked"_s)));
+    EXPECT_EQ(column(u"Album.mp3"_s, 6), u"D"_s);
+    EXPECT_EQ(column(u"linked"_s, 6), u"D"_s);
+    EXPECT_EQ(column(u"song.m4a"_s, 6), u"A"_s);
+    EXPECT_EQ(column(u".hidden.mp3"_s, 6), u"HA"_s);
+    EXPECT_FALSE(column(u"pipe.mp3"_s, 6).contains(u'D'));
+    EXPECT_EQ(column(u"Album.mp3"_s, 1), QString());
+    EXPECT_EQ(column(u"Album.mp3"_s, 2), u"File folder"_s);
+    EXPECT_EQ(column(u"song.m4a"_s, 2), u"MPEG-4 Audio"_s);
+    EXPECT_EQ(column(u"sized.txt"_s, 21), QString());
+}
+
+TEST_F(Folders, HideExtensionsOfKnownTypesOnly)
+{
+    for (const QString &name : {u"one.mp3"_s, u"two.FLAC"_s, u"three.xyz"_s, u".ogg"_s})
+        write(name, "x");
+    ASSERT_TRUE(QDir().mkdir(path(u"four.mp3"_s)));
+    EXPECT_EQ(names({.hideFileExt = true}),
+              (QStringList{u".ogg"_s, u"four.mp3"_s, u"one"_s, u"three.xyz"_s, u"two"_s}));
+}
+
+TEST_F(Folders, RefuseNamesThatAreNotUtf8)
+{
+    write(u"fine.mp3"_s, "x");
+    write(u"\uFEFFmarked.mp3"_s, "x");
+    const QByteArray badPath = m_folder.path().toUtf8() + "/bad\xFF.mp3";
+    const int fd = ::creat(badPath.constData(), 0600);
+    ASSERT_GE(fd, 0);
+    ::close(fd);
+
+    QStringList refused;
+    auto found = shell::makeShell()->search(m_folder.path(), &refused);
+    std::ranges::sort(found, {}, &shell::Entry::name);
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].name, u"fine.mp3"_s);
+    EXPECT_EQ(found[1].name, u"\uFEFFmarked.mp3"_s);
+    ASSERT_EQ(refused.size(), 1);
+    EXPECT_TRUE(refused[0].startsWith("bad"_L1));
+    EXPECT_EQ(names().size(), 2);
+    ASSERT_EQ(::unlink(badPath.constData()), 0);
+}
+
+TEST_F(Folders, AreTheSameByWhateverPathAndNoneOnPseudoFileSystems)
+{
+    const auto shell = shell::makeShell();
+    ASSERT_TRUE(QDir().mkdir(path(u"music"_s)));
+    ASSERT_TRUE(QFile::link(path(u"music"_s), path(u"link"_s)));
+    write(u"file.mp3"_s, "x");
+    EXPECT_TRUE(shell->identity(path(u"music"_s)).has_value());
+    EXPECT_EQ(shell->identity(path(u"music/"_s)), shell->identity(path(u"link"_s)));
+    EXPECT_NE(shell->identity(path(u"music"_s)), shell->identity(m_folder.path()));
+    for (const QString &none : {path(u"gone"_s), path(u"file.mp3"_s), u"/proc"_s, u"/proc/self"_s, u"/sys"_s,
+                                u"/dev"_s, QString()}) {
+        EXPECT_FALSE(shell->identity(none).has_value()) << qPrintable(none);
+        EXPECT_EQ(shell->NameSpace(none), nullptr) << qPrintable(none);
+    }
+    ASSERT_NE(shell->NameSpace(path(u"music"_s)), nullptr);
+    EXPECT_EQ(shell->NameSpace(path(u"music"_s))->count(), 0);
+}
+
+TEST_F(Folders, ReadAheadGivesTheSameAsReadingOnDemand)
+{
+    samples::makeCorpus(m_folder.path(), 120, 7);
+    QStringList folders{m_folder.path()};
+    for (QDirIterator it(m_folder.path(), QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+         it.hasNext();)
+        folders += it.next();
+    // All in one place too, so that there is something to read ahead.
+    const QString flat = path(u"flat"_s);
+    ASSERT_TRUE(QDir().mkdir(flat));
+    int number = 0;
+    for (QDirIterator it(m_folder.path(), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        const QFileInfo file(it.next());
+        if (file.path() == flat)
+            continue;
+        ASSERT_TRUE(QFile::copy(file.filePath(), flat + u"/%1.%2"_s.arg(++number).arg(file.suffix())));
+    }
+    folders += flat;
+
+    const auto all = [&folders](int threads, bool shuffled) {
+        const auto shell = shell::makeShell({.readAheadThreads = threads});
+        QMap<QString, QMap<int, QString>> result;
+        for (const QString &path : folders) {
+            const auto folder = shell->NameSpace(path);
+            std::vector<qsizetype> order(static_cast<size_t>(folder->count()));
+            std::iota(order.begin(), order.end(), 0);
+            if (shuffled)
+                std::ranges::shuffle(order, std::mt19937(3)); // NOLINT: the same each time
+            for (const qsizetype i : order)
+                result.insert(path + u'/' + folder->item(i).name(), detailsOf(folder->item(i)));
+        }
+        return result;
+    };
+    const auto direct = all(0, false);
+    EXPECT_EQ(std::ranges::count_if(direct, [](const auto &columns) { return columns.contains(27); }), 240);
+    EXPECT_EQ(all(1, false), direct);
+    EXPECT_EQ(all(3, false), direct);
+    EXPECT_EQ(all(2, true), direct);
+}
+
+TEST_F(Folders, MayGoWhileTheirItemsAreReadAhead)
+{
+    samples::SampleMaker maker;
+    samples::SongTags tags;
+    tags.title = u"Here"_s;
+    for (int i = 0; i < 200; ++i)
+        maker.makeSong(path(u"%1.mp3"_s.arg(i)), tags);
+    const auto shell = shell::makeShell({.readAheadThreads = 2});
+    for (int round = 0; round < 20; ++round) {
+        const auto folder = shell->NameSpace(m_folder.path());
+        for (qsizetype i = 0; i < 5; ++i)
+            EXPECT_EQ(folder->item(i).detail(21), tags.title);
+    }
+    std::unique_ptr<shell::Shell> other = shell::makeShell();
+    auto outlives = other->NameSpace(m_folder.path());
+    other.reset();
+    EXPECT_EQ(outlives->item(199).detail(21), tags.title);
+}
+
+TEST(Drives, HoldTheRootAndNoPseudoVolume)
+{
+    const auto drives = shell::makeShell()->drives();
+    ASSERT_FALSE(drives.empty());
+    EXPECT_EQ(drives.front().mountPoint, QString());
+    EXPECT_GT(drives.front().bytesTotal, 0U);
+    for (const shell::Drive &drive : drives) {
+        EXPECT_FALSE(drive.mountPoint.endsWith(u'/')) << qPrintable(drive.mountPoint);
+        for (const auto pseudo : {"/proc"_L1, "/sys"_L1, "/dev"_L1})
+            EXPECT_FALSE(drive.mountPoint.startsWith(pseudo)) << qPrintable(drive.mountPoint);
+    }
+}
+
+} // namespace

@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "samples/SampleMaker.h"
+#include "samples/Silence.h"
+#include "shell/TagBytes.h"
+
+using namespace Qt::StringLiterals;
+using namespace tagbytes;
+
+namespace {
+
+using Columns = QMap<int, QString>;
+
+constexpr std::array AllTypes{"mp3", "m4a", "wma", "wav", "flac", "ogg", "mp4", "aac"};
+
+samples::SongTags fullTags()
+{
+    samples::SongTags tags;
+    tags.title = u"Où es-tu, \"Zoë\" & 東京 🎵"_s;
+    tags.artist = u"Дмитрий Weiß"_s;
+    tags.album = u"Señor's Álbum"_s;
+    tags.genre = u"Folk-Rock"_s;
+    tags.composer = u"Antonín Dvořák"_s;
+    tags.comment = u"Live; at home"_s;
+    tags.year = 1998;
+    tags.track = 3;
+    tags.tracks = 12;
+    tags.beats = 128;
+    return tags;
+}
+
+class SongDetails : public ShellFixture
+{
+protected:
+    /** The columns of an MP3 whose tag has these frames. */
+    [[nodiscard]] Columns ofFrames(const QByteArray &frames, const QByteArray &behind = {})
+    {
+        write(u"tagged.mp3"_s, id3v2(frames) + samples::silence(u"mp3") + behind);
+        return details(u"tagged.mp3"_s);
+    }
+};
+
+TEST_F(SongDetails, FillTheColumnsOfBothVersionsForEveryType)
+{
+    const samples::SongTags tags = fullTags();
+    for (const char *type : AllTypes) {
+        SCOPED_TRACE(type);
+        const QString name = u"song."_s + QString::fromLatin1(type).toUpper();
+        samples::makeSong(path(name), tags);
+
+        Columns six = details(name);
+        EXPECT_TRUE(six.take(28).startsWith(QChar(0x200E)));
+        const Columns expectedSix{
+            {13, tags.artist},  {14, tags.album}, {15, u"1998"_s},     {16, tags.genre},     {21, tags.title},
+            {24, tags.comment}, {26, u"3/12"_s},  {27, u"00:00:01"_s}, {220, tags.composer}, {237, u"128"_s}};
+        EXPECT_EQ(six, expectedSix);
+
+        Columns five = details(name, {.version = 5.1});
+        EXPECT_TRUE(five.take(22).endsWith("kbps"_L1));
+        const Columns expectedFive{{10, tags.title}, {14, tags.comment}, {16, tags.artist},
+                                   {17, tags.album}, {18, u"1998"_s},    {19, u"3/12"_s},
+                                   {20, tags.genre}, {21, u"00:00:01"_s}};
+        EXPECT_EQ(five, expectedFive);
+    }
+}
+
+TEST_F(SongDetails, OfUntaggedSongsAreLengthAndBitRateAlone)
+{
+    const QMap<QString, QString> rates{
+        {u"mp3"_s, u"\u200E32kbps"_s}, {u"wav"_s, u"\u200E64kbps"_s}, {u"aac"_s, u"\u200E4kbps"_s}};
+    for (auto it = rates.begin(); it != rates.end(); ++it) {
+        samples::SongTags tags;
+        tags.seconds = 3725;
+        const QString name = u"long."_s + it.key();
+        samples::makeSong(path(name), tags);
+        EXPECT_EQ(details(name), (Columns{{27, u"01:02:05"_s}, {28, it.value()}})) << qPrintable(name);
+    }
+}
+
+TEST_F(SongDetails, AreReadByWhatTheFileHolds)
+{
+    samples::SongTags tags;
+    tags.title = u"Renamed"_s;
+    samples::SampleMaker maker;
+    for (const char *type : AllTypes) {
+        for (const QString &name : {u"odd.mp3"_s, u"odd.wma"_s}) {
+            // Frames of MPEG sound have no signature of their own.
+            if (QLatin1StringView(type) == "mp3"_L1 && name != "odd.mp3"_L1)
+                continue;
+            write(name, maker.song(QString::fromLatin1(type), tags));
+            EXPECT_EQ(details(name).value(21), tags.title) << type;
+        }
+    }
+}
+
+TEST_F(SongDetails, OfEightBitTextFollowTheCodePage)
+{
+    struct Case
+    {
+        const char *what;
+        QByteArray bytes;
+        QString expected;
+    };
+    const std::array cases{
+        Case{"plain", "Plain", u"Plain"_s},
+        Case{"legacy", "Caf\xE9 \x93quoted\x94 \x80", u"Café “quoted” €"_s},
+        Case{"legacy at the end", "Caf\xE9", u"Café"_s},
+        Case{"really UTF-8", "Caf\xC3\xA9 \xE6\x9D\xB1", u"Café 東"_s},
+        Case{"padded", QByteArray("Short\0\0\0", 8), u"Short"_s},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(ofFrames(latin1Frame("TIT2", c.bytes)).value(21), c.expected);
+        const QByteArray old = "TAG" + c.bytes.leftJustified(30, '\0') + QByteArray(94, '\0') + '\x11';
+        write(u"old.mp3"_s, samples::silence(u"mp3") + old);
+        EXPECT_EQ(details(u"old.mp3"_s).value(21), c.expected);
+        EXPECT_EQ(details(u"old.mp3"_s).value(16), u"Rock"_s);
+        const QByteArray info = chunk("LIST", "INFO" + chunk("INAM", c.bytes) + chunk("ITRK", "7"));
+        write(u"info.wav"_s, samples::silence(u"wav") + info);
+        EXPECT_EQ(details(u"info.wav"_s).value(21), c.expected);
+        EXPECT_EQ(details(u"info.wav"_s).value(26), u"7"_s);
+    }
+    const QByteArray name = atom("\xA9nam", atom("data", QByteArray("\0\0\0\1\0\0\0\0", 8) + "Caf\xE9"));
+    const QByteArray tags =
+        atom("moov", atom("udta", atom("meta", QByteArray(4, '\0') + atom("ilst", name))));
+    write(u"legacy.m4a"_s, atom("ftyp", "M4A \0\0\0\0") + tags);
+    EXPECT_EQ(details(u"legacy.m4a"_s).value(21), u"Café"_s);
+}
+
+TEST_F(SongDetails, OfFramesThatPlayersWroteDifferently)
+{
+    struct Case
+    {
+        const char *what;
+        QByteArray frames;
+        int column;
+        QString expected;
+    };
+    const std::array cases{
+        Case{"several artists", latin1Frame("TPE1", QByteArray("One\0Two\0Two", 11)), 13, u"One; Two"_s},
+        Case{"a slash is part of a name", latin1Frame("TPE1", "AC/DC"), 13, u"AC/DC"_s},
+        Case{"genre numbers", latin1Frame("TCON", "(17)(20)Pop"), 16, u"Rock; Alternative; Pop"_s},
+        Case{"a genre by number", latin1Frame("TCON", "8"), 16, u"Jazz"_s},
+        Case{"an unknown number", latin1Frame("TCON", "4711"), 16, u"4711"_s},
+        Case{"beats with unit", latin1Frame("TBPM", "128 BPM"), 237, u"128"_s},
+        Case{"beats with point", latin1Frame("TBPM", "84.78"), 237, u"85"_s},
+        Case{"beats with comma", latin1Frame("TBPM", "84,5"), 237, u"84"_s},
+        Case{"no beats", latin1Frame("TBPM", "fast"), 237, {}},
+        Case{"year in a date", latin1Frame("TYER", "2005-10-03"), 15, u"2005"_s},
+        Case{"year behind the day", latin1Frame("TYER", "Oct 3, 1995"), 15, u"1995"_s},
+        Case{"year that would wrap", latin1Frame("TYER", "4294967299"), 15, u"4294"_s},
+        Case{"year zero", latin1Frame("TYER", "0000"), 15, {}},
+        Case{"track as tagged", latin1Frame("TRCK", "03/09"), 26, u"03/09"_s},
+        Case{"track that would wrap", latin1Frame("TRCK", "4294967299"), 26, u"4294967299"_s},
+        Case{"a player's own comment first", commentFrame("iTunNORM", " 0000021A") + commentFrame("", "Mine"),
+             24, u"Mine"_s},
+        Case{"only a player's own comment", commentFrame("iTunSMPB", " 00000000"), 24, {}},
+        Case{"a described comment", commentFrame("Note", "Described"), 24, u"Described"_s},
+        Case{"picture in front", frame("APIC", QByteArray(300'000, '\x7F')) + latin1Frame("TIT2", "Behind"),
+             21, u"Behind"_s},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(ofFrames(c.frames).value(c.column), c.expected) << c.what;
+}
+
+TEST_F(SongDetails, TakeWhatTheFirstTagLacksFromTheNext)
+{
+    const QByteArray old = "TAG" + QByteArray("Old title").leftJustified(30, '\0') +
+                           QByteArray("Old artist").leftJustified(30, '\0') + QByteArray(64, '\0') + '\xFF';
+    const Columns columns = ofFrames(latin1Frame("TIT2", "New title"), old);
+    EXPECT_EQ(columns.value(21), u"New title"_s);
+    EXPECT_EQ(columns.value(13), u"Old artist"_s);
+}
+
+TEST_F(SongDetails, OfRawAacPassOverJunkAndCountFrames)
+{
+    samples::SongTags tags;
+    tags.seconds = 90;
+    const QByteArray sound = samples::silence(u"aac", tags.seconds);
+    write(u"junk.aac"_s, id3v2(latin1Frame("TIT2", "Junk")) + QByteArray(700, '\xFF') + sound);
+    EXPECT_EQ(details(u"junk.aac"_s),
+              (Columns{{21, u"Junk"_s}, {27, u"00:01:30"_s}, {28, u"\u200E4kbps"_s}}));
+}
+
+TEST_F(SongDetails, OfNumbersWiderThanUsual)
+{
+    const QByteArray beats = atom("tmpo", atom("data", QByteArray("\0\0\0\x15\0\0\0\0\0\1\x86\x9F", 12)));
+    const QByteArray track = atom("trkn", atom("data", QByteArray("\0\0\0\0\0\0\0\0\0\0\0\7\0\0\0\0", 16)));
+    const QByteArray tags =
+        atom("moov", atom("udta", atom("meta", QByteArray(4, '\0') + atom("ilst", beats + track))));
+    write(u"wide.m4a"_s, atom("ftyp", "M4A \0\0\0\0") + tags);
+    EXPECT_EQ(details(u"wide.m4a"_s), (Columns{{26, u"7"_s}, {237, u"99999"_s}}));
+}
+
+} // namespace

@@ -1,0 +1,351 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SongListFixture.h"
+#include "catalogue/DuplicateQueries.h"
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+using namespace quaverly::test;
+
+namespace {
+
+TEST_F(SongList, ComesUpSortedAsTheLastRunLeftIt)
+{
+    EXPECT_EQ(data().RecordSource(), u"Select * from  tblContacts  Order By SongName, Artist"_s);
+    EXPECT_EQ(current(), u"Dancing Queen"_s);
+    EXPECT_EQ(screen.cmdShowArtistSongs(), u"Show all songs by Abba"_s);
+    EXPECT_FALSE(screen.isVisible(MainControl::lblFilterMsg));
+    screen.set_cmbSort(u"Artist"_s);
+    set.Data1().Close();
+    store.reopen();
+    load();
+    EXPECT_EQ(screen.cmbSort(), u"Artist"_s);
+    EXPECT_EQ(store.catalogue().ContactsTable->Index(), u"Artist"_s);
+    EXPECT_EQ(current(), u"Untitled"_s);
+    EXPECT_FALSE(screen.isVisible(MainControl::cmdShowArtistSongs));
+}
+
+TEST_F(SongList, OpensTheSameStatementOnceAtTheStart)
+{
+    screen.rebuilt = 0;
+    load();
+    EXPECT_EQ(screen.rebuilt, 2);
+    // Later each command reads the songs anew.
+    store.addSong(Song(u"Aria"_s));
+    set.showAll();
+    EXPECT_EQ(current(), u"Aria"_s);
+}
+
+TEST_F(SongList, ACategoryOfTheLastRunLastsUntilTheFirstActivation)
+{
+    set.categoryChosen(jazz, u"Jazz"_s);
+    const auto reload = [this](const QString &startup) {
+        store.settings().store(u"CATEGORYSTARTUP"_s, startup);
+        set.openAtLoad();
+    };
+    // The tick of the check box is stored as 1, which is not True.
+    reload(u"1"_s);
+    EXPECT_EQ(rows(), 7);
+    reload(u"-1"_s);
+    EXPECT_EQ(data().RecordSource(),
+              u"Select * from qryContacts Where CategoryNumber = 1  Order By SongName"_s);
+    EXPECT_EQ(rows(), 2);
+    EXPECT_EQ(screen.lblCategory(), u"Jazz"_s);
+    store.settings().storeCategory(u"Jazz"_s, u" no clause at all "_s);
+    reload(u"True"_s);
+    EXPECT_EQ(rows(), 7);
+    EXPECT_EQ(set.texts().ListCategoryClause, QString());
+    set.openAtFirstActivation();
+    EXPECT_FALSE(store.settings().category());
+    EXPECT_EQ(screen.lblCategory(), QString());
+}
+
+TEST_F(SongList, ShowAllGivesBackEveryCommandAndKeepsTheMarks)
+{
+    mark(sos);
+    ASSERT_TRUE(set.filterApplied(u"SongName = \"SOS\""_s));
+    for (const auto control :
+         {MainControl::File, MainControl::cmbSort, MainControl::cmdAdd, MainControl::cmdPlay})
+        screen.setEnabled(control, false);
+    set.showAll();
+    for (const auto control :
+         {MainControl::File, MainControl::cmbSort, MainControl::cmdAdd, MainControl::cmdPlay})
+        EXPECT_TRUE(screen.isEnabled(control));
+    EXPECT_TRUE(screen.isVisible(MainControl::cmdShowSelected));
+    EXPECT_EQ(screen.lblFilterMsg(), u"Filter is limiting records displayed."_s);
+    EXPECT_FALSE(screen.isVisible(MainControl::lblFilterMsg));
+    EXPECT_EQ(store.songValue(sos, u"Selected"_s), u"x"_s);
+    EXPECT_EQ(set.SelectedCount(), 1);
+}
+
+TEST_F(SongList, AnEmptyCatalogueLeavesPlayingDisabledAndStoresNoSort)
+{
+    store.db().Execute(u"Delete * from tblContacts"_s);
+    store.db().Execute(u"Delete * from tblSettings"_s);
+    screen.setEnabled(MainControl::cmdPlay, false);
+    screen.setEnabled(MainControl::cmdPlayAll, false);
+    load();
+    screen.set_cmbSort(u"Rating"_s);
+    EXPECT_FALSE(screen.isEnabled(MainControl::cmdPlay) || screen.isEnabled(MainControl::cmdPlayAll));
+    EXPECT_FALSE(store.settings().gridSortOrder());
+    EXPECT_EQ(set.texts().ListOrder, u" Order By SongName "_s);
+    set.showArtistSongs();
+    set.find(u"love"_s);
+    set.toggleMark();
+    EXPECT_EQ(data().RecordSource(), u"Select * from  tblContacts Order By SongName "_s);
+    EXPECT_EQ(set.recordCountMessage(), u"There are no records displayed in the current list."_s);
+}
+
+TEST_F(SongList, OnlyDatesWaitForAWholeOne)
+{
+    for (const auto &[label, byDate] :
+         {std::pair{u"Date Updated"_s, true}, {u"Date 2"_s, true}, {u"Duration"_s, false}}) {
+        screen.set_cmbSort(label);
+        EXPECT_EQ(set.DateSortActive(), byDate);
+    }
+}
+
+struct ArtistCase
+{
+    const char *song;
+    const char *caption;
+    int songs;
+};
+
+TEST_F(SongList, ArtistViewsReadAnyName)
+{
+    const ArtistCase cases[] = {
+        {"Dancing Queen", "Show all songs by Abba", 2},
+        {"Say \"Hi\"", "Show all songs by The \"Hi\" Boys", 1},
+        {"Mrs & Mr", "Show all songs by Simon && Garfunkel", 1},
+        {"Order By Mail", "Show all songs by Order By Band", 1},
+    };
+    for (const ArtistCase &c : cases) {
+        set.showAll();
+        data().Recordset().FindFirst(u"SongName = "_s + quoted(QString::fromLatin1(c.song)));
+        data().notifyRowChanged();
+        EXPECT_EQ(screen.cmdShowArtistSongs(), QString::fromLatin1(c.caption));
+        set.showArtistSongs();
+        EXPECT_EQ(rows(), c.songs) << c.song;
+        EXPECT_EQ(screen.cmdShowArtistSongs(), u"Return from artist filter"_s);
+        EXPECT_EQ(screen.firstColumnField(), u"Artist"_s);
+        EXPECT_FALSE(screen.isEnabled(MainControl::cmdAdd));
+        set.showArtistSongs();
+        EXPECT_EQ(rows(), 7);
+    }
+}
+
+TEST_F(SongList, TheWayBackFromTheArtistKeepsSongLineAndSort)
+{
+    screen.set_cmbSort(u"Album Name"_s);
+    set.categoryChosen(jazz, u"Jazz"_s);
+    ASSERT_TRUE(data().findRecord(imagine));
+    screen.setGridRow(1);
+    set.showArtistSongs();
+    EXPECT_EQ(screen.cmbSort(), u"Song Name"_s);
+    set.showArtistSongs();
+    EXPECT_EQ(current(), u"Imagine"_s);
+    EXPECT_EQ(screen.scrolls(), QList<QPoint>({QPoint(0, -1)}));
+    EXPECT_EQ(screen.cmbSort(), u"Album Name"_s);
+    EXPECT_EQ(screen.firstColumnField(), u"SongName"_s);
+    EXPECT_EQ(screen.cmdShowArtistSongs(), u"Show all songs by John Lennon"_s);
+    EXPECT_EQ(rows(), 2);
+    // The texts stay the artist's: composing anew brings him back.
+    set.RefreshDisplayedSet();
+    EXPECT_EQ(names(), QStringList(u"Imagine"_s));
+}
+
+TEST_F(SongList, AFilterThatFindsNothingBringsListAndRowBackButNotItsText)
+{
+    set.categoryChosen(jazz, u"Jazz"_s);
+    ASSERT_TRUE(data().findRecord(imagine));
+    set.rememberSourceForFilter();
+    const QString before = data().RecordSource();
+    desktop.willSee(u"No records found that meet the criteria you specified.  Try again."_s);
+    EXPECT_FALSE(set.filterApplied(u"Artist = \"Nobody\""_s));
+    EXPECT_EQ(desktop.lastCall().title, u"No records found"_s);
+    EXPECT_EQ(desktop.lastCall().icon, Icon::Exclamation);
+    EXPECT_EQ(data().RecordSource(), before);
+    EXPECT_EQ(current(), u"Imagine"_s);
+    EXPECT_EQ(set.texts().ListWhere, QString());
+    EXPECT_EQ(set.LastFilterCriteria(), QString());
+    set.RefreshDisplayedSet();
+    EXPECT_GT(rows(), 2);
+}
+
+TEST_F(SongList, ARefusedStatementLeavesListAndTextsAsTheyWere)
+{
+    set.categoryChosen(jazz, u"Jazz"_s);
+    ASSERT_TRUE(data().findRecord(imagine));
+    const QString source = data().RecordSource();
+    const QString where = set.texts().ListWhere;
+    for (const auto &criteria : {u"Artist = = \"x\""_s, u"Loudness > 3"_s, u" "_s, u"order by SongName"_s}) {
+        EXPECT_THROW((void)set.filterApplied(criteria), dao::DaoError) << criteria.toStdString();
+        EXPECT_EQ(data().RecordSource(), source);
+        EXPECT_EQ(set.texts().ListWhere, where);
+        EXPECT_EQ(set.texts().ListFilterText, QString());
+        EXPECT_EQ(current(), u"Imagine"_s);
+    }
+    EXPECT_FALSE(desktop.isHourglassOn());
+    EXPECT_FALSE(set.filterApplied({}));
+}
+
+TEST_F(SongList, FindReplacesTheListAndSaysWhenThereIsNothing)
+{
+    set.categoryChosen(jazz, u"Jazz"_s);
+    set.find(u" "_s);
+    EXPECT_EQ(screen.lblCategory(), u"Jazz"_s);
+    set.find(u"abba"_s);
+    EXPECT_EQ(names(), QStringList({u"Dancing Queen"_s, u"SOS"_s}));
+    EXPECT_EQ(screen.lblCategory(), u"Records containing abba"_s);
+    EXPECT_EQ(screen.cmdShowArtistSongs(), QString());
+    EXPECT_FALSE(screen.isEnabled(MainControl::cmdAdd));
+    // A sort, or another filter, finds its way in a list that was found.
+    screen.set_cmbSort(u"Album Name"_s);
+    EXPECT_EQ(names(), QStringList({u"SOS"_s, u"Dancing Queen"_s}));
+    ASSERT_TRUE(set.filterApplied(u"Artist > \" \""_s));
+    EXPECT_EQ(screen.lblCategory(), QString());
+    set.find(u"order by"_s);
+    screen.set_cmbSort(u"Song Name"_s);
+    EXPECT_EQ(names(), QStringList(u"Order By Mail"_s));
+    set.showAll();
+    set.find(u"Say \"Hi\""_s);
+    EXPECT_EQ(names(), QStringList(u"Say \"Hi\""_s));
+    desktop.willSee(u"No records found."_s);
+    set.find(u"zyx"_s);
+    EXPECT_EQ(desktop.lastCall().title, u"No records to display"_s);
+    EXPECT_EQ(rows(), 0);
+}
+
+TEST_F(SongList, MarksAreCountedAndShown)
+{
+    set.selectedOnly();
+    set.hideSelected();
+    EXPECT_EQ(rows(), 7);
+    mark(sos);
+    mark(imagine);
+    mark(imagine);
+    EXPECT_EQ(set.SelectedCount(), 1);
+    EXPECT_TRUE(screen.isVisible(MainControl::cmdShowSelected));
+    set.hideSelected();
+    EXPECT_EQ(rows(), 6);
+    EXPECT_EQ(set.texts().ListSelectionClause, u" Where Selected < 'x' "_s);
+    EXPECT_EQ(screen.lblFilterMsg(), u"Hiding selected records."_s);
+    set.showAll();
+    set.selectedOnly();
+    EXPECT_EQ(names(), QStringList(u"SOS"_s));
+    set.removeMarks();
+    EXPECT_EQ(rows(), 7);
+    EXPECT_FALSE(screen.isVisible(MainControl::cmdShowSelected));
+    EXPECT_TRUE(screen.isEnabled(MainControl::cmdAdd));
+    store.reopen();
+    EXPECT_EQ(store.valueOf(u"Select count(*) from tblContacts Where Selected = 'x'"_s).toInt(), 0);
+    data().Close();
+}
+
+TEST_F(SongList, APlayListWithoutSongsLeavesTheListAlone)
+{
+    const qint64 empty = store.addPlayList(u"By hand"_s);
+    ASSERT_TRUE(data().findRecord(sos));
+    desktop.willSee(u"No records found in database for this PlayList."_s);
+    EXPECT_FALSE(set.playListView(empty, u"By hand"_s));
+    EXPECT_EQ(desktop.lastCall().title, u"No records found"_s);
+    EXPECT_EQ(data().RecordSource(), u"Select * from  tblContacts  Order By SongName, Artist"_s);
+    EXPECT_EQ(current(), u"SOS"_s);
+    EXPECT_EQ(set.texts().ListWhere, QString());
+}
+
+TEST_F(SongList, APlayListTakesEverySortAndTheMarkModes)
+{
+    ASSERT_TRUE(set.playListView(list, u"Party"_s));
+    EXPECT_EQ(screen.lblFilterMsg(), u"PlayList:Party"_s);
+    for (const auto &label :
+         {u"Year"_s, u"Rating"_s, u"File Name"_s, u"Path Name"_s, u"Duration"_s, u"Artist"_s}) {
+        screen.set_cmbSort(label);
+        EXPECT_EQ(rows(), 2) << label.toStdString();
+    }
+    mark(sos);
+    set.hideSelected();
+    EXPECT_EQ(names(), QStringList(u"Imagine"_s));
+    set.removeMarks();
+    EXPECT_EQ(rows(), 2);
+}
+
+TEST_F(SongList, InvalidFilesStayWithinTheCategory)
+{
+    for (const qint64 song : {queen, sos})
+        addInvalid(song);
+    mark(sos);
+    set.invalidFileView();
+    EXPECT_EQ(names(), QStringList({u"Dancing Queen"_s, u"SOS"_s}));
+    EXPECT_EQ(screen.lblFilterMsg(), u"Records with invalid path/file names"_s);
+    set.hideSelected();
+    EXPECT_EQ(names(), QStringList(u"Dancing Queen"_s));
+    set.categoryChosen(jazz, u"Jazz"_s);
+    set.invalidFileView();
+    EXPECT_EQ(names(), QStringList(u"Dancing Queen"_s));
+    screen.set_cmbSort(u"Artist"_s);
+    EXPECT_EQ(rows(), 1);
+}
+
+TEST_F(SongList, ADuplicateViewIsLeftByShowAllOnly)
+{
+    ensureDuplicateQueries(store.db());
+    EXPECT_FALSE(set.duplicateView(u"qryDuplicateSongs"_s));
+    set.showAll();
+    for (int copy = 0; copy < 2; ++copy)
+        store.addSong(Song(u"Twin"_s, u"Both"_s).with(u"FileSize"_s, u"1 MB"_s));
+    mark(sos);
+    EXPECT_TRUE(set.duplicateView(u"qryDuplicateSongs"_s));
+    EXPECT_TRUE(set.isDuplicateView());
+    EXPECT_EQ(rows(), 2);
+    set.toggleMark();
+    set.hideSelected();
+    set.removeMarks();
+    screen.set_cmbSort(u"Year"_s);
+    EXPECT_EQ(data().RecordSource(), u"qryDuplicateSongs"_s);
+    EXPECT_EQ(set.SelectedCount(), 1);
+    EXPECT_EQ(set.recordCountMessage(), u"There are 2 songs displayed in the current list."_s);
+    set.showAll();
+    EXPECT_FALSE(set.isDuplicateView());
+    EXPECT_EQ(rows(), 9);
+}
+
+TEST_F(SongList, RecordCountSumsWhatIsDisplayed)
+{
+    const QString size = u"\n\nTotal file size of all songs displayed in current list: "_s;
+    EXPECT_EQ(set.recordCountMessage(),
+              u"There are 7 songs displayed in the current list."_s + size + u"1,007.8 MB."_s);
+    ASSERT_TRUE(data().findRecord(imagine));
+    mark(sos);
+    set.hideSelected();
+    set.categoryChosen(jazz, u"Jazz"_s);
+    EXPECT_EQ(set.recordCountMessage(),
+              u"There are 2 songs displayed in the current list."_s + size + u"1,004.5 MB."_s);
+    EXPECT_EQ(set.texts().ListSelectionClause, u" And Selected < 'x' "_s);
+    ASSERT_TRUE(set.filterApplied(u"SongName = \"Imagine\" order by Year"_s));
+    EXPECT_EQ(set.recordCountMessage(), u"There is 1 record displayed in the current list."_s);
+    set.showAll();
+    set.find(u"m"_s);
+    EXPECT_EQ(rows(), 3);
+    EXPECT_TRUE(set.recordCountMessage().endsWith(u": 1,000.0 MB."_s));
+}
+
+TEST_F(SongList, AWalkThroughTheRowsEndsWhereItBegan)
+{
+    ASSERT_TRUE(data().findRecord(sos));
+    {
+        const KeepRow keep(data());
+        data().Recordset().MoveLast();
+    }
+    EXPECT_EQ(current(), u"SOS"_s);
+    EXPECT_FALSE(data().findRecord(4711));
+    EXPECT_EQ(current(), u"SOS"_s);
+    {
+        const KeepRow keep(data());
+        store.db().Execute(u"Delete * from tblContacts Where SongName = 'SOS'"_s);
+        set.RefreshDisplayedSet();
+    }
+    EXPECT_EQ(current(), u"Dancing Queen"_s);
+}
+
+} // namespace

@@ -1,0 +1,1 @@
+ADelete  DISTINCTROW tblContacts.* from tblContacts INNER JOIN tblCategoryID on tblContacts.RecordID = tblCategoryID.ID   Where  CategoryNumber = 1

@@ -1,0 +1,1 @@
+AInsert Into tblSettings (Type, Name) Select Genre, Max(Artist) From tblContacts Group By Genre

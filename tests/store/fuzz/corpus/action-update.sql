@@ -1,0 +1,1 @@
+AUpdate tblContacts Set Genre='none', Notes=Null Where Genre is null or Genre= ''

@@ -1,0 +1,1 @@
+CPurchaseDate Between #2001-02-03# And Date()-30 Or Year(DateUpdated) = 2001

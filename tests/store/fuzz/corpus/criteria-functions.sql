@@ -1,0 +1,1 @@
+CIIf(IsNull(Notes), Len(Trim(Artist)), InStr(1, SongName, 'x')) > Val(FileSize) * -2 ^ 2

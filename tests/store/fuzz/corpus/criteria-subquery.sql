@@ -1,0 +1,1 @@
+CRecordID In (Select ID From tblCategoryID Where CategoryNumber = 1) And Exists (Select * From qryDuplicateSongs)

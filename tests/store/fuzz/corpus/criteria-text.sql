@@ -1,0 +1,1 @@
+CArtist = "O'Neil ""Q""" And SongName Like '[a-f]*' Or Not Rating In ('*', '**')

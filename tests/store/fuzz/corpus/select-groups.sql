@@ -1,0 +1,1 @@
+SSelect Top 5 Artist As a, Count(*), First(RecordID) From tblContacts Group By Artist Having Sum(TrackNum) > 1 Order By 2 Desc

@@ -1,0 +1,1 @@
+SSelect * From (Select Distinct Genre & '' As g From qryShowDuplicatesToBeDeletedAlbum) As q, tblCategoryDesc Where g = CategoryDesc

@@ -1,0 +1,1 @@
+SSelect distinctrow * from  qryContacts Where  CategoryNumber = 1  And (Rating like "[*]*")  Order By tblContacts!Year, Artist, SongName

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/store/FakeMainScreen.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly::test {
+
+FakeMainScreen::FakeMainScreen(DisplayedSet &set) : m_set(set)
+{
+    m_set.setScreen(this);
+    m_set.Data1().addListener(*this);
+}
+
+FakeMainScreen::~FakeMainScreen()
+{
+    m_set.Data1().removeListener(*this);
+    m_set.setScreen(nullptr);
+}
+
+void FakeMainScreen::set_lblCategory(const QString &caption)
+{
+    m_lblCategory = caption;
+    if (caption.startsWith("Records containing"_L1) || caption.startsWith("Showing"_L1))
+        setEnabled(MainControl::cmdAdd, false);
+}
+
+void FakeMainScreen::set_cmbSort(const QString &label)
+{
+    m_cmbSort = label;
+    cmbSort_Click();
+}
+
+void FakeMainScreen::cmbSort_Click()
+{
+    m_set.applySort(m_cmbSort);
+}
+
+void FakeMainScreen::cmdSortArtist_Click()
+{
+    m_firstColumn = u"Artist"_s;
+    set_cmbSort(u"Artist"_s);
+}
+
+void FakeMainScreen::cmdSortSong_Click()
+{
+    m_firstColumn = u"SongName"_s;
+    set_cmbSort(u"Song Name"_s);
+}
+
+void FakeMainScreen::ShowAllMenu_Click()
+{
+    m_set.showAll();
+}
+
+void FakeMainScreen::setRebuilt()
+{
+    ++rebuilt;
+    rowChanged();
+}
+
+void FakeMainScreen::rowChanged()
+{
+    ++rowChanges;
+    m_set.showArtistButton();
+}
+
+} // namespace quaverly::test

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/store/StoreFixture.h"
+
+#include "catalogue/CatalogueSchema.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly::test {
+
+Song::Song(const QString &name, const QString &artist)
+{
+    with(u"SongName"_s, name);
+    if (!artist.isNull())
+        with(u"Artist"_s, artist);
+}
+
+Song &Song::with(const QString &field, const QVariant &value)
+{
+    m_values[field] = value;
+    return *this;
+}
+
+Song &Song::file(const QString &pathName, const QString &fileName)
+{
+    return with(u"PathName"_s, pathName).with(u"FileName"_s, fileName);
+}
+
+StoreFixture::StoreFixture() : m_engine(catalogueSchema()), m_settings(m_catalogue)
+{
+    m_catalogue.DatabaseFolder = folder();
+    m_catalogue.DatabaseFile = path(QString::fromUtf16(CatalogueFileName));
+    m_engine.CreateEmpty(m_catalogue.DatabaseFile);
+    open();
+}
+
+StoreFixture::~StoreFixture()
+{
+    close();
+}
+
+void StoreFixture::open()
+{
+    m_catalogue.CatalogueDb = m_engine.OpenDatabase(m_catalogue.DatabaseFile);
+    m_catalogue.ContactsTable = db().OpenRecordset(u"tblContacts"_s);
+}
+
+void StoreFixture::close()
+{
+    m_catalogue.ContactsTable.reset();
+    m_catalogue.CatalogueDb.reset();
+}
+
+void StoreFixture::reopen()
+{
+    close();
+    open();
+}
+
+qint64 StoreFixture::addSong(const Song &song)
+{
+    const auto rows = db().OpenRecordset(u"tblContacts"_s);
+    rows->AddNew();
+    for (auto value = song.values().cbegin(); value != song.values().cend(); ++value)
+        rows->setValue(value.key(), value.value());
+    rows->Update();
+    return rows->LastModified().key;
+}
+
+qint64 StoreFixture::addCategory(const QString &name, const QList<qint64> &songs)
+{
+    const auto rows = db().OpenRecordset(u"tblCategoryDesc"_s);
+    rows->AddNew();
+    rows->setValue(u"CategoryDesc"_s, name);
+    rows->Update();
+    const qint64 number = rows->LastModified().key;
+    const auto assigned = db().OpenRecordset(u"tblCategoryID"_s);
+    for (const qint64 song : songs) {
+        assigned->AddNew();
+        assigned->setValue(u"ID"_s, song);
+        assigned->setValue(u"CategoryNumber"_s, number);
+        assigned->Update();
+    }
+    return number;
+}
+
+qint64 StoreFixture::addPlayList(const QString &name, const QList<qint64> &songs)
+{
+    const auto rows = db().OpenRecordset(u"tblPlayListHeader"_s);
+    rows->AddNew();
+    rows->setValue(u"ListName"_s, name);
+    rows->Update();
+    const qint64 list = rows->LastModified().key;
+    const auto tracks = db().OpenRecordset(u"tblPlayListDetail"_s);
+    int place = 0;
+    for (const qint64 song : songs) {
+        tracks->AddNew();
+        tracks->setValue(u"ListID"_s, list);
+        tracks->setValue(u"ListTrackID"_s, ++place);
+        tracks->setValue(u"ContactRecordID"_s, song);
+        tracks->Update();
+    }
+    return list;
+}
+
+QVariant StoreFixture::songValue(qint64 recordId, const QString &field)
+{
+    return valueOf(u"Select %1 from tblContacts Where RecordID = %2"_s.arg(field).arg(recordId));
+}
+
+QVariant StoreFixture::valueOf(const QString &sql)
+{
+    const auto rows = db().OpenRecordset(sql, dao::RecordsetType::Snapshot);
+    return rows->isEmpty() ? QVariant() : rows->valueAt(0, 0);
+}
+
+QStringList StoreFixture::column(const QString &sql)
+{
+    const auto rows = db().OpenRecordset(sql, dao::RecordsetType::Snapshot);
+    QStringList values;
+    for (qint64 row = 0; row < rows->RecordCount(); ++row)
+        values.append(rows->valueAt(row, 0).toString());
+    return values;
+}
+
+} // namespace quaverly::test
