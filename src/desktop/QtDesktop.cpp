@@ -174,7 +174,7 @@ Answer QtDesktop::MessageBox(const QString &text, const QString &title, Icon ico
         box.addButton(buttonOf(answer));
     arrangeButtons(box);
     if (auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s))
-        showText(*label, text);
+        showFolded(*label, text);
     box.setDefaultButton(buttonOf(defaultAnswer.value_or(answers.first())));
     if (m_tabletActive)
         sizeForFingers(box);

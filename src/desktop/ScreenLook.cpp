@@ -30,16 +30,55 @@ int widestLine(const QFontMetrics &metrics, const QString &text)
     return width;
 }
 
+int longestLine(const QLabel &label)
+{
+    return std::min(label.fontMetrics().averageCharWidth() * LongestLine,
+                    static_cast<int>(label.screen()->availableSize().width() * ScreenShare));
+}
+
+/** Breaks a line at blanks so that no part is wider; a word alone may be. */
+QString foldedLine(const QFontMetrics &metrics, const QString &line, int width)
+{
+    QString folded;
+    QString part;
+    for (const QString &word : line.split(u' ')) {
+        const QString longer = part.isEmpty() ? word : part + u' ' + word;
+        if (!part.isEmpty() && metrics.horizontalAdvance(longer) > width) {
+            folded += part + u'\n';
+            part = word;
+        } else {
+            part = longer;
+        }
+    }
+    return folded + part;
+}
+
 } // namespace
+
+void showFolded(QLabel &label, const QString &text)
+{
+    label.ensurePolished();
+    const QFontMetrics metrics = label.fontMetrics();
+    QStringList lines;
+    for (const QString &line : displayText(text).split(u'\n'))
+        lines.append(foldedLine(metrics, line, longestLine(label)));
+    const QString folded = lines.join(u'\n');
+    const QMargins margins = label.contentsMargins();
+    label.setTextFormat(Qt::PlainText);
+    label.setText(folded);
+    label.setMinimumWidth(widestLine(metrics, folded) + metrics.averageCharWidth() + margins.left() +
+                          margins.right() + 2 * label.margin() + std::max(0, label.indent()));
+}
 
 void showText(QLabel &label, const QString &text)
 {
     label.ensurePolished();
     const QString shown = displayText(text);
     const QFontMetrics metrics = label.fontMetrics();
-    const int limit = std::min(metrics.averageCharWidth() * LongestLine,
-                               static_cast<int>(label.screen()->availableSize().width() * ScreenShare));
-    const int width = std::min(widestLine(metrics, shown) + metrics.averageCharWidth(), limit);
+    const QMargins margins = label.contentsMargins();
+    const int around = margins.left() + margins.right() + 2 * label.margin() + std::max(0, label.indent());
+    const int width =
+        std::min(widestLine(metrics, shown) + metrics.averageCharWidth(), longestLine(label)) + around;
 
     label.setTextFormat(Qt::PlainText);
     label.setWordWrap(true);

@@ -16,6 +16,9 @@ inline constexpr double CaptionScale = 0.9;
 /** Shows a plain text, line ends kept, as wide as its longest line wants, up to LongestLine characters. */
 void showText(QLabel &label, const QString &text);
 
+/** The same with the breaks put in, for a label whose owner sizes itself to its lines. */
+void showFolded(QLabel &label, const QString &text);
+
 /** Makes a control's text @p factor times as large as that of its screen; the chosen font stays. */
 void scaleFont(QWidget &control, double factor, bool bold = false);
 

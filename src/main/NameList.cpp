@@ -117,6 +117,8 @@ void NameList::Form_Load()
     applyBackColor(rows.backColor().value_or(OriginalBackColor));
     setVisible(MainControl::lblFilterMsg, false);
     setVisible(MainControl::cmdShowSelected, false);
+    set_lblCategory(lblCategory());
+    set_lblSelectedCount({});
     showCurrentSong();
 }
 
@@ -124,12 +126,12 @@ void NameList::applyFont()
 {
     QFont font(m_session.options().ScreenFont);
     font.setPointSizeF(QApplication::font().pointSizeF());
-    QWidget::setFont(font);
+    QApplication::setFont(font);
     m_ui->Table1->setRowHeight(m_session.options().TabletActive ? TabletRowTwips : DesktopRowTwips);
     scaleFont(*m_ui->lblCategory, 1.1, true);
     const int line = m_ui->txtName->fontMetrics().lineSpacing();
     const int margins = 2 * static_cast<int>(m_ui->txtName->document()->documentMargin());
-    m_ui->txtName->setFixedHeight(DescriptionLines * line + margins + 2);
+    m_ui->txtName->setFixedHeight(DescriptionLines * line + margins + line / 2);
 }
 
 // Black or white, whichever stands out more from the chosen colour.

@@ -54,6 +54,7 @@ bool NameList::isVisible(MainControl control) const
 void NameList::set_lblCategory(const QString &caption)
 {
     m_ui->lblCategory->setText(caption);
+    m_ui->lblCategory->setVisible(!caption.isEmpty());
 }
 
 QString NameList::lblCategory() const
@@ -69,6 +70,7 @@ void NameList::set_lblFilterMsg(const QString &caption)
 void NameList::set_lblSelectedCount(const QString &caption)
 {
     m_ui->lblSelectedCount->setText(caption);
+    m_ui->lblSelectedCount->setVisible(!caption.isEmpty());
 }
 
 void NameList::set_cmdShowArtistSongs(const QString &caption)

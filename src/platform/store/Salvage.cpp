@@ -164,6 +164,9 @@ QString salvage(const QString &damaged, Connection &target, const Schema &schema
     QString report = u"Records saved:"_s;
     Connection source(damaged, Connection::Mode::Damaged);
     source.execute("PRAGMA cell_size_check = ON");
+    // An empty catalogue is not to take the place of one of which nothing can be told.
+    if (tablesOf(source).isEmpty())
+        throw DaoError(CannotOpenFile, u"Nothing can be read of '%1'.  It was left as it is."_s.arg(damaged));
     target.execute("BEGIN");
     for (const QString &table : tablesOf(target))
         report += u"\n    %1: %2"_s.arg(table).arg(TableCopy(source, target, table).run());
