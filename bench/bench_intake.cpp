@@ -2,12 +2,12 @@
 // The scan of a music folder, program and screens included, beside a plain loop over the same files.
 #include "Bench.h"
 
-#include "Corpus.h"
 #include "desktop/QtDesktop.h"
 #include "intake/MusicLoader.h"
 #include "main/NameList.h"
 #include "main/Program.h"
 #include "platform/options/SingleInstance.h"
+#include "samples/Corpus.h"
 
 #include <QApplication>
 #include <QDirIterator>

@@ -39,11 +39,11 @@ private:
     QString takeNext()
     {
         if (!m_queue.empty()) {
-            const QString folder = m_queue.front();
+            QString folder = m_queue.front();
             m_queue.pop_front();
             return folder;
         }
-        const QString link = m_links.front();
+        QString link = m_links.front();
         m_links.pop_front();
         return enter(link) ? link : QString();
     }

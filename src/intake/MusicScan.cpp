@@ -248,8 +248,8 @@ void MusicScan::fillTags(const shell::Item &item, const MusicItem &music, const 
 void MusicScan::addSong()
 {
     m_report.attempt([&] { contacts().AddNew(); });
-    for (const auto &[field, value] : m_song)
-        m_report.attempt([&] { contacts().setValue(field, value); });
+    for (const auto &entry : m_song)
+        m_report.attempt([&] { contacts().setValue(entry.first, entry.second); });
     m_report.attempt([&] { contacts().Update(); });
     if (m_contacts && m_contacts->editing())
         m_report.attempt([&] { m_contacts->CancelUpdate(); });

@@ -94,6 +94,7 @@ void NameList::set_txtLocate(const QString &)
 void NameList::set_txtName(const QString &text)
 {
     m_ui->txtName->setPlainText(text);
+    m_ui->txtName->setToolTip(text);
 }
 
 QString NameList::cmbSort() const

@@ -133,8 +133,10 @@ void SongGrid::followRecordset()
     if (position < 0)
         return;
     const QModelIndex wanted = m_model->index(position, std::max(1, currentIndex().column()));
+    const int left = horizontalScrollBar()->value();
     setCurrentIndex(wanted);
     scrollTo(wanted);
+    horizontalScrollBar()->setValue(left);
     viewport()->update();
 }
 

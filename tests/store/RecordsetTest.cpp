@@ -252,17 +252,27 @@ TEST_F(SongCatalogue, ATableSeeksByItsIndexes)
     assigned->Seek(u"="_s, {6, 2});
     EXPECT_FALSE(assigned->NoMatch());
     assigned->Delete();
+    EXPECT_EQ(errorOf([&] { assigned->Delete(); }), dao::RecordDeleted);
     assigned->Seek(u"="_s, {6, 2});
     EXPECT_TRUE(assigned->NoMatch());
+    // Behind a row that was sought and deleted comes the next one of the index, or the end.
+    assigned->Seek(u"="_s, {1, 1});
+    assigned->Delete();
+    assigned->MoveNext();
+    EXPECT_EQ(assigned->text(u"CategoryNumber"_s), u"2"_s);
+    assigned->Seek(u"="_s, {9, 1});
+    assigned->Delete();
+    assigned->MoveNext();
+    EXPECT_TRUE(assigned->atEOF());
     assigned->AddNew();
-    assigned->setValue(u"ID"_s, 1);
+    assigned->setValue(u"ID"_s, 3);
     assigned->setValue(u"CategoryNumber"_s, 1);
     EXPECT_EQ(errorOf([&] { assigned->Update(); }), dao::DuplicateKey);
     assigned->AddNew();
     assigned->setValue(u"ID"_s, 8);
     assigned->setValue(u"CategoryNumber"_s, 1);
     assigned->Update();
-    EXPECT_EQ(assigned->RecordCount(), 5);
+    EXPECT_EQ(assigned->RecordCount(), 3);
 }
 
 TEST_F(SongCatalogue, ValuesAreTakenAsTheirFieldsAllow)

@@ -39,6 +39,7 @@ void RecordsetImpl::ensureRows()
     const std::optional<qint64> key = m_key;
     const Place before = place;
     const bool looked = m_looked;
+    const bool deleted = deletedCurrent;
     const qint64 position = m_position;
     const Mode editing = mode;
     loadRows();
@@ -52,6 +53,12 @@ void RecordsetImpl::ensureRows()
         const qint64 found = rows.keys().positionOf(*key);
         m_position = found < 0 ? m_position : found;
         deletedCurrent = found < 0;
+    } else if (deleted) {
+        deletedCurrent = true;
+        const qint64 next = m_behind && *m_behind ? rows.keys().positionOf(**m_behind) : -1;
+        if (m_behind)
+            m_position = next < 0 ? rows.count() : next;
+        m_behind.reset();
     } else if (place == Place::Row && m_position >= rows.count()) {
         place = Place::Behind;
     }
@@ -117,6 +124,8 @@ QVariant RecordsetImpl::value(const QString &name)
     if (mode == Mode::Edit && m_buffer.contains(field))
         return m_buffer.value(field);
     assertRow();
+    if (type == RecordsetType::Table && m_key)
+        return rows.storedValue(*m_key, field);
     return rows.value(position(), field);
 }
 
@@ -289,7 +298,11 @@ void RecordsetImpl::remove()
     const qint64 key = currentKey();
     if (!rows.isKeyed() || type == RecordsetType::Snapshot)
         throw DaoError(ReadOnly, u"Cannot update.  Database or object is read-only."_s);
-    const qint64 at = position();
+    // A sought row goes without the table being walked for its place.
+    const bool sought = type == RecordsetType::Table && m_key && !m_loaded;
+    const qint64 at = sought ? 0 : position();
+    if (sought)
+        m_behind = rows.keyBehind(key, m_indexColumns);
     const TableInfo *table = database.table(rows.plan().baseTable);
     database.change([&] {
         Statement removal = database.connection().prepare("DELETE FROM " + quotedName(table->name) +
@@ -298,71 +311,12 @@ void RecordsetImpl::remove()
         removal.step();
     });
     cancelUpdate();
-    rows.remove(at);
-    m_loadedChanges = database.connection().totalChanges();
+    if (!sought) {
+        rows.remove(at);
+        m_loadedChanges = database.connection().totalChanges();
+    }
     m_key.reset();
     deletedCurrent = true;
-}
-
-// The columns behind an index's name decide the order of moving and what Seek compares.
-void RecordsetImpl::setIndex(const QString &name)
-{
-    if (type != RecordsetType::Table)
-        throw DaoError(InvalidOperation, u"Operation is not supported for this type of object."_s);
-    const QString &table = rows.plan().baseTable;
-    QStringList columns;
-    QStringList exact;
-    QByteArray order;
-    if (name.compare("PrimaryKey"_L1, Qt::CaseInsensitive) == 0 &&
-        database.table(table)->keyColumn != "rowid"_L1)
-        columns.append(database.table(table)->keyColumn);
-    Statement info =
-        database.connection().prepare("SELECT name, coll FROM pragma_index_xinfo(" +
-                                      quotedText(table + u'.' + name) + ") WHERE key AND cid >= 0");
-    while (info.step()) {
-        columns.append(info.text(0));
-        if (info.text(1) == "BINARY"_L1)
-            exact.append(info.text(0));
-    }
-    if (columns.isEmpty())
-        throw DaoError(IndexNotFound, u"'%1' is not an index in this table."_s.arg(name));
-    for (const QString &column : columns)
-        order += (order.isEmpty() ? "" : ", ") + quotedName(column);
-    index = name;
-    m_indexColumns = columns;
-    m_exactColumns = exact;
-    m_statements.clear();
-    rows.setOrder(order);
-    m_loaded = false;
-    m_looked = false;
-}
-
-void RecordsetImpl::seek(const QString &comparison, const QVariantList &keys)
-{
-    if (m_indexColumns.isEmpty())
-        throw DaoError(InvalidOperation, u"Operation invalid without a current index."_s);
-    const QStringList columns = m_indexColumns.first(std::min(keys.size(), m_indexColumns.size()));
-    static const QStringList known{u"="_s, u">="_s, u">"_s, u"<="_s, u"<"_s};
-    if (!known.contains(comparison) || columns.isEmpty())
-        throw DaoError(InvalidOperation, u"Invalid argument."_s);
-    Statement &statement = m_statements[u"seek"_s + comparison + QString::number(columns.size())];
-    if (!statement)
-        statement = database.connection().prepare(rows.seekSql(columns, comparison, m_exactColumns), true);
-    for (int i = 0; i < columns.size(); ++i) {
-        const Field &field = rows.fields()[requireField(columns[i])];
-        statement.bind(i + 1, toStored(field, keys[i]));
-    }
-    const bool found = statement.step();
-    if (found) {
-        m_key = statement.integer(0);
-        place = Place::Row;
-        deletedCurrent = false;
-        m_looked = true;
-        m_loaded = false;
-    }
-    statement.reset();
-    noMatch = !found;
-    cancelUpdate();
 }
 
 void RecordsetImpl::find(const QString &criteria, int direction, bool fromEnd)

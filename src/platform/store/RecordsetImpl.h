@@ -31,6 +31,10 @@ public:
 
     /** @throws 3167 when the row was deleted. */
     [[nodiscard]] QVariant value(qint64 position, int field) const;
+    /** A stored field of the row of that key, in the set or not. */
+    [[nodiscard]] QVariant storedValue(qint64 key, int field) const;
+    /** The key of the row that follows in the order of `columns`; nothing behind the last one. */
+    [[nodiscard]] std::optional<qint64> keyBehind(qint64 key, const QStringList &columns) const;
     /** The base row's stored values in the order of its fields; nothing when it is gone. */
     [[nodiscard]] std::optional<QVariantList> freshRow(qint64 key) const;
     [[nodiscard]] const QStringList &baseFields() const { return m_baseFields; }
@@ -124,6 +128,8 @@ private:
     qint64 m_position = 0;
     /** Table recordsets stand on a key until a position is asked for. */
     std::optional<qint64> m_key;
+    /** Behind a row that was sought and deleted: the next one's key, or none where that was the last. */
+    std::optional<std::optional<qint64>> m_behind;
     bool m_loaded = false;
     bool m_looked = false;
     qint64 m_loadedChanges = -1;

@@ -142,10 +142,33 @@ QVariant RecordsetRows::value(qint64 position, int field) const
     const int place = m_places[field];
     if (place < 0)
         return typed(m_held[static_cast<std::size_t>(-1 - place)].at(position), m_fields[field].type);
-    const QVariantList *row = cachedRow(m_keys.at(position));
+    return storedValue(m_keys.at(position), field);
+}
+
+QVariant RecordsetRows::storedValue(qint64 key, int field) const
+{
+    const QVariantList *row = cachedRow(key);
     if (row == nullptr)
         throw DaoError(RecordDeleted, u"Record is deleted."_s);
-    return typed(row->at(place), m_fields[field].type);
+    return typed(row->at(m_places[field]), m_fields[field].type);
+}
+
+std::optional<qint64> RecordsetRows::keyBehind(qint64 key, const QStringList &columns) const
+{
+    const TableInfo *table = m_database.table(m_plan.baseTable);
+    QByteArray own;
+    QByteArray next;
+    for (const QString &column : columns + QStringList{table->keyColumn}) {
+        own += (own.isEmpty() ? "own." : ", own.") + quotedName(column);
+        next += (next.isEmpty() ? "next." : ", next.") + quotedName(column);
+    }
+    const QByteArray name = quotedName(table->name);
+    Statement row =
+        connection().prepare("SELECT next." + quotedName(table->keyColumn) + " FROM " + name + " AS own, " +
+                             name + " AS next WHERE own." + quotedName(table->keyColumn) + " = ?1 AND (" +
+                             next + ") > (" + own + ") ORDER BY " + next + " LIMIT 1");
+    row.bind(1, key);
+    return row.step() ? std::optional(row.integer(0)) : std::nullopt;
 }
 
 void RecordsetRows::setOrder(const QByteArray &columns)
@@ -216,8 +239,7 @@ std::vector<qint64> RecordsetRows::findKeyed(const QString &criteria, bool first
             positions.push_back(position);
     }
     std::ranges::sort(positions);
-    const auto again = std::ranges::unique(positions);
-    positions.erase(again.begin(), again.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
     return positions;
 }
 

@@ -4,7 +4,6 @@
 #include "platform/store/Sqlite.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace dao {
 
@@ -38,7 +37,8 @@ std::optional<Resolved> Scope::resolve(const QString &qualifier, const QString &
     };
     const bool known = !qualifier.isEmpty() && std::ranges::any_of(sources, isNamed);
     const bool passOver = !known && !qualifier.isEmpty() && names.table(qualifier) != nullptr;
-    for (const Source &source : sources | std::views::reverse) {
+    for (auto it = sources.rbegin(); it != sources.rend(); ++it) {
+        const Source &source = *it;
         if (!qualifier.isEmpty() && !passOver && !isNamed(source))
             continue;
         if (const Column *column = source.column(name)) {

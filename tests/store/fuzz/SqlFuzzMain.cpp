@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/CatalogueSchema.h"
-#include "catalogue/DuplicateQueries.h"
 #include "store/fuzz/SqlFuzz.h"
 
 #include <QTemporaryDir>
@@ -18,7 +17,13 @@ struct Names
         const QString path = folder.filePath(QStringLiteral("names.mdb"));
         engine.CreateEmpty(path);
         database = engine.OpenDatabase(path);
-        quaverly::ensureDuplicateQueries(*database);
+        database->CreateQueryDef(
+            QStringLiteral("qryGroups"),
+            QStringLiteral("Select Genre, First(RecordID) As Lowest From tblContacts Group By "
+                           "Genre Having Count(*) > 1"));
+        database->CreateQueryDef(QStringLiteral("qryDuplicateSongs"),
+                                 QStringLiteral("Select * From tblContacts Inner Join qryGroups On "
+                                                "tblContacts.Genre = qryGroups.Genre Order By Artist"));
     }
     QTemporaryDir folder;
     dao::DBEngine engine{quaverly::catalogueSchema()};

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/store/RecordsetImpl.h"
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+
+// The columns behind an index's name decide the order of moving and what Seek compares.
+void RecordsetImpl::setIndex(const QString &name)
+{
+    if (type != RecordsetType::Table)
+        throw DaoError(InvalidOperation, u"Operation is not supported for this type of object."_s);
+    const QString &table = rows.plan().baseTable;
+    QStringList columns;
+    QStringList exact;
+    QByteArray order;
+    if (name.compare("PrimaryKey"_L1, Qt::CaseInsensitive) == 0 &&
+        database.table(table)->keyColumn != "rowid"_L1)
+        columns.append(database.table(table)->keyColumn);
+    Statement info =
+        database.connection().prepare("SELECT name, coll FROM pragma_index_xinfo(" +
+                                      quotedText(table + u'.' + name) + ") WHERE key AND cid >= 0");
+    while (info.step()) {
+        columns.append(info.text(0));
+        if (info.text(1) == "BINARY"_L1)
+            exact.append(info.text(0));
+    }
+    if (columns.isEmpty())
+        throw DaoError(IndexNotFound, u"'%1' is not an index in this table."_s.arg(name));
+    for (const QString &column : columns)
+        order += (order.isEmpty() ? "" : ", ") + quotedName(column);
+    index = name;
+    m_indexColumns = columns;
+    m_exactColumns = exact;
+    m_statements.clear();
+    rows.setOrder(order);
+    m_loaded = false;
+    m_looked = false;
+    m_key.reset();
+    deletedCurrent = false;
+}
+
+void RecordsetImpl::seek(const QString &comparison, const QVariantList &keys)
+{
+    if (m_indexColumns.isEmpty())
+        throw DaoError(InvalidOperation, u"Operation invalid without a current index."_s);
+    const QStringList columns = m_indexColumns.first(std::min(keys.size(), m_indexColumns.size()));
+    static const QStringList known{u"="_s, u">="_s, u">"_s, u"<="_s, u"<"_s};
+    if (!known.contains(comparison) || columns.isEmpty())
+        throw DaoError(InvalidOperation, u"Invalid argument."_s);
+    Statement &statement = m_statements[u"seek"_s + comparison + QString::number(columns.size())];
+    if (!statement)
+        statement = database.connection().prepare(rows.seekSql(columns, comparison, m_exactColumns), true);
+    for (int i = 0; i < columns.size(); ++i) {
+        const Field &field = rows.fields()[requireField(columns[i])];
+        statement.bind(i + 1, toStored(field, keys[i]));
+    }
+    const bool found = statement.step();
+    if (found) {
+        m_key = statement.integer(0);
+        place = Place::Row;
+        deletedCurrent = false;
+        m_behind.reset();
+        m_looked = true;
+        m_loaded = false;
+    }
+    statement.reset();
+    noMatch = !found;
+    cancelUpdate();
+}
+
+} // namespace dao
