@@ -119,7 +119,7 @@ void NameList::Form_Load()
     setVisible(MainControl::cmdShowSelected, false);
     set_lblCategory(lblCategory());
     set_lblSelectedCount({});
-    showCurrentSong();
+    setVisible(MainControl::cmdShowArtistSongs, false);
 }
 
 void NameList::applyFont()

@@ -19,8 +19,24 @@ QString sameStatement(const QString &sql)
 
 } // namespace
 
+void DataControl::openWhenAsked(const QString &sql)
+{
+    m_recordset.reset();
+    m_recordSource = sql;
+    m_openedSource = sql;
+    m_openWhenAsked = true;
+}
+
+bool DataControl::hasRows() const
+{
+    if (m_openWhenAsked)
+        return !m_catalogue.ContactsTable->atEOF();
+    return m_recordset && !m_recordset->isEmpty();
+}
+
 void DataControl::Refresh()
 {
+    m_openWhenAsked = false;
     if (m_recordset && m_openedOnce == sameStatement(m_recordSource)) {
         m_openedSource = m_recordSource;
         if (hasRows())
@@ -42,6 +58,8 @@ void DataControl::Refresh()
 
 dao::Recordset &DataControl::Recordset()
 {
+    if (m_openWhenAsked)
+        Refresh();
     if (!m_recordset)
         throw dao::DaoError(dao::ObjectInvalid, u"No songs are displayed yet."_s);
     return *m_recordset;
@@ -49,7 +67,7 @@ dao::Recordset &DataControl::Recordset()
 
 QString DataControl::currentText(const QString &field) const
 {
-    if (!hasRows() || m_recordset->atEOF() || m_recordset->atBOF())
+    if (!m_recordset || m_recordset->isEmpty() || m_recordset->atEOF() || m_recordset->atBOF())
         return {};
     return NullToEmpty(m_recordset->value(field));
 }
@@ -58,7 +76,7 @@ bool DataControl::findRecord(qint64 recordId)
 {
     if (!hasRows())
         return false;
-    m_recordset->FindFirst(u"RecordID = "_s + QString::number(recordId));
+    Recordset().FindFirst(u"RecordID = "_s + QString::number(recordId));
     if (m_recordset->NoMatch())
         return false;
     notifyRowChanged();
@@ -80,6 +98,7 @@ void DataControl::notifyRowChanged()
 void DataControl::Close()
 {
     m_recordset.reset();
+    m_openWhenAsked = false;
     m_recordSource.clear();
     m_openedSource.clear();
     m_openedOnce.reset();

@@ -39,13 +39,16 @@ public:
      * rows shown so far stay and RecordSource is their text again. @throws dao::DaoError.
      */
     void Refresh();
+    /** Takes the statement without opening it until somebody asks for its rows: a list that another one
+     * follows at once costs nothing. Only for one that shows every song. */
+    void openWhenAsked(const QString &sql);
 
     /** False before the first Refresh and after Close. */
     [[nodiscard]] bool isOpen() const { return m_recordset != nullptr; }
     /** The rows. Whoever moves in them directly calls notifyRowChanged() in the end. */
     [[nodiscard]] dao::Recordset &Recordset();
     /** False for a closed set too. */
-    [[nodiscard]] bool hasRows() const { return m_recordset && !m_recordset->isEmpty(); }
+    [[nodiscard]] bool hasRows() const;
 
     /** Null as the empty text; the empty text without a current row. */
     [[nodiscard]] QString currentText(const QString &field) const;
@@ -68,6 +71,7 @@ private:
     QString m_recordSource;
     QString m_openedSource;
     std::unique_ptr<dao::Recordset> m_recordset;
+    bool m_openWhenAsked = false;
     std::vector<DataListener *> m_listeners;
     /** Within a RefreshOnce: the text opened there. */
     std::optional<QString> m_openedOnce;

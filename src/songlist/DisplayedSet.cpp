@@ -76,7 +76,8 @@ void DisplayedSet::openAtLoad()
         open(u"Select * from "_s + m_texts.ListSource + m_texts.ListWhere + OrderAtLoad);
     };
     if (!category) {
-        openTexts();
+        // The first activation shows the list in the stored order, before anyone looks at this one.
+        m_data.openWhenAsked(u"Select * from "_s + m_texts.ListSource + OrderAtLoad);
         return;
     }
     try {

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/SettingsRows.h"
-#include "catalogue/Options.h"
-#include "platform/options/OptionsStore.h"
 #include "support/QtPrinters.h"
 #include "support/store/StoreFixture.h"
-
-#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -18,36 +14,12 @@ namespace {
 class Settings : public ::testing::Test
 {
 protected:
-    /** A row whose Name is @p name, as any program may have left it. */
-    void put(const char16_t *type, const QVariant &name)
-    {
-        const auto table = store.db().OpenRecordset(u"tblSettings"_s);
-        table->AddNew();
-        table->setValue(u"Type"_s, QString::fromUtf16(type));
-        table->setValue(u"Name"_s, name);
-        table->Update();
-    }
     qint64 rowCount() { return store.valueOf(u"Select count(*) from tblSettings"_s).toLongLong(); }
     void clear() { store.db().Execute(u"Delete * from tblSettings"_s); }
 
     StoreFixture store;
     SettingsRows &rows = store.settings();
 };
-
-TEST_F(Settings, MissingRowsGiveTheDefaults)
-{
-    EXPECT_FALSE(rows.gridSortOrder());
-    EXPECT_FALSE(rows.tablet());
-    EXPECT_FALSE(rows.category());
-    EXPECT_FALSE(rows.categoryAtStartup());
-    EXPECT_EQ(rows.categoryStartupBox(), 0);
-    EXPECT_EQ(rows.assignCategoryOnAdd(), 0);
-    EXPECT_EQ(rows.templateRecordID(), 0);
-    EXPECT_FALSE(rows.backColor());
-    EXPECT_TRUE(rows.all(u"FILTER"_s).isEmpty());
-    rows.removeCategory();
-    EXPECT_EQ(rowCount(), 0);
-}
 
 TEST_F(Settings, NumbersAreReadAsFarAsTheyAreSome)
 {
@@ -75,7 +47,7 @@ TEST_F(Settings, NumbersAreReadAsFarAsTheyAreSome)
         clear();
         for (const auto *type : {settings::AssignCategoryOnAdd, settings::TemplateRecordID,
                                  settings::BackColor, settings::CategoryStartup, settings::Tablet})
-            put(type, c.name);
+            store.addRow(u"tblSettings"_s, {{u"Type"_s, QString::fromUtf16(type)}, {u"Name"_s, c.name}});
         const std::string what = c.name.toString().toStdString();
         EXPECT_EQ(rows.assignCategoryOnAdd(), c.assign) << what;
         EXPECT_EQ(rows.templateRecordID(), c.templateId) << what;
@@ -128,26 +100,6 @@ TEST_F(Settings, NamedRowsAreFoundByKindAndName)
     ASSERT_EQ(rows.all(u"FILTER"_s).size(), 1);
     EXPECT_EQ(rows.all(u"FILTER"_s).first().Name, u"Seventies"_s);
     EXPECT_TRUE(rows.find(u"NOTE"_s, u"Best"_s));
-}
-
-TEST_F(Settings, OptionsComeFromTheirTwoPlaces)
-{
-    OptionsStore user(store.path(u"options.ini"_s));
-    Options options;
-    loadUserOptions(user, options);
-    EXPECT_FALSE(options.RememberWindowSize);
-    saveFlagOption(user, keys::RememberWindowSize, true);
-    saveFlagOption(user, keys::FileRenameDisabled, true);
-    EXPECT_EQ(user.GetSetting(u"Options"_s, u"Remember Window Size"_s), u"-1"_s);
-    rows.storeAssignCategoryOnAdd(1);
-    rows.storeTemplateRecordID(4);
-    loadUserOptions(user, options);
-    loadCatalogueOptions(rows, options);
-    EXPECT_TRUE(options.RememberWindowSize && options.FileRenameDisabled);
-    EXPECT_EQ(options.AssignCategoryOnAdd, 1);
-    EXPECT_EQ(options.TemplateRecordID, 4);
-    saveFlagOption(user, keys::FileRenameDisabled, false);
-    EXPECT_FALSE(flagOption(user, keys::FileRenameDisabled));
 }
 
 } // namespace

@@ -108,16 +108,6 @@ TEST_F(Duplicates, AreShownAndDeletedButForTheFirstOfEachGroup)
               QStringList({u"1"_s, u"5"_s}));
 }
 
-TEST_F(Duplicates, OnlyTheFourViewsAreViews)
-{
-    int views = 0;
-    for (const DuplicateQuery &query : duplicateQueries())
-        views += isDuplicateViewName(query.name) ? 1 : 0;
-    EXPECT_EQ(views, 4);
-    EXPECT_FALSE(isDuplicateViewName(u"qryContacts"_s));
-    EXPECT_FALSE(isDuplicateViewName(u"Select * from qryDuplicateSongs"_s));
-}
-
 TEST(DuplicateQueriesAtStart, AGroupIsMadeWhenItsFirstQueryIsMissing)
 {
     StoreFixture store;

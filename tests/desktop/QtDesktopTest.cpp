@@ -6,7 +6,6 @@
 #include "support/UserActs.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -16,11 +15,11 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
@@ -32,13 +31,6 @@ class TheDesktop : public ::testing::Test
 {
 protected:
     [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
-    QString make(const QString &name) const
-    {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        return file.fileName();
-    }
-
     QTemporaryDir m_folder;
     OptionsStore m_options{m_folder.filePath(u"Quaverly.ini"_s)};
     QtDesktop desktop{m_options};
@@ -49,40 +41,32 @@ void press(QWidget &dialog, QMessageBox::StandardButton button)
     test::click(dynamic_cast<QMessageBox &>(dialog).button(button));
 }
 
-TEST_F(TheDesktop, MessageBoxesGiveTheButtonPressed)
-{
-    struct Case
-    {
-        Buttons buttons;
-        QMessageBox::StandardButton press;
-        Answer answer;
-    };
-    for (const Case &one : {Case{Buttons::Ok, QMessageBox::Ok, Answer::Ok},
-                            {Buttons::OkCancel, QMessageBox::Ok, Answer::Ok},
-                            {Buttons::OkCancel, QMessageBox::Cancel, Answer::Cancel},
-                            {Buttons::YesNo, QMessageBox::Yes, Answer::Yes},
-                            {Buttons::YesNo, QMessageBox::No, Answer::No}}) {
-        test::inDialog([&one](QWidget &box) { press(box, one.press); });
-        EXPECT_EQ(desktop.MessageBox(u"Text"_s, u"T"_s, Icon::Question, one.buttons), one.answer);
-    }
-}
-
-TEST_F(TheDesktop, EnterTakesTheDefaultAndEscTheHarmlessButton)
+TEST_F(TheDesktop, MessageBoxesGiveTheButtonPressedByMouseOrKey)
 {
     struct Case
     {
         Buttons buttons;
         std::optional<Answer> byDefault;
-        Qt::Key key;
+        std::variant<QMessageBox::StandardButton, Qt::Key> act;
         Answer answer;
     };
-    for (const Case &one : {Case{Buttons::YesNo, Answer::No, Qt::Key_Return, Answer::No},
-                            {Buttons::YesNo, std::nullopt, Qt::Key_Return, Answer::Yes},
+    for (const Case &one : {Case{Buttons::Ok, {}, QMessageBox::Ok, Answer::Ok},
+                            {Buttons::OkCancel, {}, QMessageBox::Ok, Answer::Ok},
+                            {Buttons::OkCancel, {}, QMessageBox::Cancel, Answer::Cancel},
+                            {Buttons::YesNo, {}, QMessageBox::Yes, Answer::Yes},
+                            {Buttons::YesNo, {}, QMessageBox::No, Answer::No},
+                            {Buttons::YesNo, Answer::No, Qt::Key_Return, Answer::No},
+                            {Buttons::YesNo, {}, Qt::Key_Return, Answer::Yes},
                             {Buttons::OkCancel, Answer::Cancel, Qt::Key_Return, Answer::Cancel},
                             {Buttons::YesNo, Answer::Yes, Qt::Key_Escape, Answer::No},
-                            {Buttons::OkCancel, std::nullopt, Qt::Key_Escape, Answer::Cancel},
-                            {Buttons::Ok, std::nullopt, Qt::Key_Escape, Answer::Ok}}) {
-        test::inDialog([&one](QWidget &box) { QTest::keyClick(&box, one.key); });
+                            {Buttons::OkCancel, {}, Qt::Key_Escape, Answer::Cancel},
+                            {Buttons::Ok, {}, Qt::Key_Escape, Answer::Ok}}) {
+        test::inDialog([&one](QWidget &box) {
+            if (const auto *button = std::get_if<QMessageBox::StandardButton>(&one.act))
+                press(box, *button);
+            else
+                QTest::keyClick(&box, std::get<Qt::Key>(one.act));
+        });
         EXPECT_EQ(desktop.MessageBox(u"Text"_s, u"T"_s, Icon::None, one.buttons, one.byDefault), one.answer);
     }
 }
@@ -94,7 +78,6 @@ TEST_F(TheDesktop, MessageTextsAreShownAsTheyStand)
         EXPECT_EQ(box.text(), u"<b>R&B</b>\nnext  line"_s);
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
         EXPECT_EQ(box.icon(), QMessageBox::Warning);
-        EXPECT_EQ(box.windowTitle(), u"File not added"_s);
         press(dialog, QMessageBox::Ok);
     });
     desktop.MessageBox(u"<b>R&B</b>\r\nnext  line"_s, u"File not added"_s, Icon::Exclamation);
@@ -126,20 +109,20 @@ TEST_F(TheDesktop, AWarningGoesOnEvenIfItsCheckBoxCannotBeKept)
 
 TEST_F(TheDesktop, TheOpenDialogOffersTheFiltersAndGivesTheFullPath)
 {
-    const QString song = make(u"Song & Co.MP3"_s);
+    QFile song(path(u"Song & Co.MP3"_s));
+    ASSERT_TRUE(song.open(QIODevice::WriteOnly));
     test::inDialog([](QWidget &dialog) {
         auto &files = dynamic_cast<QFileDialog &>(dialog);
-        EXPECT_EQ(files.windowTitle(), u"Select a music file"_s);
         EXPECT_EQ(files.nameFilters(),
                   (QStringList{u"Music files (*.mp3;*.m4a) (*.mp3 *.m4a)"_s, u"All Files (*.*) (*)"_s}));
-        EXPECT_EQ(child<QComboBox>(dialog, u"fileTypeCombo"_s)->itemText(0), u"Music files (*.mp3;*.m4a)"_s);
-        test::retype(child<QLineEdit>(dialog, u"fileNameEdit"_s), u"Song & Co.MP3"_s);
-        test::key(child<QLineEdit>(dialog, u"fileNameEdit"_s), Qt::Key_Return);
+        auto *field = child<QLineEdit>(dialog, u"fileNameEdit"_s);
+        test::retype(field, u"Song & Co.MP3"_s);
+        test::key(field, Qt::Key_Return);
     });
     const FileQuestion question = {u"Select a music file"_s,
                                    u"Music files (*.mp3;*.m4a)|*.mp3;*.m4a|All Files (*.*)|*.*"_s,
                                    m_folder.path() + u"/"_s, QString()};
-    EXPECT_EQ(desktop.ShowOpenDialog(question), song);
+    EXPECT_EQ(desktop.ShowOpenDialog(question), song.fileName());
 }
 
 TEST_F(TheDesktop, TheSaveDialogCompletesTheNameAndNeverTakesAPattern)
@@ -225,16 +208,6 @@ TEST_F(TheDesktop, TheWaitingWindowGoesWithItsHandleOrAtAClick)
     handle->setMsg(u"still working"_s);
     handle->setBar(3000);
     EXPECT_EQ(handle->bar(), 3000);
-}
-
-TEST_F(TheDesktop, EventsGetThroughABusyLoopAFewTimesASecond)
-{
-    bool ran = false;
-    QTimer::singleShot(0, qApp, [&ran] { ran = true; });
-    EXPECT_TRUE(QTest::qWaitFor([this] { return desktop.inputWaiting(); }));
-    desktop.letEventsRun();
-    EXPECT_TRUE(ran);
-    EXPECT_FALSE(desktop.inputWaiting());
 }
 
 TEST_F(TheDesktop, OneKeyboardIsStartedAtATime)

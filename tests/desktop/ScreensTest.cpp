@@ -14,10 +14,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -36,10 +34,9 @@ TEST(TheInputForm, EnterAndOKTakeTheText)
 {
     for (const bool byKey : {true, false}) {
         InputForm form;
-        form.setPrompt(u"First\rsecond & last"_s, u"Title"_s);
+        form.setPrompt(u"First\rsecond & last"_s, u"T"_s);
         form.setDefaultText(u"old"_s);
         form.show();
-        EXPECT_EQ(form.windowTitle(), u"Title"_s);
         EXPECT_EQ(child<QLabel>(form, u"lblMessage"_s)->text(), u"First\nsecond & last"_s);
         EXPECT_EQ(form.text(), u"old"_s);
         auto *field = child<QLineEdit>(form, u"txtInput"_s);
@@ -99,11 +96,7 @@ protected:
 
 TEST_F(TheWarning, OKGoesOnAndKeepsTheCheckBox)
 {
-    EXPECT_EQ(display([](QWidget &form) {
-                  EXPECT_EQ(child<QLabel>(form, u"lblMessage"_s)->text(), u"Careful!"_s);
-                  test::click(form, u"cmdOK"_s);
-              }),
-              0);
+    EXPECT_EQ(display([](QWidget &form) { test::click(form, u"cmdOK"_s); }), 0);
     EXPECT_EQ(kept(), u"0"_s);
     EXPECT_EQ(display([](QWidget &form) {
                   test::click(form, u"chkShowAgain"_s);
@@ -128,63 +121,22 @@ TEST_F(TheWarning, CancelBacksOutAndKeepsNothing)
     }
 }
 
-TEST(TheWorkingForm, ShowsTextAndTheBarsShare)
-{
-    auto *form = new WorkingForm;
-    form->setCaption(u"Loading songs into Player..."_s);
-    form->setMsg(u"\nPlease wait..."_s);
-    form->show();
-    auto *bar = child<QProgressBar>(*form, u"Label1"_s);
-    EXPECT_FALSE(bar->isVisible());
-    form->showBar();
-    EXPECT_TRUE(bar->isVisible());
-    EXPECT_EQ(form->windowTitle(), u"Loading songs into Player..."_s);
-    EXPECT_EQ(child<QLabel>(*form, u"Msg"_s)->text(), u"Please wait..."_s);
-    for (const auto &[twips, shown] : {std::pair(3228, 3228), {FullBarTwips + 50, FullBarTwips}, {-1, 0}}) {
-        form->setBar(twips);
-        EXPECT_EQ(bar->value(), shown);
-    }
-    EXPECT_EQ(bar->maximum(), FullBarTwips);
-    form->close();
-}
-
 TEST(TheWorkingForm, AClickOrAKeyUnloadsIt)
 {
-    const std::vector<std::function<void(WorkingForm &)>> acts = {
-        [](WorkingForm &form) { test::click(&form); },
-        [](WorkingForm &form) { test::click(form, u"Msg"_s); },
-        [](WorkingForm &form) { test::key(&form, Qt::Key_A); },
-    };
-    for (const auto &act : acts) {
+    for (const bool byKey : {true, false}) {
         const QPointer<WorkingForm> form = new WorkingForm;
         form->setMsg(u"Please wait..."_s);
         form->show();
-        act(*form);
+        byKey ? test::key(form, Qt::Key_A) : test::click(*form, u"Msg"_s);
         EXPECT_TRUE(QTest::qWaitFor([&form] { return form.isNull(); }));
     }
 }
 
-TEST(TheHelp, ALongPageStaysOnTheScreenAndScrolls)
-{
-    const QString body =
-        u"A paragraph that is long enough to be wrapped at the width of a page of help.\n\n"_s;
-    frmHelp form(u"Using Play Lists"_s, body.repeated(60), nullptr);
-    form.show();
-    EXPECT_LE(form.height(), form.screen()->availableSize().height());
-    EXPECT_EQ(child<QLabel>(form, u"lblHeading1"_s)->text(), u"Using Play Lists"_s);
-    auto *area = child<QScrollArea>(form, u"bodyArea"_s);
-    EXPECT_GT(child<QLabel>(form, u"lblBody1"_s)->height(), area->viewport()->height());
-    EXPECT_EQ(child<QPushButton>(form, u"OKButton"_s)->toolTip(), u"Closes this window."_s);
-    test::click(form, u"OKButton"_s);
-    EXPECT_FALSE(form.isVisible());
-}
-
-TEST(TheAboutScreen, ShowsTheVersionAndOpensTheWebSite)
+TEST(TheAboutScreen, OpensTheWebSite)
 {
     int opened = 0;
     About form([&opened] { ++opened; });
     form.show();
-    EXPECT_EQ(child<QLabel>(form, u"lblVersion"_s)->text(), u"Version 2.30"_s);
     auto *link = child<QLabel>(form, u"Label2"_s);
     QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(10, link->height() / 2));
     EXPECT_EQ(opened, 1);
@@ -200,16 +152,13 @@ void expectNothingCut(QWidget &screen)
     for (QLabel *label : screen.findChildren<QLabel *>()) {
         if (!label->isVisible() || label->text().isEmpty())
             continue;
-        EXPECT_GE(label->width(), label->minimumSizeHint().width()) << label->objectName().toStdString();
-        EXPECT_GE(label->height(), label->heightForWidth(label->width()))
-            << label->objectName().toStdString();
+        const std::string name = label->objectName().toStdString();
+        EXPECT_GE(label->width(), label->minimumSizeHint().width()) << name;
+        EXPECT_GE(label->height(), label->heightForWidth(label->width())) << name;
     }
-    for (QAbstractButton *button : screen.findChildren<QAbstractButton *>()) {
-        if (button->isVisible()) {
-            EXPECT_GE(button->width(), button->minimumSizeHint().width())
-                << button->objectName().toStdString();
-        }
-    }
+    for (QAbstractButton *button : screen.findChildren<QAbstractButton *>())
+        EXPECT_TRUE(!button->isVisible() || button->width() >= button->minimumSizeHint().width())
+            << button->objectName().toStdString();
 }
 
 TEST(AllDialogs, LongTextsInLargeFontsAreNotCut)
@@ -230,11 +179,11 @@ TEST(AllDialogs, LongTextsInLargeFontsAreNotCut)
         expectNothingCut(message);
         WorkingForm working;
         working.setAttribute(Qt::WA_DeleteOnClose, false);
-        working.setCaption(text);
         working.setMsg(text);
         expectNothingCut(working);
         frmHelp help(u"Using Play Lists"_s, text);
         expectNothingCut(help);
+        EXPECT_LE(help.height(), help.screen()->availableSize().height());
         About about({});
         expectNothingCut(about);
     }

@@ -51,21 +51,6 @@ TEST_F(TheProgram, TheTokenOfTheStartComesAlong)
     qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
-TEST_F(TheProgram, AnEndedRunLeavesThePlaceFree)
-{
-    {
-        const SingleInstance ended(folder());
-    }
-    EXPECT_FALSE(SingleInstance(folder()).PrevInstance());
-}
-
-TEST_F(TheProgram, OtherUsersFoldersAreApart)
-{
-    const QTemporaryDir other;
-    const SingleInstance mine(folder());
-    EXPECT_FALSE(SingleInstance(other.path() + u'/').PrevInstance());
-}
-
 TEST_F(TheProgram, AKilledHolderDoesNotBlockTheNextStart)
 {
     int ready[2] = {};

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "intake/IntakeFixture.h"
-#include "intake/SampleBytes.h"
 #include "support/UserActs.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QDir>
-#include <QFrame>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace tagbytes;
 
 namespace quaverly::test {
 
@@ -22,20 +21,16 @@ TEST_F(IntakeTest, NothingIsAddedWhileThePlayerRuns)
                                &AddCommands::ScanFiles_Click}) {
         m_desktop.willSee(u"Cannot Add records while playing songs. End the Player first."_s);
         ((*m_commands).*command)();
-        EXPECT_EQ(m_desktop.lastCall().title, u"Add not allowed"_s);
-        EXPECT_EQ(m_desktop.lastCall().icon, Icon::Information);
     }
     EXPECT_EQ(m_mainScreen.pics3Unloads, 0);
 }
 
 TEST_F(IntakeTest, AddMusicFolderAsksForAFolder)
 {
-    write(u"a.mp3"_s, mp3File({}));
+    write(u"a.mp3"_s, mp3File());
     m_desktop.willBrowse({});
     m_commands->AddMusicFolder_Click();
     EXPECT_EQ(m_desktop.lastCall().startFolder, QDir::currentPath());
-    EXPECT_EQ(m_desktop.lastCall().text, u"Add a Folder of Music Files including subfolders"_s);
-    EXPECT_EQ(m_desktop.lastCall().title, u"Select a Folder"_s);
     EXPECT_EQ(m_mainScreen.pics3Unloads, 1);
     EXPECT_EQ(m_mainScreen.gridFocuses, 0);
 
@@ -51,24 +46,16 @@ TEST_F(IntakeTest, AddMusicFolderAsksForAFolder)
 
 TEST_F(IntakeTest, AddOneMusicFileAsksForAFile)
 {
-    write(u"one.mp3"_s, mp3File({}));
+    write(u"one.mp3"_s, mp3File());
     m_state.MusicFolder = music().chopped(1);
     m_desktop.willOpen(std::nullopt);
     m_commands->AddOneMusicFile_Click();
-    EXPECT_EQ(m_desktop.lastCall().title, u"Select a music file"_s);
     EXPECT_EQ(m_desktop.lastCall().startFolder, music());
-    EXPECT_EQ(m_desktop.lastCall().filter,
-              u"Music files (*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.mp4;*.aac)|"
-              "*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.mp4;*.aac|All Files (*.*)|*.*"_s);
+    EXPECT_TRUE(m_desktop.lastCall().filter.contains(
+        u"|*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.mp4;*.aac|All Files (*.*)|*.*"_s));
 
-    m_desktop.willOpen(music(u"gone.mp3"_s)).willSee();
+    m_desktop.willOpen(music(u"gone.mp3"_s)).willSee(u"Rename this file on your computer first."_s);
     m_commands->AddOneMusicFile_Click();
-    EXPECT_EQ(m_desktop.lastCall().text,
-              u"The file name you selected cannot be added to Quaverly, likely because it "
-              "contains invalid characters in the file name.\n"
-              "Rename this file on your computer first."_s);
-    EXPECT_EQ(m_desktop.lastCall().title, u"File not added"_s);
-    EXPECT_EQ(m_desktop.lastCall().icon, Icon::Exclamation);
 
     m_desktop.willOpen(music(u"one.mp3"_s)).willSee(u"added to database: 1"_s);
     m_commands->AddOneMusicFile_Click();
@@ -113,23 +100,8 @@ protected:
     ScanDriveTest()
     {
         for (int i = 0; i < 30; ++i)
-            write(u"%1/%1.ogg"_s.arg(i), oggFile({}));
-        m_forms =
-            std::make_unique<ScanForms>(m_desktop, m_mainScreen, m_state, m_drives, &m_mainScreen.window);
-        m_loader = std::make_unique<MusicLoader>(IntakeParts{m_desktop,
-                                                             m_mainScreen,
-                                                             m_drives,
-                                                             m_catalogue,
-                                                             m_state,
-                                                             *m_forms,
-                                                             {[] { return 0.0; },
-                                                              [] {
-                                                                  return QDateTime({2026, 1, 1}, {}, Qt::UTC);
-                                                              }},
-                                                             {},
-                                                             [] { return std::nullopt; }});
-        m_commands = std::make_unique<AddCommands>(m_desktop, m_mainScreen, m_player, m_state, *m_loader,
-                                                   [this] { m_forms->showScanDriveForm(*m_loader); });
+            write(u"%1/%1.ogg"_s.arg(i), oggFile());
+        useShell(std::make_unique<OneDriveShell>(music().chopped(1)));
     }
 
     void choose(const QString &drive)
@@ -146,8 +118,6 @@ protected:
     {
         return child<QPushButton>(*driveForm(), name);
     }
-
-    OneDriveShell m_drives{music().chopped(1)};
 };
 
 } // namespace
@@ -157,11 +127,6 @@ TEST_F(ScanDriveTest, OpensWithoutADrive)
     m_commands->ScanFiles_Click();
     auto *cmbDrive = child<QComboBox>(*driveForm(), u"cmbDrive"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return cmbDrive->view()->isVisible(); })) << "the list opens by itself";
-    EXPECT_TRUE(driveForm()->isModal());
-    EXPECT_EQ(driveForm()->windowTitle(), u"Add All Music Files (Scan Entire Drive)"_s);
-    EXPECT_EQ(text(u"lblDriveChosen"_s), u"No drive selected"_s);
-    EXPECT_TRUE(text(u"lblWarning"_s)
-                    .startsWith(u"Warning: this can take a long time.  If you have 100,000 songs"_s));
     EXPECT_FALSE(button(u"cmdLoad"_s)->isEnabled());
     choose(u"/"_s);
     EXPECT_EQ(text(u"lblDriveChosen"_s), u"/ drive selected"_s);
@@ -177,16 +142,13 @@ TEST_F(ScanDriveTest, ScansTheDriveAndCloses)
     m_commands->ScanFiles_Click();
     choose(music().chopped(1));
     m_desktop.atEvents(8, [&] {
-        EXPECT_EQ(text(u"lblWait"_s), u"Gathering data..."_s);
         EXPECT_EQ(text(u"lblWarning"_s), u"Scanning in progress...\nPlease wait..."_s);
-        EXPECT_TRUE(child<QFrame>(*driveForm(), u"ProgressFrame"_s)->isVisible());
         EXPECT_FALSE(button(u"cmdLoad"_s)->isEnabled());
         EXPECT_FALSE(m_mainScreen.window.isEnabled());
         m_desktop.willSee(
             u"You must press the Cancel button to cancel the scan before closing this window"_s);
         driveForm()->close();
         EXPECT_TRUE(driveForm()->isVisible());
-        EXPECT_EQ(m_desktop.lastCall().title, u"Can not close"_s);
         m_desktop.willSee(u"added to database: 30\r"_s).meanwhile([&] {
             EXPECT_EQ(button(u"cmdExit"_s)->text(), u"Exit"_s);
             EXPECT_TRUE(driveForm()->isVisible());
@@ -199,7 +161,6 @@ TEST_F(ScanDriveTest, ScansTheDriveAndCloses)
 
     m_commands->ScanFiles_Click();
     EXPECT_EQ(text(u"lblDriveChosen"_s), u"No drive selected"_s) << "as it was at first";
-    EXPECT_FALSE(child<QFrame>(*driveForm(), u"ProgressFrame"_s)->isVisible());
 }
 
 TEST_F(ScanDriveTest, CancelEndsTheScan)

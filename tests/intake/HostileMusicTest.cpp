@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "intake/IntakeFixture.h"
-#include "intake/SampleBytes.h"
+#include "samples/Silence.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,26 +9,24 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace tagbytes;
 
 namespace quaverly::test {
 
 TEST_F(IntakeTest, HostileFilesDoNotKeepTheGoodOnesOut)
 {
-    const QByteArray song = mp3File({{"TIT2", "Good"}});
-    const QByteArray hugeAtom = m4aFile(textAtom("\251nam", "n")) + QByteArray::fromHex("7fffffff") + "mdat";
+    const QByteArray song = mp3File(latin1Frame("TIT2", "Good"));
+    const QByteArray hugeAtom = m4aFile(itemAtom("\251nam", "n")) + QByteArray::fromHex("7fffffff") + "mdat";
     const QByteArray negativeAtom = QByteArray::fromHex("80000000") + "ftypM4A ";
     const QString longName = QString(251, u'n') + u".mp3"_s;
-    write(u"empty.mp3"_s, {});
-    write(u"empty.flac"_s, {});
+    writeAll({u"empty.mp3", u"empty.flac"}, {});
     write(u"text.mp3"_s, "This is a letter, no song.\n");
-    write(u"cut.m4a"_s, m4aFile(textAtom("\251nam", "n")).left(150));
+    write(u"cut.m4a"_s, m4aFile(itemAtom("\251nam", "n")).left(150));
     write(u"huge.m4a"_s, hugeAtom);
     write(u"negative.m4a"_s, negativeAtom);
-    write(u"a\nline.mp3"_s, song);
-    write(u"it's \"quoted\".mp3"_s, song);
+    writeAll({u"a\nline.mp3", u"it's \"quoted\".mp3", u"zz/last.mp3"}, song);
     write(longName, song);
-    write(u"zz/last.mp3"_s, song);
-    write(u"sparse.wav"_s, wavFile());
+    write(u"sparse.wav"_s, samples::silence(u"wav"));
     ASSERT_TRUE(QFile(music(u"sparse.wav"_s)).resize(qint64(2) << 30));
     ASSERT_EQ(::mkfifo(QFile::encodeName(music(u"fifo.mp3"_s)).constData(), 0600), 0);
     ASSERT_EQ(::symlink("/dev/zero", QFile::encodeName(music(u"device.mp3"_s)).constData()), 0);
@@ -39,9 +37,8 @@ TEST_F(IntakeTest, HostileFilesDoNotKeepTheGoodOnesOut)
               0);
 
     EXPECT_TRUE(scan().startsWith(u"Number of songs added to database: 11\r"_s));
-    EXPECT_EQ(stored(u"SongName"_s, longName).toString(), u"Good"_s);
-    EXPECT_EQ(stored(u"SongName"_s, u"a\nline.mp3"_s).toString(), u"Good"_s);
-    EXPECT_EQ(stored(u"SongName"_s, u"it's \"quoted\".mp3"_s).toString(), u"Good"_s);
+    for (const QString &name : {longName, u"a\nline.mp3"_s, u"it's \"quoted\".mp3"_s})
+        EXPECT_EQ(stored(u"SongName"_s, name).toString(), u"Good"_s) << name.toStdString();
     EXPECT_EQ(stored(u"PathName"_s, u"last.mp3"_s).toString(), music(u"zz/"_s));
     EXPECT_EQ(stored(u"SongName"_s, u"text.mp3"_s).toString(), u"text.mp3"_s);
 
@@ -62,8 +59,7 @@ TEST_F(IntakeTest, HostileFilesDoNotKeepTheGoodOnesOut)
 
 TEST_F(IntakeTest, WhatVanishesDuringTheScanIsPassedOver)
 {
-    for (const char16_t *name : {u"a/1.mp3", u"b/2.mp3", u"c/3.mp3", u"c/4.ogg"})
-        write(QString::fromUtf16(name), mp3File({}));
+    writeAll({u"a/1.mp3", u"b/2.mp3", u"c/3.mp3", u"c/4.ogg"}, mp3File());
     // By then the folders are gathered.
     m_desktop.atEvents(12, [&] {
         EXPECT_TRUE(QDir(music(u"b"_s)).removeRecursively());
@@ -76,7 +72,7 @@ TEST_F(IntakeTest, WhatVanishesDuringTheScanIsPassedOver)
 
 TEST_F(IntakeTest, UnreadableMusicIsAddedByItsName)
 {
-    write(u"locked.mp3"_s, mp3File({{"TIT2", "Hidden"}}));
+    write(u"locked.mp3"_s, mp3File(latin1Frame("TIT2", "Hidden")));
     write(u"locked.ogg"_s, oggFile({"TITLE=Hidden"}));
     for (const char16_t *name : {u"locked.mp3", u"locked.ogg"})
         QFile::setPermissions(music(QString::fromUtf16(name)), {});
@@ -90,9 +86,8 @@ TEST_F(IntakeTest, UnreadableMusicIsAddedByItsName)
 
 TEST_F(IntakeTest, WithoutACatalogueTheScanStillEnds)
 {
-    write(u"a.mp3"_s, mp3File({}));
-    write(u"b.mp3"_s, mp3File({}));
-    m_catalogue.CatalogueDb.reset();
+    writeAll({u"a.mp3", u"b.mp3"}, mp3File());
+    m_store.close();
     EXPECT_TRUE(scan().startsWith(u"Number of songs added to database: 2\r"_s))
         << "a refused row counts as well";
     EXPECT_TRUE(report().contains(music(u"b.mp3"_s)));

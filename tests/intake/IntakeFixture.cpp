@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "intake/IntakeFixture.h"
 
+#include "songlist/ListTexts.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -12,26 +14,23 @@ namespace quaverly::test {
 IntakeTest::IntakeTest()
 {
     QDir().mkpath(music());
-    m_catalogue.DatabaseFile = m_dir.filePath(u"QVdata.mdb"_s);
-    m_engine.CreateEmpty(m_catalogue.DatabaseFile);
-    m_catalogue.CatalogueDb = m_engine.OpenDatabase(m_catalogue.DatabaseFile);
     m_mainScreen.window.show();
-    restartShell({});
+    useShell(shell::makeShell());
 }
 
 IntakeTest::~IntakeTest() = default;
 
-void IntakeTest::restartShell(const shell::ShellTraits &traits)
+void IntakeTest::useShell(std::unique_ptr<shell::Shell> shell)
 {
-    m_shell = shell::makeShell(traits);
+    m_shell = std::move(shell);
     m_forms = std::make_unique<ScanForms>(m_desktop, m_mainScreen, m_state, *m_shell, &m_mainScreen.window);
     const ScanClock clock{[this] { return m_seconds.size() > 1 ? m_seconds.takeFirst() : m_seconds.first(); },
                           [] {
                               return QDateTime({2026, 11, 22}, {19, 22}, Qt::UTC);
                           }};
     m_loader = std::make_unique<MusicLoader>(
-        IntakeParts{m_desktop, m_mainScreen, *m_shell, m_catalogue, m_state, *m_forms, clock,
-                    m_dir.filePath(u"state/report.txt"_s), [this] { return m_currentArtist; }});
+        IntakeParts{m_desktop, m_mainScreen, *m_shell, m_store.catalogue(), m_state, *m_forms, clock,
+                    m_store.path(u"state/report.txt"_s), [this] { return m_currentArtist; }});
     m_commands = std::make_unique<AddCommands>(m_desktop, m_mainScreen, m_player, m_state, *m_loader,
                                                [this] { m_forms->showScanDriveForm(*m_loader); });
 }
@@ -44,37 +43,34 @@ void IntakeTest::write(const QString &name, const QByteArray &bytes) const
     ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
-QString IntakeTest::scan(const QString &oneFile)
+void IntakeTest::writeAll(std::initializer_list<const char16_t *> names, const QByteArray &bytes) const
+{
+    for (const char16_t *name : names)
+        write(QString::fromUtf16(name), bytes);
+}
+
+QString IntakeTest::scan()
 {
     m_desktop.willSee();
-    m_loader->LoadMusicFiles(music(), oneFile);
+    m_loader->LoadMusicFiles(music(), {});
     return m_desktop.lastCall().text;
 }
 
 QString IntakeTest::stored(const QString &field)
 {
-    const auto rows = m_catalogue.CatalogueDb->OpenRecordset(u"Select * from tblContacts Order By RecordID"_s,
-                                                             dao::RecordsetType::Snapshot);
-    QStringList values;
-    for (; !rows->atEOF(); rows->MoveNext())
-        values += rows->text(field);
-    return values.join(u'|');
+    return m_store.column(u"Select %1 from tblContacts Order By RecordID"_s.arg(field)).join(u'|');
 }
 
 QVariant IntakeTest::stored(const QString &field, const QString &fileName)
 {
-    const auto rows = m_catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s, dao::RecordsetType::Dynaset);
-    for (; !rows->atEOF(); rows->MoveNext()) {
-        if (rows->text(u"FileName"_s) == fileName)
-            return rows->value(field);
-    }
-    ADD_FAILURE() << fileName.toStdString() << " is not in the catalogue";
-    return {};
+    const QString where = u" from tblContacts Where FileName = "_s + quoted(fileName);
+    EXPECT_EQ(m_store.valueOf(u"Select Count(*)"_s + where).toInt(), 1) << fileName.toStdString();
+    return m_store.valueOf(u"Select "_s + field + where);
 }
 
 QString IntakeTest::report() const
 {
-    QFile file(m_dir.filePath(u"state/report.txt"_s));
+    QFile file(m_store.path(u"state/report.txt"_s));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 

@@ -84,29 +84,23 @@ TEST(ShellColumns, KeepWhatTheFieldsHold)
     const Case cases[] = {
         {6, 21, u"  two blanks  "_s, u"SongName", u"two blanks"_s},
         {5, 10, u"  two blanks  "_s, u"SongName", u"  two blanks  "_s},
-        {6, 21, u"   "_s, u"SongName", u"song.mp3"_s},
         {6, 21, QString(254, u'x') + u"  y"_s, u"SongName", QString(254, u'x')},
         {5, 16, u" "_s, u"Artist", u"Unknown"_s},
         {6, 13, longText, u"Artist", longText.left(255)},
         {6, 27, u"00:03:51.7"_s, u"Duration", u"00:03:51"_s},
         {6, 15, u"1976-10-11T00"_s, u"Year", u"1976-10-11"_s},
         {6, 24, longText, u"Notes", longText},
-        {5, 14, longText, u"Notes", longText.left(255)},
         {6, 26, u"3/12"_s, u"TrackText", u"3/12"_s},
         {6, 26, u"3/12"_s, u"TrackNum", u""_s},
         {6, 26, u"12345678901234"_s, u"TrackNum", u"1234567890"_s},
         {6, 26, u"1e999"_s, u"TrackNum", u""_s},
         {6, 237, u"128.35 BPM"_s, u"BPM", u"128.3"_s},
         {6, 237, u"fast"_s, u"BPM", u""_s},
-        {6, 219, u"90"_s, u"BPM", u"90"_s},
         {6, 227, u"allegro"_s, u"BPM", u"alleg"_s},
         {6, 28, u"\u200E192kbps"_s, u"bitRate", u"192kbps"_s},
-        {6, 28, u"?192kbps"_s, u"bitRate", u"192kbps"_s},
         {5, 22, u"?96kbps"_s, u"bitRate", u"096kbps"_s},
         {6, 28, u"96kbps"_s, u"bitRate", u"096kbps"_s},
-        {6, 28, u"98kbps"_s, u"bitRate", u"098kbps"_s},
         {6, 28, u"99kbps"_s, u"bitRate", u"99kbps"_s},
-        {6, 28, u"128kbps"_s, u"bitRate", u"128kbps"_s},
         {6, 28, u"8 of a long bit rate!"_s, u"bitRate", u"8 of a long bit rate"_s},
     };
     for (const Case &c : cases) {
@@ -130,7 +124,6 @@ TEST(ShellColumns, GiveTheSizeInMegabytes)
         {u"1 byte", 1 / 1048576.0},
         {u"2.5 GB", 2.5},
         {u"", 0},
-        {u"43.9 kb", 43.9 / 1024},
     };
     for (const auto &[text, megabytes] : cases) {
         NewSong song;
@@ -149,19 +142,15 @@ TEST(MusicItem, IsKnownByItsTailOrByItsTypeText)
         ASSERT_TRUE(QFile(folder + QString::fromUtf16(name)).open(QIODevice::WriteOnly));
     struct Case
     {
-        const char16_t *name;
-        const char16_t *type;
+        const char16_t *name, *type;
         bool hidden;
-        const char16_t *fileName;
-        const char16_t *fileType;
+        const char16_t *fileName, *fileType;
     };
     const Case cases[] = {
         {u"a.mp3", u"", false, u"a.mp3", u"MP3"},
-        {u"a.M4A", u"", false, u"a.M4A", u"M4A"},
         {u"Track.FLAC", u"", false, u"Track.FLAC", u"FLAC"},
         {u"aflac", u"", false, u"aflac", u"FLAC"},
         {u".ogg", u"", false, u".ogg", u"OGG"},
-        {u"a.mp4", u"", false, u"a.mp4", u"MP4"},
         {u"mp3", u"MP3 audio", false, nullptr, u""},
         {u"a.mp3.txt", u"", false, nullptr, u""},
         {u"a", u"MP3 Format Sound", true, u"a.mp3", u"MP3"},
@@ -169,9 +158,6 @@ TEST(MusicItem, IsKnownByItsTailOrByItsTypeText)
         {u"a", u"MP4 Video", true, u"a.m4a", u"M4A"},
         {u"a", u"MPEG-4 Audio", true, u"a.m4a", u"M4A"},
         {u"a", u"Windows Media Audio file", true, u"a.wma", u"WMA"},
-        {u"a", u"WAV file", true, u"a.wav", u"WAV"},
-        {u"a", u"Ogg sound", true, u"a.ogg", u"OGG"},
-        {u"a", u"AAC sound", true, u"a.aac", u"AAC"},
         {u"a", u"FLAC sound", true, u"a.flac", u"FLAC"},
         {u"clip", u"Video clip", true, u"clip.ogg", u"OGG"},
         {u"both", u"Video clip", true, u"both.m4a", u"M4A"},

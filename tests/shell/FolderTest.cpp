@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/shell/Shell.h"
-#include "samples/Corpus.h"
 #include "samples/SampleMaker.h"
-#include "shell/TagBytes.h"
+#include "shell/ShellFixture.h"
 
 #include <QDir>
-#include <QDirIterator>
 
 #include <algorithm>
 #include <random>
@@ -58,37 +56,31 @@ TEST_F(Folders, ListTheirItemsInNaturalOrder)
 
 TEST_F(Folders, TellSizeTypeAndAttributes)
 {
-    struct Case
-    {
-        qint64 bytes;
-        const char *text;
-    };
-    const std::array cases{Case{0, "0 bytes"},         Case{1, "1 byte"},
-                           Case{512, "512 bytes"},     Case{1023, "1023 bytes"},
-                           Case{1024, "1.00 KB"},      Case{44'953, "43.8 KB"},
-                           Case{44'954, "43.9 KB"},    Case{524'288, "512 KB"},
-                           Case{1'023'999, "999 KB"},  Case{1'024'000, "0.976 MB"},
-                           Case{4'603'248, "4.38 MB"}, Case{4'603'249, "4.39 MB"},
-                           Case{3LL << 30, "3.00 GB"}, Case{3000LL << 30, "2.92 TB"}};
-    for (const Case &c : cases) {
+    const std::pair<qint64, const char16_t *> cases[] = {
+        {0, u"0 bytes"},         {1, u"1 byte"},           {1023, u"1023 bytes"},
+        {1024, u"1.00 KB"},      {44'953, u"43.8 KB"},     {44'954, u"43.9 KB"},
+        {1'023'999, u"999 KB"},  {1'024'000, u"0.976 MB"}, {4'603'248, u"4.38 MB"},
+        {4'603'249, u"4.39 MB"}, {3LL << 30, u"3.00 GB"},  {3000LL << 30, u"2.92 TB"}};
+    for (const auto &[bytes, text] : cases) {
         write(u"sized.txt"_s, {});
-        ASSERT_TRUE(QFile::resize(path(u"sized.txt"_s), c.bytes)) << c.bytes;
-        EXPECT_EQ(column(u"sized.txt"_s, 1), QString::fromLatin1(c.text)) << c.bytes;
+        ASSERT_TRUE(QFile::resize(path(u"sized.txt"_s), bytes)) << bytes;
+        EXPECT_EQ(column(u"sized.txt"_s, 1), QString::fromUtf16(text));
     }
     ASSERT_TRUE(QDir().mkdir(path(u"Album.mp3"_s)));
     write(u"song.m4a"_s, "x");
     write(u".hidden.mp3"_s, "x");
     ASSERT_EQ(::mkfifo(QFile::encodeName(path(u"pipe.mp3"_s)).constData(), 0600), 0);
     ASSERT_TRUE(QFile::link(path(u"Album.mp3"_s), path(u"linked"_s)));
-    EXPECT_EQ(column(u"Album.mp3"_s, 6), u"D"_s);
-    EXPECT_EQ(column(u"linked"_s, 6), u"D"_s);
-    EXPECT_EQ(column(u"song.m4a"_s, 6), u"A"_s);
-    EXPECT_EQ(column(u".hidden.mp3"_s, 6), u"HA"_s);
+    for (const auto &[name, number, text] : {std::tuple{u"Album.mp3"_s, 6, u"D"_s},
+                                             {u"linked"_s, 6, u"D"_s},
+                                             {u"song.m4a"_s, 6, u"A"_s},
+                                             {u".hidden.mp3"_s, 6, u"HA"_s},
+                                             {u"Album.mp3"_s, 1, u""_s},
+                                             {u"Album.mp3"_s, 2, u"File folder"_s},
+                                             {u"song.m4a"_s, 2, u"MPEG-4 Audio"_s},
+                                             {u"sized.txt"_s, 21, u""_s}})
+        EXPECT_EQ(column(name, number), text) << qPrintable(name);
     EXPECT_FALSE(column(u"pipe.mp3"_s, 6).contains(u'D'));
-    EXPECT_EQ(column(u"Album.mp3"_s, 1), QString());
-    EXPECT_EQ(column(u"Album.mp3"_s, 2), u"File folder"_s);
-    EXPECT_EQ(column(u"song.m4a"_s, 2), u"MPEG-4 Audio"_s);
-    EXPECT_EQ(column(u"sized.txt"_s, 21), QString());
 }
 
 TEST_F(Folders, HideExtensionsOfKnownTypesOnly)
@@ -141,42 +133,29 @@ TEST_F(Folders, AreTheSameByWhateverPathAndNoneOnPseudoFileSystems)
 
 TEST_F(Folders, ReadAheadGivesTheSameAsReadingOnDemand)
 {
-    samples::makeCorpus(m_folder.path(), 120, 7);
-    QStringList folders{m_folder.path()};
-    for (QDirIterator it(m_folder.path(), QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-         it.hasNext();)
-        folders += it.next();
-    // All in one place too, so that there is something to read ahead.
-    const QString flat = path(u"flat"_s);
-    ASSERT_TRUE(QDir().mkdir(flat));
-    int number = 0;
-    for (QDirIterator it(m_folder.path(), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
-        const QFileInfo file(it.next());
-        if (file.path() == flat)
-            continue;
-        ASSERT_TRUE(QFile::copy(file.filePath(), flat + u"/%1.%2"_s.arg(++number).arg(file.suffix())));
+    samples::SampleMaker maker;
+    for (int i = 0; i < 120; ++i) {
+        samples::SongTags tags;
+        tags.title = u"Song %1"_s.arg(i);
+        const auto type = std::array{u"mp3", u"m4a", u"wma", u"wav", u"flac", u"ogg"}[std::size_t(i) % 6];
+        maker.makeSong(path(u"%1."_s.arg(i) + QString::fromUtf16(type)), tags);
     }
-    folders += flat;
-
-    const auto all = [&folders](int threads, bool shuffled) {
+    const auto all = [this](int threads, bool shuffled) {
         const auto shell = shell::makeShell({.readAheadThreads = threads});
+        const auto folder = shell->NameSpace(m_folder.path());
+        std::vector<qsizetype> order(static_cast<size_t>(folder->count()));
+        std::iota(order.begin(), order.end(), 0);
+        if (shuffled)
+            std::ranges::shuffle(order, std::mt19937(3)); // NOLINT: the same each time
         QMap<QString, QMap<int, QString>> result;
-        for (const QString &path : folders) {
-            const auto folder = shell->NameSpace(path);
-            std::vector<qsizetype> order(static_cast<size_t>(folder->count()));
-            std::iota(order.begin(), order.end(), 0);
-            if (shuffled)
-                std::ranges::shuffle(order, std::mt19937(3)); // NOLINT: the same each time
-            for (const qsizetype i : order)
-                result.insert(path + u'/' + folder->item(i).name(), detailsOf(folder->item(i)));
-        }
+        for (const qsizetype i : order)
+            result.insert(folder->item(i).name(), detailsOf(folder->item(i)));
         return result;
     };
     const auto direct = all(0, false);
-    EXPECT_EQ(std::ranges::count_if(direct, [](const auto &columns) { return columns.contains(27); }), 240);
-    EXPECT_EQ(all(1, false), direct);
-    EXPECT_EQ(all(3, false), direct);
-    EXPECT_EQ(all(2, true), direct);
+    EXPECT_EQ(std::ranges::count_if(direct, [](const auto &columns) { return columns.contains(27); }), 120);
+    for (const auto &[threads, shuffled] : {std::pair{1, false}, {3, false}, {2, true}})
+        EXPECT_EQ(all(threads, shuffled), direct);
 }
 
 TEST_F(Folders, MayGoWhileTheirItemsAreReadAhead)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/SampleMaker.h"
 #include "samples/Silence.h"
-#include "shell/TagBytes.h"
+#include "shell/ShellFixture.h"
 
 #include <ctime>
 #include <functional>
@@ -76,14 +76,8 @@ protected:
 TEST_F(HostileFiles, ThatAreNoFilesSayWhy)
 {
     write(u"empty.mp3"_s, {});
-    write(u"text.mp3"_s, "This is no sound at all.\n");
-    write(u"text.m4a"_s, "This is no sound at all.\n");
-    write(u"text.wma"_s, "This is no sound at all.\n");
-    write(u"text.wav"_s, "This is no sound at all.\n");
-    write(u"text.aac"_s, "This is no sound at all.\n");
-    write(u"text.ogg"_s, "This is no sound at all.\n");
-    write(u"text.flac"_s, "This is no sound at all.\n");
-    write(u"text.mp4"_s, "This is no sound at all.\n");
+    for (const char16_t *type : {u"mp3", u"m4a", u"wma", u"wav", u"aac", u"ogg", u"flac", u"mp4"})
+        write(u"text."_s + QString::fromUtf16(type), "This is no sound at all.\n");
     write(u"short.wav"_s, "RIFF");
     write(u"picture.jpg"_s, "\xFF\xD8\xFF");
     ASSERT_EQ(::mkfifo(QFile::encodeName(path(u"pipe.mp3"_s)).constData(), 0600), 0);
@@ -120,29 +114,27 @@ TEST_F(HostileFiles, WithSparseGigabytes)
 
 TEST_F(HostileFiles, WithLyingSizes)
 {
+    const QByteArray mp3 = samples::silence(u"mp3");
+    const QByteArray wav = samples::silence(u"wav");
+    const QByteArray ftyp = atom("ftyp", "M4A \0\0\0\0");
+    const QByteArray sound(100, '\1');
     for (const quint32 size : {0U, 1U, 7U, 9U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
         SCOPED_TRACE(size);
-        for (const char *name : {"moov", "udta", "mdat", "free"}) {
-            write(u"atom.m4a"_s,
-                  atom("ftyp", "M4A \0\0\0\0") + bigEndian(size) + name + QByteArray(100, '\1'));
-            readWithinBounds(u"atom.m4a"_s);
-        }
-        write(u"wide.m4a"_s, atom("ftyp", "M4A \0\0\0\0") + bigEndian(quint32(1)) + "moov" +
-                                 bigEndian(quint64(size) << 32 | size) + QByteArray(100, '\1'));
-        readWithinBounds(u"wide.m4a"_s);
-        write(u"chunk.wav"_s,
-              samples::silence(u"wav") + "LIST" + littleEndian(size) + "INFOINAM" + littleEndian(size));
-        readWithinBounds(u"chunk.wav"_s);
+        const quint64 wide = quint64(size) << 32 | size;
+        const auto read = [this](const QString &name, const QByteArray &bytes) {
+            write(name, bytes);
+            readWithinBounds(name);
+        };
+        for (const char *name : {"moov", "udta", "mdat", "free"})
+            read(u"atom.m4a"_s, ftyp + bigEndian(size) + name + sound);
+        read(u"wide.m4a"_s, ftyp + bigEndian(quint32(1)) + "moov" + bigEndian(wide) + sound);
+        read(u"object.wma"_s, asfWithObjects(size, wide));
+        read(u"chunk.wav"_s, wav + "LIST" + littleEndian(size) + "INFOINAM" + littleEndian(size));
         EXPECT_EQ(m_columns.value(27), u"00:00:01"_s);
-        write(u"frame.mp3"_s,
-              id3v2("TIT2" + bigEndian(size) + QByteArray(20, '\0')) + samples::silence(u"mp3"));
-        readWithinBounds(u"frame.mp3"_s);
+        read(u"frame.mp3"_s, id3v2("TIT2" + bigEndian(size) + QByteArray(20, '\0')) + mp3);
         EXPECT_EQ(m_columns.value(27), u"00:00:01"_s);
-        write(u"object.wma"_s, asfWithObjects(size, quint64(size) << 32 | size));
-        readWithinBounds(u"object.wma"_s);
-        write(u"ape.mp3"_s, samples::silence(u"mp3") + "APETAGEX" + littleEndian(quint32(2000)) +
-                                littleEndian(size) + littleEndian(size) + QByteArray(12, '\0'));
-        readWithinBounds(u"ape.mp3"_s);
+        read(u"ape.mp3"_s, mp3 + "APETAGEX" + littleEndian(quint32(2000)) + littleEndian(size) +
+                               littleEndian(size) + QByteArray(12, '\0'));
         EXPECT_EQ(m_columns.value(28), u"\u200E32kbps"_s);
     }
 }
@@ -162,22 +154,15 @@ TEST_F(HostileFiles, ThatNestForEver)
 TEST_F(HostileFiles, WithMoreThanMemoryHolds)
 {
     const QByteArray sound = samples::silence(u"mp3");
-    write(u"frames.mp3"_s,
-          id3v2(latin1Frame("TIT2", "First") + frame("TPE2", "x").repeated(1'000'000)) + sound);
-    readWithinBounds(u"frames.mp3"_s);
-    EXPECT_EQ(m_columns.value(21), u"First"_s);
-    write(u"values.mp3"_s,
-          id3v2(latin1Frame("TIT2", "First") + frame("TPE1", QByteArray("\0x", 2).repeated(6 << 20))) +
-              sound);
-    readWithinBounds(u"values.mp3"_s);
-    EXPECT_EQ(m_columns.value(21), u"First"_s);
     // Flag 0x80 of version 3: compressed, behind the length of what comes out.
     const QByteArray bomb = qCompress(QByteArray(256 << 20, 'x'), 9);
-    write(u"bomb.mp3"_s,
-          id3v2(latin1Frame("TIT2", "First") + frame("TPE1", bomb, 0x0080) + frame("APIC", bomb, 0x0080)) +
-              sound);
-    readWithinBounds(u"bomb.mp3"_s);
-    EXPECT_EQ(m_columns.value(21), u"First"_s);
+    for (const QByteArray &frames :
+         {frame("TPE2", "x").repeated(1'000'000), frame("TPE1", QByteArray("\0x", 2).repeated(6 << 20)),
+          frame("TPE1", bomb, 0x0080) + frame("APIC", bomb, 0x0080)}) {
+        write(u"much.mp3"_s, id3v2(latin1Frame("TIT2", "First") + frames) + sound);
+        readWithinBounds(u"much.mp3"_s);
+        EXPECT_EQ(m_columns.value(21), u"First"_s);
+    }
     write(u"packed.mp3"_s, id3v2(frame("TIT2", qCompress(QByteArray("\0Packed", 7)), 0x0080)) + sound);
     readWithinBounds(u"packed.mp3"_s);
     EXPECT_EQ(m_columns.value(21), u"Packed"_s);

@@ -24,17 +24,6 @@ TEST_F(SongList, ComesUpSortedAsTheLastRunLeftIt)
     EXPECT_FALSE(screen.isVisible(MainControl::cmdShowArtistSongs));
 }
 
-TEST_F(SongList, OpensTheSameStatementOnceAtTheStart)
-{
-    screen.rebuilt = 0;
-    load();
-    EXPECT_EQ(screen.rebuilt, 2);
-    // Later each command reads the songs anew.
-    store.addSong(Song(u"Aria"_s));
-    set.showAll();
-    EXPECT_EQ(current(), u"Aria"_s);
-}
-
 TEST_F(SongList, ACategoryOfTheLastRunLastsUntilTheFirstActivation)
 {
     set.categoryChosen(jazz, u"Jazz"_s);
@@ -63,12 +52,12 @@ TEST_F(SongList, ShowAllGivesBackEveryCommandAndKeepsTheMarks)
 {
     mark(sos);
     ASSERT_TRUE(set.filterApplied(u"SongName = \"SOS\""_s));
-    for (const auto control :
-         {MainControl::File, MainControl::cmbSort, MainControl::cmdAdd, MainControl::cmdPlay})
+    const auto controls = {MainControl::File, MainControl::cmbSort, MainControl::cmdAdd,
+                           MainControl::cmdPlay};
+    for (const auto control : controls)
         screen.setEnabled(control, false);
     set.showAll();
-    for (const auto control :
-         {MainControl::File, MainControl::cmbSort, MainControl::cmdAdd, MainControl::cmdPlay})
+    for (const auto control : controls)
         EXPECT_TRUE(screen.isEnabled(control));
     EXPECT_TRUE(screen.isVisible(MainControl::cmdShowSelected));
     EXPECT_EQ(screen.lblFilterMsg(), u"Filter is limiting records displayed."_s);
@@ -95,31 +84,20 @@ TEST_F(SongList, AnEmptyCatalogueLeavesPlayingDisabledAndStoresNoSort)
     EXPECT_EQ(set.recordCountMessage(), u"There are no records displayed in the current list."_s);
 }
 
-TEST_F(SongList, OnlyDatesWaitForAWholeOne)
-{
-    for (const auto &[label, byDate] :
-         {std::pair{u"Date Updated"_s, true}, {u"Date 2"_s, true}, {u"Duration"_s, false}}) {
-        screen.set_cmbSort(label);
-        EXPECT_EQ(set.DateSortActive(), byDate);
-    }
-}
-
-struct ArtistCase
-{
-    const char *song;
-    const char *caption;
-    int songs;
-};
-
 TEST_F(SongList, ArtistViewsReadAnyName)
 {
-    const ArtistCase cases[] = {
+    struct Case
+    {
+        const char *song, *caption;
+        int songs;
+    };
+    const Case cases[] = {
         {"Dancing Queen", "Show all songs by Abba", 2},
         {"Say \"Hi\"", "Show all songs by The \"Hi\" Boys", 1},
         {"Mrs & Mr", "Show all songs by Simon && Garfunkel", 1},
         {"Order By Mail", "Show all songs by Order By Band", 1},
     };
-    for (const ArtistCase &c : cases) {
+    for (const Case &c : cases) {
         set.showAll();
         data().Recordset().FindFirst(u"SongName = "_s + quoted(QString::fromLatin1(c.song)));
         data().notifyRowChanged();
@@ -139,15 +117,14 @@ TEST_F(SongList, TheWayBackFromTheArtistKeepsSongLineAndSort)
     screen.set_cmbSort(u"Album Name"_s);
     set.categoryChosen(jazz, u"Jazz"_s);
     ASSERT_TRUE(data().findRecord(imagine));
-    screen.setGridRow(1);
+    screen.row = 1;
     set.showArtistSongs();
     EXPECT_EQ(screen.cmbSort(), u"Song Name"_s);
     set.showArtistSongs();
     EXPECT_EQ(current(), u"Imagine"_s);
-    EXPECT_EQ(screen.scrolls(), QList<QPoint>({QPoint(0, -1)}));
+    EXPECT_EQ(screen.scrolls, QList<QPoint>({QPoint(0, -1)}));
     EXPECT_EQ(screen.cmbSort(), u"Album Name"_s);
     EXPECT_EQ(screen.firstColumnField(), u"SongName"_s);
-    EXPECT_EQ(screen.cmdShowArtistSongs(), u"Show all songs by John Lennon"_s);
     EXPECT_EQ(rows(), 2);
     // The texts stay the artist's: composing anew brings him back.
     set.RefreshDisplayedSet();
@@ -162,8 +139,6 @@ TEST_F(SongList, AFilterThatFindsNothingBringsListAndRowBackButNotItsText)
     const QString before = data().RecordSource();
     desktop.willSee(u"No records found that meet the criteria you specified.  Try again."_s);
     EXPECT_FALSE(set.filterApplied(u"Artist = \"Nobody\""_s));
-    EXPECT_EQ(desktop.lastCall().title, u"No records found"_s);
-    EXPECT_EQ(desktop.lastCall().icon, Icon::Exclamation);
     EXPECT_EQ(data().RecordSource(), before);
     EXPECT_EQ(current(), u"Imagine"_s);
     EXPECT_EQ(set.texts().ListWhere, QString());
@@ -199,9 +174,7 @@ TEST_F(SongList, FindReplacesTheListAndSaysWhenThereIsNothing)
     EXPECT_EQ(screen.lblCategory(), u"Records containing abba"_s);
     EXPECT_EQ(screen.cmdShowArtistSongs(), QString());
     EXPECT_FALSE(screen.isEnabled(MainControl::cmdAdd));
-    // A sort, or another filter, finds its way in a list that was found.
-    screen.set_cmbSort(u"Album Name"_s);
-    EXPECT_EQ(names(), QStringList({u"SOS"_s, u"Dancing Queen"_s}));
+    // Another filter finds its way in a list that was found.
     ASSERT_TRUE(set.filterApplied(u"Artist > \" \""_s));
     EXPECT_EQ(screen.lblCategory(), QString());
     set.find(u"order by"_s);
@@ -212,7 +185,6 @@ TEST_F(SongList, FindReplacesTheListAndSaysWhenThereIsNothing)
     EXPECT_EQ(names(), QStringList(u"Say \"Hi\""_s));
     desktop.willSee(u"No records found."_s);
     set.find(u"zyx"_s);
-    EXPECT_EQ(desktop.lastCall().title, u"No records to display"_s);
     EXPECT_EQ(rows(), 0);
 }
 
@@ -248,7 +220,6 @@ TEST_F(SongList, APlayListWithoutSongsLeavesTheListAlone)
     ASSERT_TRUE(data().findRecord(sos));
     desktop.willSee(u"No records found in database for this PlayList."_s);
     EXPECT_FALSE(set.playListView(empty, u"By hand"_s));
-    EXPECT_EQ(desktop.lastCall().title, u"No records found"_s);
     EXPECT_EQ(data().RecordSource(), u"Select * from  tblContacts  Order By SongName, Artist"_s);
     EXPECT_EQ(current(), u"SOS"_s);
     EXPECT_EQ(set.texts().ListWhere, QString());
@@ -273,7 +244,7 @@ TEST_F(SongList, APlayListTakesEverySortAndTheMarkModes)
 TEST_F(SongList, InvalidFilesStayWithinTheCategory)
 {
     for (const qint64 song : {queen, sos})
-        addInvalid(song);
+        store.addRow(u"tblOrphanFileNames"_s, {{u"RecordIdOrphan"_s, song}});
     mark(sos);
     set.invalidFileView();
     EXPECT_EQ(names(), QStringList({u"Dancing Queen"_s, u"SOS"_s}));

@@ -28,10 +28,10 @@ protected:
         queen = add(u"Dancing Queen"_s, u"Abba"_s, u"Arrival"_s, 4.5);
         sos = add(u"SOS"_s, u"Abba"_s, u"Abba"_s, 3.25);
         imagine = add(u"Imagine"_s, u"John Lennon"_s, u"Imagine"_s, 1000);
-        quotes = add(u"Say \"Hi\""_s, u"The \"Hi\" Boys"_s, {}, 0);
-        ampersand = add(u"Mrs & Mr"_s, u"Simon & Garfunkel"_s, {}, 0);
-        nameless = add(u"Untitled"_s, {}, {}, 0);
-        orderBy = add(u"Order By Mail"_s, u"Order By Band"_s, {}, 0);
+        add(u"Say \"Hi\""_s, u"The \"Hi\" Boys"_s, {}, 0);
+        add(u"Mrs & Mr"_s, u"Simon & Garfunkel"_s, {}, 0);
+        add(u"Untitled"_s, {}, {}, 0);
+        add(u"Order By Mail"_s, u"Order By Band"_s, {}, 0);
         jazz = store.addCategory(u"Jazz"_s, {queen, imagine});
         list = store.addPlayList(u"Party"_s, {sos, imagine, sos});
         load();
@@ -48,7 +48,7 @@ protected:
     {
         QStringList result;
         const int field = data().Recordset().fieldIndex(QStringLiteral("SongName"));
-        for (qint64 row = 0; row < data().Recordset().RecordCount(); ++row)
+        for (qint64 row = 0; row < rows(); ++row)
             result.append(data().Recordset().valueAt(row, field).toString());
         return result;
     }
@@ -59,20 +59,12 @@ protected:
         ASSERT_TRUE(data().findRecord(song));
         set.toggleMark();
     }
-    void addInvalid(qint64 song)
-    {
-        const auto orphans = store.db().OpenRecordset(QStringLiteral("tblOrphanFileNames"));
-        orphans->AddNew();
-        orphans->setValue(QStringLiteral("RecordIdOrphan"), song);
-        orphans->Update();
-    }
 
     StoreFixture store;
     ScriptedDesktop desktop;
     DisplayedSet set{store.catalogue(), store.settings(), desktop};
-    FakeMainScreen screen{set};
-    qint64 queen = 0, sos = 0, imagine = 0, quotes = 0, ampersand = 0, nameless = 0, orderBy = 0;
-    qint64 jazz = 0, list = 0;
+    FakeMainScreen screen{&set};
+    qint64 queen = 0, sos = 0, imagine = 0, jazz = 0, list = 0;
 };
 
 } // namespace quaverly::test

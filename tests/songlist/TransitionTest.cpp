@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SongListFixture.h"
 
+#include <array>
 #include <ostream>
 
 using namespace Qt::StringLiterals;
@@ -16,14 +17,11 @@ const QString Keep = u"="_s;
 struct Transition
 {
     const char *name;
-    void (*act)(DisplayedSet &);
-    QString ListSource;
-    QString ListWhere;
-    QString ListSelectionClause;
-    QString ListCategoryClause;
-    QString ListOrder;
+    /** ListSource, ListWhere, ListSelectionClause, ListCategoryClause and ListOrder. */
+    std::array<QString, 5> texts;
     QString RecordSource;
     QStringList songs;
+    void (*act)(DisplayedSet &);
 };
 
 void PrintTo(const Transition &transition, std::ostream *out)
@@ -41,111 +39,74 @@ const QString AndHidden = u" And Selected < 'x' "_s;
 const QStringList All{u"Dancing Queen"_s, u"Imagine"_s, u"Mrs & Mr"_s, u"Order By Mail"_s,
                       u"Say \"Hi\""_s,    u"SOS"_s,     u"Untitled"_s};
 
+std::array<QString, 5> textsOf(const DisplayedSet &set)
+{
+    const ListTexts &texts = set.texts();
+    return {texts.ListSource, texts.ListWhere, texts.ListSelectionClause, texts.ListCategoryClause,
+            texts.ListOrder};
+}
+
 const Transition Transitions[] = {
     {"ShowAll",
-     [](DisplayedSet &set) { set.showAll(); },
-     Songs,
-     {},
-     {},
-     {},
-     Keep,
+     {Songs, {}, {}, {}, Keep},
      u"Select * from  tblContacts "_s + BySongName,
-     All},
+     All,
+     [](DisplayedSet &set) { set.showAll(); }},
     {"CategoryChosen",
-     [](DisplayedSet &set) { set.categoryChosen(1, u"Jazz"_s); },
-     Keep,
-     WhereJazz,
-     Keep,
-     InJazz,
-     Keep,
+     {Keep, WhereJazz, Keep, InJazz, Keep},
      u"Select * from  qryContacts Where  CategoryNumber = 1 "_s + BySongName,
-     {u"Dancing Queen"_s, u"Imagine"_s}},
+     {u"Dancing Queen"_s, u"Imagine"_s},
+     [](DisplayedSet &set) { set.categoryChosen(1, u"Jazz"_s); }},
     {"CategoryCleared",
-     [](DisplayedSet &set) { set.categoryCleared(); },
-     Songs,
-     {},
-     Keep,
-     {},
-     Keep,
+     {Songs, {}, Keep, {}, Keep},
      u"Select * from  tblContacts"_s + BySongName,
-     All},
+     All,
+     [](DisplayedSet &set) { set.categoryCleared(); }},
     {"Filter",
-     [](DisplayedSet &set) { EXPECT_TRUE(set.filterApplied(u"Artist = \"abba\" "_s)); },
-     Keep,
-     u" Where  CategoryNumber = 1  And  (Artist = \"abba\") "_s,
-     Keep,
-     Keep,
-     Keep,
+     {Keep, u" Where  CategoryNumber = 1  And  (Artist = \"abba\") "_s, Keep, Keep, Keep},
      u"Select distinctrow * from  qryContacts Where  CategoryNumber = 1  And  (Artist = \"abba\") "_s +
          BySongName,
-     {u"Dancing Queen"_s}},
+     {u"Dancing Queen"_s},
+     [](DisplayedSet &set) { EXPECT_TRUE(set.filterApplied(u"Artist = \"abba\" "_s)); }},
     {"FilterWithItsOwnOrder",
-     [](DisplayedSet &set) { EXPECT_TRUE(set.filterApplied(u"Artist > \" \" ORDER BY SongName desc"_s)); },
-     Keep,
-     u" Where  CategoryNumber = 1  And  (Artist > \" \") "_s,
-     Keep,
-     Keep,
-     Keep,
+     {Keep, u" Where  CategoryNumber = 1  And  (Artist > \" \") "_s, Keep, Keep, Keep},
      u"Select distinctrow * from  qryContacts Where  CategoryNumber = 1  And  (Artist > \" \")  ORDER BY SongName desc"_s,
-     {u"Imagine"_s, u"Dancing Queen"_s}},
+     {u"Imagine"_s, u"Dancing Queen"_s},
+     [](DisplayedSet &set) { EXPECT_TRUE(set.filterApplied(u"Artist > \" \" ORDER BY SongName desc"_s)); }},
     {"ArtistView",
-     [](DisplayedSet &set) { set.showArtistSongs(); },
-     Songs,
-     u" Where Artist = \"John Lennon\" "_s,
-     {},
-     {},
-     BySongName,
+     {Songs, u" Where Artist = \"John Lennon\" "_s, {}, {}, BySongName},
      u"Select * from  tblContacts Where Artist = \"John Lennon\"   "_s + BySongName,
-     {u"Imagine"_s}},
+     {u"Imagine"_s},
+     [](DisplayedSet &set) { set.showArtistSongs(); }},
     {"SelectedOnly",
-     [](DisplayedSet &set) { set.selectedOnly(); },
-     Keep,
-     {},
-     u" Where Selected = 'x' "_s,
-     {},
-     Keep,
+     {Keep, {}, u" Where Selected = 'x' "_s, {}, Keep},
      u"Select * from  tblContacts Where Selected = 'x' "_s + BySongName,
-     {u"Dancing Queen"_s}},
+     {u"Dancing Queen"_s},
+     [](DisplayedSet &set) { set.selectedOnly(); }},
     {"HideSelected",
-     [](DisplayedSet &set) { set.hideSelected(); },
-     Keep,
-     Keep,
-     AndHidden,
-     Keep,
-     Keep,
+     {Keep, Keep, AndHidden, Keep, Keep},
      u"Select * from  qryContacts Where  CategoryNumber = 1  And Selected < 'x' "_s + BySongName,
-     {u"Imagine"_s}},
+     {u"Imagine"_s},
+     [](DisplayedSet &set) { set.hideSelected(); }},
     {"RemoveMarks",
-     [](DisplayedSet &set) { set.removeMarks(); },
-     Keep,
-     Keep,
-     {},
-     Keep,
-     Keep,
+     {Keep, Keep, {}, Keep, Keep},
      u"Select * from  qryContacts Where  CategoryNumber = 1 "_s + BySongName,
-     {u"Dancing Queen"_s, u"Imagine"_s}},
+     {u"Dancing Queen"_s, u"Imagine"_s},
+     [](DisplayedSet &set) { set.removeMarks(); }},
     {"PlayListView",
-     [](DisplayedSet &set) { EXPECT_TRUE(set.playListView(1, u"Party"_s)); },
-     Keep,
-     u" WHERE tblPlayListDetail.ListID=1 "_s,
-     {},
-     {},
-     Keep,
+     {Keep, u" WHERE tblPlayListDetail.ListID=1 "_s, {}, {}, Keep},
      u"SELECT DISTINCTROW tblContacts.* FROM tblContacts INNER JOIN tblPlayListDetail ON "
      u"tblContacts.RecordID = "
      "tblPlayListDetail.ContactRecordID  WHERE tblPlayListDetail.ListID=1 order by tblContacts!SongName, Artist "_s,
-     {u"Imagine"_s, u"SOS"_s}},
+     {u"Imagine"_s, u"SOS"_s},
+     [](DisplayedSet &set) { EXPECT_TRUE(set.playListView(1, u"Party"_s)); }},
     {"Sort",
-     [](DisplayedSet &set) { set.applySort(u"Album Name"_s); },
-     Keep,
-     Keep,
-     Keep,
-     Keep,
-     u" Order By tblContacts!AlbumName, tblContacts!TrackNum"_s,
+     {Keep, Keep, Keep, Keep, u" Order By tblContacts!AlbumName, tblContacts!TrackNum"_s},
      u"Select * from  qryContacts Where  CategoryNumber = 1  And Selected < 'x'   Order By "
      u"tblContacts!AlbumName, "
      "tblContacts!TrackNum"_s,
-     {u"Imagine"_s}},
+     {u"Imagine"_s},
+     [](DisplayedSet &set) { set.applySort(u"Album Name"_s); }},
 };
 
 TEST_P(TheTransition, ChangesTheTextsAsItsCaseSays)
@@ -155,22 +116,14 @@ TEST_P(TheTransition, ChangesTheTextsAsItsCaseSays)
     set.categoryChosen(jazz, u"Jazz"_s);
     set.hideSelected();
     ASSERT_EQ(names(), QStringList(u"Imagine"_s));
-    const ListTexts before = set.texts();
+    const auto before = textsOf(set);
 
     expected.act(set);
 
-    const auto check = [](const QString &now, const QString &was, const QString &wanted, const char *text) {
-        EXPECT_EQ(now, wanted == Keep ? was : wanted) << text;
-    };
-    const ListTexts &now = set.texts();
-    check(now.ListSource, before.ListSource, expected.ListSource, "ListSource");
-    check(now.ListWhere, before.ListWhere, expected.ListWhere, "ListWhere");
-    check(now.ListSelectionClause, before.ListSelectionClause, expected.ListSelectionClause,
-          "ListSelectionClause");
-    check(now.ListCategoryClause, before.ListCategoryClause, expected.ListCategoryClause,
-          "ListCategoryClause");
-    check(now.ListOrder, before.ListOrder, expected.ListOrder, "ListOrder");
-    EXPECT_EQ(now.ListFilterText, QString());
+    const auto now = textsOf(set);
+    for (std::size_t i = 0; i < now.size(); ++i)
+        EXPECT_EQ(now[i], expected.texts[i] == Keep ? before[i] : expected.texts[i]) << "text " << i;
+    EXPECT_EQ(set.texts().ListFilterText, QString());
     EXPECT_EQ(data().RecordSource(), expected.RecordSource);
     EXPECT_EQ(names(), expected.songs);
 }

@@ -14,42 +14,12 @@ namespace {
 /** Words and characters in, out and doubled; pieces of one seed behind those of another. */
 QByteArray mutated(QByteArray text, const QByteArray &other, QRandomGenerator &random)
 {
-    static const QByteArrayList pieces{"(",
-                                       ")",
-                                       "'",
-                                       "\"",
-                                       "[",
-                                       "]",
-                                       "#",
-                                       "*",
-                                       ",",
-                                       ".",
-                                       "!",
-                                       "-",
-                                       "+",
-                                       "=",
-                                       "<>",
-                                       " Not ",
-                                       " Like ",
-                                       " Null ",
-                                       " Select ",
-                                       " From ",
-                                       " tblContacts ",
-                                       "First(",
-                                       "Sum(",
-                                       " Left ",
-                                       " Join ",
-                                       " As ",
-                                       "\xc3\x89",
-                                       "\xff",
-                                       QByteArray(1, '\0'),
-                                       "1e9",
-                                       " Group By ",
-                                       "RecordID",
-                                       " Order By ",
-                                       " Top 3 ",
-                                       " In ",
-                                       "~key"};
+    static const QByteArrayList pieces =
+        QByteArray(
+            "(|)|'|\"|[|]|#|*|,|.|!|-|+|=|<>| Not | Like | Null | Select | From | tblContacts |First(|Sum(|"
+            " Left | Join | As |\xc3\x89|\xff|1e9| Group By |RecordID| Order By | Top 3 | In |~key|\0",
+            171)
+            .split('|');
     for (int steps = 1 + random.bounded(4); steps > 0; --steps) {
         const qsizetype at = 1 + random.bounded(static_cast<int>(text.size()));
         const qsizetype length = random.bounded(12);

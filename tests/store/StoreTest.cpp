@@ -28,6 +28,20 @@ QString firstFields(dao::Database &db, const QString &sql, dao::RecordsetType ty
     return firstFields(*db.OpenRecordset(sql, type));
 }
 
+QList<QStringList> table(const QString &name, qsizetype fields)
+{
+    QList<QStringList> rows;
+    const QString text = QString::fromUtf8(bytesOf(QStringLiteral(SQL_TABLES) + name));
+    for (const QString &line : text.split(u'\n', Qt::SkipEmptyParts)) {
+        if (line.startsWith("# "_L1))
+            continue;
+        rows.append(line.split(u'\t').replaceInStrings(u"(none)"_s, QString()));
+        EXPECT_EQ(rows.last().size(), fields) << line.toStdString();
+    }
+    EXPECT_GT(rows.size(), 10);
+    return rows;
+}
+
 QString quotedSql(QString text)
 {
     return u'"' + text.replace(u"\""_s, u"\"\""_s) + u'"';
@@ -77,47 +91,13 @@ int inChild(bool asNobody, const std::function<int()> &run)
 
 void SongCatalogue::SetUp()
 {
-    struct Row
-    {
-        const char16_t *song, *artist, *album, *genre, *rating, *id, *size, *path, *file;
-        double megabytes, track;
-        const char16_t *bought;
-    };
-    static constexpr Row songs[] = {
-        {u"Été", u"Beyoncé", u"Sun", u"Pop", u"*****", u"A1", u"3.2 MB", u"/m/é/", u"été.mp3", 3.2, 2,
-         u"2001-02-03"},
-        {u"ete", u"Beyonce", u"Sun", u"pop", u"****", u"B2", u"3.2 MB", u"/m/e/", u"ete.mp3", 1, 1,
-         u"2001-02-03"},
-        {u"Say \"Hi\"", u"O'Neil \"Q\"", u"Sun", u"Rock", nullptr, nullptr, nullptr, u"/m/q/",
-         u"say 'hi'.mp3", 2, 3, u"1999-12-31 23:59:58"},
-        {u" blank both ", nullptr, u" ", u"", u" ", u"  ", nullptr, u"/m/ b /", u" b .wav", 4, 0, nullptr},
-        {u"Straße", u"Zoë", nullptr, u"Rock", u"*", u"ß", u"1 MB", u"/M/S/", u"straße.flac", 0, 0,
-         u"2024-02-29"},
-        {u"桜", u"椎名林檎", u"無罪", u"J-Pop", u"***", u"c[3]", u"9 MB", u"/m/日本/", u"桜.mp3", 9, 12,
-         nullptr},
-        {u"Star* [Live]", u"a_b%c", u"100%", u"#1", u"[x]", u"7", u"7 KB", u"/m/[l]/", u"star [1].mp3", 7, 7,
-         nullptr},
-        {nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0, 0, nullptr},
-        {u"ÉTÉ", u"BEYONCÉ", u"SUN", u"POP", u"*****", u"a9", u"3.2 MB", u"/m/é/", u"copy.mp3", 3.2, 2,
-         nullptr},
-        {u"Strasse", u"Zoe", u"Road", u"Rock", u"", u"10", u"1 MB", u"/m/s/", u"strasse.mp3", 1, 10, nullptr},
-        {u"été", u"beyoncé", u"Moon", u"Pop", u"*****", u"c3", u"3.2 MB", u"/m/é/", u"copy2.mp3", 3.2, 5,
-         nullptr},
-    };
-    const auto text = [](const char16_t *value) {
-        return value == nullptr ? QVariant() : QVariant(QString::fromUtf16(value));
-    };
-    for (const Row &row : songs) {
-        Song song(QString::fromUtf16(row.song == nullptr ? u"" : row.song));
-        song.with(u"SongName"_s, text(row.song)).with(u"Artist"_s, text(row.artist));
-        song.with(u"AlbumName"_s, text(row.album)).with(u"Genre"_s, text(row.genre));
-        song.with(u"Rating"_s, text(row.rating))
-            .with(u"ID"_s, text(row.id))
-            .with(u"FileSize"_s, text(row.size));
-        song.with(u"PathName"_s, text(row.path)).with(u"FileName"_s, text(row.file));
-        song.with(u"PurchaseDate"_s, text(row.bought));
-        if (row.song != nullptr)
-            song.with(u"FileSizeNum"_s, row.megabytes).with(u"TrackNum"_s, row.track);
+    const QStringList fields = {u"SongName"_s, u"Artist"_s,      u"AlbumName"_s, u"Genre"_s,
+                                u"Rating"_s,   u"ID"_s,          u"FileSize"_s,  u"PathName"_s,
+                                u"FileName"_s, u"FileSizeNum"_s, u"TrackNum"_s,  u"PurchaseDate"_s};
+    for (const QStringList &row : table(u"songs.tsv"_s, fields.size())) {
+        Song song({});
+        for (qsizetype i = 0; i < row.size(); ++i)
+            song.with(fields[i], row[i] == u"(null)"_s ? QVariant() : QVariant(row[i]));
         store.addSong(song);
     }
     store.addCategory(u"Rock"_s, {1, 3, 9});
@@ -137,9 +117,9 @@ void SongCatalogue::SetUp()
 QString SongCatalogue::everything()
 {
     QString all;
-    for (const QString &table : {u"tblContacts"_s, u"tblSettings"_s, u"tblCategoryDesc"_s, u"tblCategoryID"_s,
-                                 u"tblPlayListHeader"_s, u"tblPlayListDetail"_s, u"tblOrphanFileNames"_s}) {
-        const auto rows = db().OpenRecordset(table, dao::RecordsetType::Snapshot);
+    for (const QString &name : {u"tblContacts"_s, u"tblSettings"_s, u"tblCategoryDesc"_s, u"tblCategoryID"_s,
+                                u"tblPlayListHeader"_s, u"tblPlayListDetail"_s, u"tblOrphanFileNames"_s}) {
+        const auto rows = db().OpenRecordset(name, dao::RecordsetType::Snapshot);
         for (qint64 row = 0; row < rows->RecordCount(); ++row) {
             for (int field = 0; field < rows->Fields().size(); ++field)
                 all += rows->valueAt(row, field).toString() + u'\t';

@@ -27,6 +27,9 @@ template <typename Run> int errorOf(const Run &run)
 [[nodiscard]] QString firstFields(dao::Database &db, const QString &sql,
                                   dao::RecordsetType type = dao::RecordsetType::Dynaset);
 
+/** Lines of a file in tables/, each of that many fields between tabs; "(none)" is the empty field. */
+[[nodiscard]] QList<QStringList> table(const QString &name, qsizetype fields);
+
 /** As a text literal of the dialect. */
 [[nodiscard]] QString quotedSql(QString text);
 

@@ -34,6 +34,14 @@ void addSongs(dao::Database &db, int first, int count)
     }
 }
 
+/** As on a full disk, no file of this process grows further. */
+void limitFiles(rlim_t bytes)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{bytes, bytes};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
 } // namespace
 
 TEST(Transactions, NestAndRollBackTheirOwnPartOnly)
@@ -144,9 +152,7 @@ TEST(Transactions, AFullDiskStopsAWriteAndLosesNothingThatWasCommitted)
     for (const bool bulk : {false, true}) {
         store.close();
         const int added = inChild(false, [&] {
-            std::signal(SIGXFSZ, SIG_IGN);
-            const rlimit limit{3'000'000, 3'000'000};
-            ::setrlimit(RLIMIT_FSIZE, &limit);
+            limitFiles(3'000'000);
             store.open();
             const auto load = bulk ? std::make_unique<dao::BulkLoad>(store.db(), u"tblContacts"_s) : nullptr;
             int count = 0;
@@ -170,14 +176,11 @@ TEST(Transactions, AFullDiskStopsAWriteAndLosesNothingThatWasCommitted)
     }
     store.close();
     const QString copy = store.path(u"copy.mdb"_s);
-    EXPECT_EQ(inChild(false,
-                      [&] {
-                          std::signal(SIGXFSZ, SIG_IGN);
-                          const rlimit limit{100'000, 100'000};
-                          ::setrlimit(RLIMIT_FSIZE, &limit);
-                          return errorOf([&] { store.engine().CompactDatabase(path, copy); });
-                      }),
-              dao::DiskFull);
+    const int compacting = inChild(false, [&] {
+        limitFiles(100'000);
+        return errorOf([&] { store.engine().CompactDatabase(path, copy); });
+    });
+    EXPECT_EQ(compacting, dao::DiskFull);
     EXPECT_FALSE(QFileInfo::exists(copy));
 }
 

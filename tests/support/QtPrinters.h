@@ -3,9 +3,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
-#include <QSize>
 #include <QString>
-#include <QUrl>
 #include <QVariant>
 
 #include <ostream>
@@ -27,11 +25,6 @@ inline void PrintTo(const QByteArray &bytes, std::ostream *out)
     *out << '"' << bytes.toPercentEncoding(" /:;,.!?()[]{}<>=+*'\"").toStdString() << '"';
 }
 
-inline void PrintTo(const QUrl &url, std::ostream *out)
-{
-    PrintTo(url.toString(), out);
-}
-
 inline void PrintTo(const QDateTime &date, std::ostream *out)
 {
     PrintTo(date.toString(Qt::ISODateWithMs), out);
@@ -43,9 +36,4 @@ inline void PrintTo(const QVariant &value, std::ostream *out)
         *out << "Null";
     else
         *out << value.typeName() << ' ' << '"' << value.toString().toStdString() << '"';
-}
-
-inline void PrintTo(const QSize &size, std::ostream *out)
-{
-    *out << size.width() << 'x' << size.height();
 }

@@ -7,8 +7,6 @@
 
 #include <array>
 
-using namespace Qt::StringLiterals;
-
 namespace quaverly::test {
 
 namespace {
@@ -36,32 +34,10 @@ bool offers(Buttons buttons, Answer answer)
 /** What a user presses who wants nothing to happen. */
 Answer safeAnswer(Buttons buttons)
 {
-    switch (buttons) {
-    case Buttons::OkCancel:
-        return Answer::Cancel;
-    case Buttons::YesNo:
-        return Answer::No;
-    case Buttons::Ok:
-        break;
-    }
-    return Answer::Ok;
+    if (buttons == Buttons::Ok)
+        return Answer::Ok;
+    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
 }
-
-class RecordingWindow final : public WorkingWindow
-{
-public:
-    explicit RecordingWindow(std::shared_ptr<WorkingRecord> record) : m_record(std::move(record)) {}
-    ~RecordingWindow() override { m_record->isOpen = false; }
-    void setMsg(const QString &text) override { m_record->msgs += text; }
-    void setBar(int twips) override
-    {
-        WorkingWindow::setBar(twips);
-        m_record->bars += twips;
-    }
-
-private:
-    std::shared_ptr<WorkingRecord> m_record;
-};
 
 } // namespace
 
@@ -83,39 +59,23 @@ ScriptedDesktop &ScriptedDesktop::add(Scripted scripted)
 
 ScriptedDesktop &ScriptedDesktop::willAnswer(Answer answer, const QString &part)
 {
-    return add({Shown::Message, answer, {}, part, {}});
-}
-
-ScriptedDesktop &ScriptedDesktop::willType(const QString &text)
-{
-    return add({Shown::Prompt, Answer::Ok, text, {}, {}});
+    return add({.answer = answer, .part = part});
 }
 
 ScriptedDesktop &ScriptedDesktop::willPassWarning(bool goOn)
 {
-    return add({Shown::Warning, goOn ? Answer::Ok : Answer::Cancel, {}, {}, {}});
+    return add({.shown = Shown::Warning, .answer = goOn ? Answer::Ok : Answer::Cancel});
 }
 
-ScriptedDesktop &ScriptedDesktop::willOpen(const std::optional<QString> &path)
+ScriptedDesktop &ScriptedDesktop::willGive(Shown shown, const std::optional<QString> &text)
 {
-    return add({Shown::OpenDialog, Answer::Ok, path, {}, {}});
-}
-
-ScriptedDesktop &ScriptedDesktop::willSave(const std::optional<QString> &path)
-{
-    return add({Shown::SaveDialog, Answer::Ok, path, {}, {}});
-}
-
-ScriptedDesktop &ScriptedDesktop::willBrowse(const QString &folder)
-{
-    return add({Shown::FolderDialog, Answer::Ok, folder, {}, {}});
+    return add({.shown = shown, .text = text});
 }
 
 ScriptedDesktop &ScriptedDesktop::meanwhile(Action action)
 {
-    if (m_script.isEmpty())
-        ADD_FAILURE() << "No dialog is queued that something could happen in.";
-    else
+    EXPECT_FALSE(m_script.isEmpty()) << "No dialog is queued that something could happen in.";
+    if (!m_script.isEmpty())
         m_script.last().meanwhile = std::move(action);
     return *this;
 }
@@ -135,15 +95,17 @@ std::optional<ScriptedDesktop::Scripted> ScriptedDesktop::take(const DesktopCall
     return scripted;
 }
 
+std::optional<QString> ScriptedDesktop::takeText(const DesktopCall &call)
+{
+    const std::optional<Scripted> scripted = take(call);
+    return scripted ? scripted->text : std::nullopt;
+}
+
 Answer ScriptedDesktop::MessageBox(const QString &text, const QString &title, Icon icon, Buttons buttons,
                                    std::optional<Answer> defaultAnswer)
 {
-    DesktopCall call;
-    call.text = text;
-    call.title = title;
-    call.icon = icon;
-    call.buttons = buttons;
-    call.defaultAnswer = defaultAnswer;
+    const DesktopCall call{
+        .text = text, .title = title, .icon = icon, .buttons = buttons, .defaultAnswer = defaultAnswer};
     const std::optional<Scripted> scripted = take(call);
     if (!scripted)
         return safeAnswer(buttons);
@@ -155,92 +117,49 @@ Answer ScriptedDesktop::MessageBox(const QString &text, const QString &title, Ic
 QString ScriptedDesktop::InputPrompt(const QString &prompt, const QString &title, const QString &defaultText,
                                      bool password)
 {
-    DesktopCall call;
-    call.shown = Shown::Prompt;
-    call.text = prompt;
-    call.title = title;
-    call.offered = defaultText;
-    call.password = password;
-    const std::optional<Scripted> scripted = take(call);
-    return scripted ? scripted->text.value_or(QString()) : QString();
+    return takeText({.shown = Shown::Prompt,
+                     .text = prompt,
+                     .title = title,
+                     .offered = defaultText,
+                     .password = password})
+        .value_or(QString());
 }
 
 bool ScriptedDesktop::ShowWarning(const QString &text, const QString &key)
 {
-    DesktopCall call;
-    call.shown = Shown::Warning;
-    call.text = text;
-    call.key = key;
-    const std::optional<Scripted> scripted = take(call);
+    const std::optional<Scripted> scripted = take({.shown = Shown::Warning, .text = text, .key = key});
     return scripted && scripted->answer == Answer::Ok;
-}
-
-std::optional<QString> ScriptedDesktop::askForFile(Shown shown, const FileQuestion &question)
-{
-    DesktopCall call;
-    call.shown = shown;
-    call.title = question.title;
-    call.filter = question.filter;
-    call.startFolder = question.startFolder;
-    call.offered = question.fileName;
-    const std::optional<Scripted> scripted = take(call);
-    return scripted ? scripted->text : std::nullopt;
 }
 
 std::optional<QString> ScriptedDesktop::ShowOpenDialog(const FileQuestion &question)
 {
-    return askForFile(Shown::OpenDialog, question);
+    return takeText({.shown = Shown::OpenDialog,
+                     .title = question.title,
+                     .offered = question.fileName,
+                     .filter = question.filter,
+                     .startFolder = question.startFolder});
 }
 
 std::optional<QString> ScriptedDesktop::ShowSaveDialog(const FileQuestion &question)
 {
-    return askForFile(Shown::SaveDialog, question);
+    return takeText({.shown = Shown::SaveDialog,
+                     .title = question.title,
+                     .offered = question.fileName,
+                     .filter = question.filter,
+                     .startFolder = question.startFolder});
 }
 
 QString ScriptedDesktop::BrowseForFolder(const QString &prompt, const QString &title,
                                          const QString &startFolder)
 {
-    DesktopCall call;
-    call.shown = Shown::FolderDialog;
-    call.text = prompt;
-    call.title = title;
-    call.startFolder = startFolder;
-    const std::optional<Scripted> scripted = take(call);
-    return scripted ? scripted->text.value_or(QString()) : QString();
-}
-
-std::unique_ptr<WorkingWindow> ScriptedDesktop::ShowWorkingForm(const QString &caption, const QString &msg,
-                                                                bool withBar)
-{
-    auto record = std::make_shared<WorkingRecord>();
-    record->caption = caption;
-    record->msgs += msg;
-    record->withBar = withBar;
-    m_working.push_back(record);
-    return std::make_unique<RecordingWindow>(std::move(record));
-}
-
-void ScriptedDesktop::ShowHelp(const QString &heading, const QString &body)
-{
-    m_helps.append({heading, body});
-}
-
-bool ScriptedDesktop::ShowKeyboard()
-{
-    ++m_keyboardsShown;
-    return true;
-}
-
-bool ScriptedDesktop::OpenUrl(const QUrl &url)
-{
-    m_urls += url;
-    return m_urlsOpen;
+    return takeText(
+               {.shown = Shown::FolderDialog, .text = prompt, .title = title, .startFolder = startFolder})
+        .value_or(QString());
 }
 
 void ScriptedDesktop::setHourglass(bool on)
 {
     m_hourglasses += on ? 1 : (m_hourglasses > 0 ? -1 : 0);
-    m_wasHourglassOn = m_wasHourglassOn || on;
 }
 
 void ScriptedDesktop::letEventsRun()
@@ -256,16 +175,6 @@ const DesktopCall &ScriptedDesktop::lastCall() const
     if (m_calls.isEmpty())
         throw std::out_of_range("the desktop has shown nothing");
     return m_calls.last();
-}
-
-QStringList ScriptedDesktop::messages() const
-{
-    QStringList texts;
-    for (const DesktopCall &call : m_calls) {
-        if (call.shown == Shown::Message)
-            texts += call.text;
-    }
-    return texts;
 }
 
 } // namespace quaverly::test

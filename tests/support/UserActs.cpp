@@ -88,14 +88,6 @@ void click(QWidget *widget)
         QTest::mouseClick(widget, Qt::LeftButton);
 }
 
-void doubleClick(QWidget *widget)
-{
-    if (!isThere(widget))
-        return;
-    QTest::mouseClick(widget, Qt::LeftButton);
-    QTest::mouseDClick(widget, Qt::LeftButton);
-}
-
 void click(const QWidget &screen, const QString &name)
 {
     click(child<QWidget>(screen, name));

@@ -22,9 +22,8 @@ template <typename T> [[nodiscard]] T *child(const QObject &parent, const QStrin
         QStringLiteral("%1 has no such control: %2").arg(parent.objectName(), name).toStdString());
 }
 
-/** A click with the left button in the middle; a double one is a click and its second press. */
+/** A click with the left button in the middle. */
 void click(QWidget *widget);
-void doubleClick(QWidget *widget);
 void click(const QWidget &screen, const QString &name);
 
 /** Goes to the field and types @p text behind what stands there. */

@@ -28,7 +28,7 @@ QString programFolder(const char *variable, const QString &underHome)
 {
     const QString named = fromEnvironment(variable);
     const QString base = named.isEmpty() ? QDir::homePath() + PathSeparator + underHome : named;
-    const QString folder = base + PathSeparator + ProgramFolder + PathSeparator;
+    QString folder = base + PathSeparator + ProgramFolder + PathSeparator;
     QDir().mkpath(folder);
     return folder;
 }

@@ -48,8 +48,10 @@ std::vector<Drive> mountedDrives()
             {QString(), root.name(), static_cast<quint64>(std::max<qint64>(root.bytesTotal(), 0))});
     }
     std::ranges::sort(drives, {}, &Drive::mountPoint);
-    const auto again = std::ranges::unique(drives, {}, &Drive::mountPoint);
-    drives.erase(again.begin(), again.end());
+    const auto again = std::unique(drives.begin(), drives.end(), [](const Drive &a, const Drive &b) {
+        return a.mountPoint == b.mountPoint;
+    });
+    drives.erase(again, drives.end());
     return drives;
 }
 

@@ -61,7 +61,7 @@ QString comment(const TagLib::ID3v2::Tag &tag)
         const auto *comments = dynamic_cast<const TagLib::ID3v2::CommentsFrame *>(frame);
         if (!comments)
             continue;
-        const QString text = fromTag(comments->text());
+        QString text = fromTag(comments->text());
         const QString description = fromTag(comments->description());
         if (description.isEmpty() && !text.isEmpty())
             return text;

@@ -8,6 +8,8 @@
 #include "platform/store/StoredDate.h"
 #include "platform/text/Text.h"
 
+#include <map>
+
 using namespace Qt::StringLiterals;
 
 namespace dao {
@@ -16,6 +18,11 @@ using ast::Expr;
 using ast::ExprKind;
 
 namespace {
+
+/** An OR of more terms than a person types is held to a plan that grows as they do. */
+constexpr std::size_t ManyAlternatives = 50;
+/** Even so SQLite looks every constant up among those before it: more tests than these are refused. */
+constexpr std::size_t MostTests = 5000;
 
 QByteArray withCollation(const Emitted &e)
 {
@@ -124,15 +131,47 @@ Emitted ExprEmitter::literalDate(const Expr &expr) const
     return {quotedText(storedDate(*date)), ValueType::Date};
 }
 
-Emitted ExprEmitter::andOr(const Expr &expr)
+// Many equal tests of one field are one list of values: SQLite plans every term of an OR by itself.
+std::vector<QByteArray> ExprEmitter::alternatives(const Expr &expr)
 {
     std::vector<QByteArray> terms;
-    for (const auto &arg : expr.args)
-        terms.push_back(emit(*arg).sql);
+    std::map<QByteArray, QByteArray> lists;
+    for (const auto &arg : expr.args) {
+        const bool isEquality =
+            arg->kind == ExprKind::Compare && arg->text == "="_L1 && arg->args[0]->kind == ExprKind::Name &&
+            (arg->args[1]->kind == ExprKind::Text || arg->args[1]->kind == ExprKind::Number);
+        const Emitted tested = isEquality ? emit(*arg->args[0]) : Emitted();
+        if (tested.isColumn || tested.type == ValueType::Number || tested.type == ValueType::Date) {
+            QByteArray &list = lists[tested.sql];
+            list += (list.isEmpty() ? "" : ", ") + operand(*arg->args[1], tested.type).sql;
+        } else {
+            terms.push_back(emit(*arg).sql);
+        }
+    }
+    for (const auto &[field, list] : lists)
+        terms.push_back("(" + field + " IN (" + list + "))");
+    return terms;
+}
+
+Emitted ExprEmitter::andOr(const Expr &expr)
+{
+    const bool many = expr.text == "OR"_L1 && expr.args.size() > ManyAlternatives;
+    std::vector<QByteArray> terms;
+    if (many) {
+        terms = alternatives(expr);
+    } else {
+        for (const auto &arg : expr.args)
+            terms.push_back(emit(*arg).sql);
+    }
     if (expr.text == "XOR"_L1) {
         return {"((NOT NOT " + terms[0] + ") <> (NOT NOT " + terms[1] + "))", ValueType::Boolean};
     }
-    return {balanced(terms, 0, terms.size(), ' ' + expr.text.toLatin1() + ' '), ValueType::Boolean};
+    m_tests += terms.size();
+    if (m_tests > MostTests)
+        throw DaoError(TooComplex, u"Query is too complex."_s);
+    const QByteArray sql = balanced(terms, 0, terms.size(), ' ' + expr.text.toLatin1() + ' ');
+    // The sign keeps SQLite from looking for an index for each: that costs terms times terms.
+    return {terms.size() > ManyAlternatives ? "(+" + sql + ")" : sql, ValueType::Boolean};
 }
 
 // Halving keeps the tree low: SQLite limits its depth, not its size.

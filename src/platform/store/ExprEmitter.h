@@ -43,6 +43,7 @@ private:
     [[nodiscard]] Emitted name(const ast::Expr &expr);
     [[nodiscard]] Emitted literalDate(const ast::Expr &expr) const;
     [[nodiscard]] Emitted andOr(const ast::Expr &expr);
+    [[nodiscard]] std::vector<QByteArray> alternatives(const ast::Expr &expr);
     [[nodiscard]] QByteArray balanced(const std::vector<QByteArray> &terms, std::size_t from, std::size_t to,
                                       const QByteArray &word) const;
     [[nodiscard]] Emitted compare(const ast::Expr &expr);
@@ -59,6 +60,7 @@ private:
     SelectWriter m_writeSelect;
     NameLookup m_first;
     QStringList m_fieldsUsed;
+    std::size_t m_tests = 0;
 };
 
 } // namespace dao

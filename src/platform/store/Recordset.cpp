@@ -39,12 +39,12 @@ qint64 Recordset::RecordCount() const
 
 bool Recordset::atBOF() const
 {
-    return m_impl->count() == 0 ? !m_impl->deletedCurrent : m_impl->place == Place::Before;
+    return m_impl->isAt(Place::Before);
 }
 
 bool Recordset::atEOF() const
 {
-    return m_impl->count() == 0 ? !m_impl->deletedCurrent : m_impl->place == Place::Behind;
+    return m_impl->isAt(Place::Behind);
 }
 
 void Recordset::MoveFirst()

@@ -70,6 +70,17 @@ qint64 RecordsetImpl::count()
     return rows.count();
 }
 
+bool RecordsetImpl::isAt(Place end)
+{
+    if (type != RecordsetType::Table || m_loaded || closed)
+        return count() == 0 ? !deletedCurrent : place == end;
+    if (m_looked)
+        return place == end;
+    return !database.connection()
+                .scalar("SELECT EXISTS (SELECT 1 FROM " + quotedName(rows.plan().baseTable) + ")")
+                .toBool();
+}
+
 void RecordsetImpl::goTo(qint64 target)
 {
     ensureRows();

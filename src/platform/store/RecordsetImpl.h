@@ -88,6 +88,8 @@ public:
     void ensureRows();
     void loadRows();
     [[nodiscard]] qint64 count();
+    /** In front of the first row or behind the last one; both without rows. Walks no table. */
+    [[nodiscard]] bool isAt(Place end);
     void goTo(qint64 position);
     [[nodiscard]] qint64 position();
     [[nodiscard]] qint64 currentKey();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/CatalogueSchema.h"
+#include "catalogue/DuplicateQueries.h"
 #include "store/fuzz/SqlFuzz.h"
 
 #include <QTemporaryDir>
@@ -17,13 +18,7 @@ struct Names
         const QString path = folder.filePath(QStringLiteral("names.mdb"));
         engine.CreateEmpty(path);
         database = engine.OpenDatabase(path);
-        database->CreateQueryDef(
-            QStringLiteral("qryGroups"),
-            QStringLiteral("Select Genre, First(RecordID) As Lowest From tblContacts Group By "
-                           "Genre Having Count(*) > 1"));
-        database->CreateQueryDef(QStringLiteral("qryDuplicateSongs"),
-                                 QStringLiteral("Select * From tblContacts Inner Join qryGroups On "
-                                                "tblContacts.Genre = qryGroups.Genre Order By Artist"));
+        quaverly::ensureDuplicateQueries(*database);
     }
     QTemporaryDir folder;
     dao::DBEngine engine{quaverly::catalogueSchema()};

@@ -12,12 +12,12 @@ namespace quaverly::test {
 /**
  * A main screen without widgets. It keeps what it is told and does what the real one does on its own:
  * the sort box sorts, the two sort buttons exchange the principal columns, and the artist button
- * follows the current row.
+ * follows the current row. Without a displayed set it only keeps and counts.
  */
-class FakeMainScreen final : public MainScreen, public DataListener
+class FakeMainScreen : public MainScreen, public DataListener
 {
 public:
-    explicit FakeMainScreen(DisplayedSet &set);
+    explicit FakeMainScreen(DisplayedSet *set = nullptr);
     ~FakeMainScreen() override;
     FakeMainScreen(const FakeMainScreen &) = delete;
     FakeMainScreen &operator=(const FakeMainScreen &) = delete;
@@ -25,14 +25,15 @@ public:
     /** Controls are enabled and visible until told otherwise. */
     [[nodiscard]] bool isEnabled(MainControl control) const { return m_enabled.value(control, true); }
     [[nodiscard]] QString lblFilterMsg() const { return m_lblFilterMsg; }
-    [[nodiscard]] QString txtName() const { return m_txtName; }
-    [[nodiscard]] QString txtLocate() const { return m_txtLocate; }
-    [[nodiscard]] const QList<QPoint> &scrolls() const { return m_scrolls; }
-    void setGridRow(int row) { m_gridRow = row; }
 
+    QList<QPoint> scrolls;
+    int row = 0;
+    int screens = 1;
     int rebuilt = 0;
-    int rowChanges = 0;
-    int markArmedCleared = 0;
+    int showAlls = 0;
+    int gridFocuses = 0;
+    int pics3Unloads = 0;
+    int playFormUnloads = 0;
 
     void setEnabled(MainControl control, bool enabled) override { m_enabled[control] = enabled; }
     void setVisible(MainControl control, bool visible) override { m_visible[control] = visible; }
@@ -43,44 +44,39 @@ public:
     void set_lblCategory(const QString &caption) override;
     [[nodiscard]] QString lblCategory() const override { return m_lblCategory; }
     void set_lblFilterMsg(const QString &caption) override { m_lblFilterMsg = caption; }
-    void set_lblSelectedCount(const QString &caption) override { m_lblSelectedCount = caption; }
+    void set_lblSelectedCount(const QString & /*caption*/) override {}
     void set_cmdShowArtistSongs(const QString &caption) override { m_cmdShowArtistSongs = caption; }
     [[nodiscard]] QString cmdShowArtistSongs() const override { return m_cmdShowArtistSongs; }
-    void set_txtLocate(const QString &text) override { m_txtLocate = text; }
-    void set_txtName(const QString &text) override { m_txtName = text; }
+    void set_txtLocate(const QString & /*text*/) override {}
+    void set_txtName(const QString & /*text*/) override {}
     [[nodiscard]] QString cmbSort() const override { return m_cmbSort; }
     void set_cmbSort(const QString &label) override;
-    void cmbSort_Click() override;
+    void cmbSort_Click() override { m_set->applySort(m_cmbSort); }
     void cmdSortArtist_Click() override;
     void cmdSortSong_Click() override;
     void ShowAllMenu_Click() override;
     [[nodiscard]] QString firstColumnField() const override { return m_firstColumn; }
-    [[nodiscard]] int gridRow() const override { return m_gridRow; }
-    void scrollGrid(int columns, int rows) override { m_scrolls.append({columns, rows}); }
-    void clearGridMarkArmed() override { ++markArmedCleared; }
-    void focusGrid() override {}
-    void setScreenEnabled(bool) override {}
-    [[nodiscard]] int openScreens() const override { return 1; }
-    void unloadPics3() override {}
-    void unloadPlayForm() override {}
+    [[nodiscard]] int gridRow() const override { return row; }
+    void scrollGrid(int columns, int rows) override { scrolls.append({columns, rows}); }
+    void clearGridMarkArmed() override {}
+    void focusGrid() override { ++gridFocuses; }
+    void setScreenEnabled(bool /*enabled*/) override {}
+    [[nodiscard]] int openScreens() const override { return screens; }
+    void unloadPics3() override { ++pics3Unloads; }
+    void unloadPlayForm() override { ++playFormUnloads; }
 
     void setRebuilt() override;
-    void rowChanged() override;
+    void rowChanged() override { m_set->showArtistButton(); }
 
 private:
-    DisplayedSet &m_set;
+    DisplayedSet *m_set;
     QMap<MainControl, bool> m_enabled;
     QMap<MainControl, bool> m_visible;
     QString m_lblCategory;
     QString m_lblFilterMsg;
-    QString m_lblSelectedCount;
     QString m_cmdShowArtistSongs;
-    QString m_txtLocate;
-    QString m_txtName;
     QString m_cmbSort;
     QString m_firstColumn = QStringLiteral("SongName");
-    QList<QPoint> m_scrolls;
-    int m_gridRow = 0;
 };
 
 } // namespace quaverly::test

@@ -56,11 +56,11 @@ void StoreFixture::reopen()
     open();
 }
 
-qint64 StoreFixture::addSong(const Song &song)
+qint64 StoreFixture::addRow(const QString &table, const QMap<QString, QVariant> &values)
 {
-    const auto rows = db().OpenRecordset(u"tblContacts"_s);
+    const auto rows = db().OpenRecordset(table);
     rows->AddNew();
-    for (auto value = song.values().cbegin(); value != song.values().cend(); ++value)
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
         rows->setValue(value.key(), value.value());
     rows->Update();
     return rows->LastModified().key;
@@ -68,37 +68,19 @@ qint64 StoreFixture::addSong(const Song &song)
 
 qint64 StoreFixture::addCategory(const QString &name, const QList<qint64> &songs)
 {
-    const auto rows = db().OpenRecordset(u"tblCategoryDesc"_s);
-    rows->AddNew();
-    rows->setValue(u"CategoryDesc"_s, name);
-    rows->Update();
-    const qint64 number = rows->LastModified().key;
-    const auto assigned = db().OpenRecordset(u"tblCategoryID"_s);
-    for (const qint64 song : songs) {
-        assigned->AddNew();
-        assigned->setValue(u"ID"_s, song);
-        assigned->setValue(u"CategoryNumber"_s, number);
-        assigned->Update();
-    }
+    const qint64 number = addRow(u"tblCategoryDesc"_s, {{u"CategoryDesc"_s, name}});
+    for (const qint64 song : songs)
+        addRow(u"tblCategoryID"_s, {{u"ID"_s, song}, {u"CategoryNumber"_s, number}});
     return number;
 }
 
 qint64 StoreFixture::addPlayList(const QString &name, const QList<qint64> &songs)
 {
-    const auto rows = db().OpenRecordset(u"tblPlayListHeader"_s);
-    rows->AddNew();
-    rows->setValue(u"ListName"_s, name);
-    rows->Update();
-    const qint64 list = rows->LastModified().key;
-    const auto tracks = db().OpenRecordset(u"tblPlayListDetail"_s);
+    const qint64 list = addRow(u"tblPlayListHeader"_s, {{u"ListName"_s, name}});
     int place = 0;
-    for (const qint64 song : songs) {
-        tracks->AddNew();
-        tracks->setValue(u"ListID"_s, list);
-        tracks->setValue(u"ListTrackID"_s, ++place);
-        tracks->setValue(u"ContactRecordID"_s, song);
-        tracks->Update();
-    }
+    for (const qint64 song : songs)
+        addRow(u"tblPlayListDetail"_s,
+               {{u"ListID"_s, list}, {u"ListTrackID"_s, ++place}, {u"ContactRecordID"_s, song}});
     return list;
 }
 

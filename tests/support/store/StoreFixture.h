@@ -45,8 +45,10 @@ public:
     /** As after a restart of the program: what was not written is gone. */
     void reopen();
 
+    /** The new row's key. */
+    qint64 addRow(const QString &table, const QMap<QString, QVariant> &values);
     /** The new row's RecordID. */
-    qint64 addSong(const Song &song);
+    qint64 addSong(const Song &song) { return addRow(QStringLiteral("tblContacts"), song.values()); }
     /** The new row's CategoryNumber. */
     qint64 addCategory(const QString &name, const QList<qint64> &songs = {});
     /** The new row's ListID; its tracks carry the songs' keys only. */
