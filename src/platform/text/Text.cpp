@@ -71,7 +71,8 @@ int fullYear(QStringView digits)
 bool dayComesFirst()
 {
     const QString form = QLocale::system().dateFormat(QLocale::ShortFormat);
-    return form.indexOf(u'd') < form.indexOf(u'M');
+    // A form that spells the month out says nothing about figures.
+    return !form.contains("MMM"_L1) && form.indexOf(u'd') < form.indexOf(u'M');
 }
 
 std::optional<QDate> dateOf(QStringView text)
