@@ -17,6 +17,8 @@
 #include <QCloseEvent>
 #include <QTimer>
 
+#include <ctime>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -35,13 +37,19 @@ constexpr int CloseAgainMilliseconds = 50;
 /** Lines of the description box: song, artist, album, file. */
 constexpr int DescriptionLines = 4;
 
+/** The local time; asked once a song, so the zone is looked up once. */
+QDateTime localNow()
+{
+    const std::time_t seconds = std::time(nullptr);
+    std::tm parts{};
+    localtime_r(&seconds, &parts);
+    return {QDate(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday),
+            QTime(parts.tm_hour, parts.tm_min, std::min(parts.tm_sec, 59)), Qt::UTC};
+}
+
 ScanClock systemClock()
 {
-    return {[] { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; },
-            [] {
-                const QDateTime local = QDateTime::currentDateTime();
-                return QDateTime(local.date(), local.time(), Qt::UTC);
-            }};
+    return {[] { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; }, localNow};
 }
 
 } // namespace

@@ -21,7 +21,7 @@ NaturalOrder::~NaturalOrder() = default;
 
 QByteArray NaturalOrder::key(const QString &name) const
 {
-    const QByteArray tieBreak = name.toUtf8();
+    QByteArray tieBreak = name.toUtf8();
     if (!m_collator)
         return tieBreak;
     const auto *units = reinterpret_cast<const UChar *>(name.utf16());

@@ -193,7 +193,7 @@ QVariant RecordsetImpl::toStored(const Field &field, const QVariant &value) cons
     case FieldType::Memo:
         break;
     }
-    const QString text = value.toString();
+    QString text = value.toString();
     if (field.size > 0 && text.size() > field.size)
         throw DaoError(
             FieldTooSmall,

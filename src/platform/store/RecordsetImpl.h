@@ -63,6 +63,7 @@ private:
     std::unique_ptr<Connection> m_reader;
     bool m_holdAll = false;
     QList<Field> m_fields;
+    QHash<QString, int> m_indexOfExact;
     QHash<QString, int> m_indexOf;
     /** Of each field: its place in the base row, or -1 - its place among the held columns. */
     QList<int> m_places;

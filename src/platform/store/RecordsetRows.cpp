@@ -16,6 +16,7 @@ RecordsetRows::RecordsetRows(DatabaseImpl &database, SelectPlan plan, RecordsetT
         Field field{output.column.name, output.column.type, output.column.size, {}};
         if (m_plan.isBaseField(output))
             field.sourceField = output.column.field;
+        m_indexOfExact.insert(field.name, static_cast<int>(m_fields.size()));
         m_indexOf.insert(field.name.toLower(), static_cast<int>(m_fields.size()));
         m_fields.append(field);
     }
@@ -24,7 +25,9 @@ RecordsetRows::RecordsetRows(DatabaseImpl &database, SelectPlan plan, RecordsetT
 
 int RecordsetRows::fieldIndex(const QString &name) const
 {
-    return m_indexOf.value(name.toLower(), -1);
+    // Nearly everyone writes a field as the table does.
+    const auto exact = m_indexOfExact.constFind(name);
+    return exact != m_indexOfExact.cend() ? *exact : m_indexOf.value(name.toLower(), -1);
 }
 
 // A snapshot reads through a connection that stays at its moment; without one it holds every value.
