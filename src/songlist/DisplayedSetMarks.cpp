@@ -104,8 +104,7 @@ QString DisplayedSet::recordCountMessage()
     const qint64 count = m_data.Recordset().RecordCount();
     if (count == 1)
         return u"There is 1 record displayed in the current list."_s;
-    QString songs =
-        u"There are "_s + grouped(count, QLocale()) + u" songs displayed in the current list."_s;
+    QString songs = u"There are "_s + grouped(count, QLocale()) + u" songs displayed in the current list."_s;
     if (isDuplicateView())
         return songs;
     m_texts.ScratchSql = sumStatement(m_data.RecordSource());
