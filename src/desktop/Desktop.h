@@ -80,6 +80,9 @@ public:
     virtual std::optional<QString> ShowOpenDialog(const FileQuestion &question) = 0;
     virtual std::optional<QString> ShowSaveDialog(const FileQuestion &question) = 0;
 
+    /** A colour number (red, green, blue from the lowest byte up), or nothing on cancel. */
+    virtual std::optional<quint32> ShowColor(quint32 start) = 0;
+
     /** The folder chosen, with a trailing separator, or the empty text on cancel. */
     virtual QString BrowseForFolder(const QString &prompt, const QString &title,
                                     const QString &startFolder) = 0;
@@ -96,6 +99,12 @@ public:
 
     /** The on-screen keyboard that the desktop offers; false when there is none. */
     virtual bool ShowKeyboard() { return false; }
+
+    /** Dialogs from now on are sized for fingers, or for a mouse again. */
+    virtual void setTabletActive(bool /*on*/) {}
+
+    /** A touch screen and no mouse; looked up afresh. */
+    virtual bool isTabletWithoutMouse() { return false; }
 
     /** Opens an address with the program that the desktop has for it; false when there is none. */
     virtual bool OpenUrl(const QUrl &url) = 0;

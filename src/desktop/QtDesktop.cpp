@@ -10,8 +10,10 @@
 #include "platform/store/DaoError.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDeadlineTimer>
 #include <QDesktopServices>
+#include <QInputDevice>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
@@ -103,6 +105,17 @@ QList<Answer> answersOf(Buttons buttons)
         break;
     }
     return {Answer::Ok};
+}
+
+QColor colorOf(quint32 number)
+{
+    const auto part = [number](int shift) { return static_cast<int>(number >> shift & 0xFF); };
+    return {part(0), part(8), part(16)};
+}
+
+quint32 numberOf(const QColor &color)
+{
+    return static_cast<quint32>(color.red() | color.green() << 8 | color.blue() << 16);
 }
 
 /** A handle on the please-wait window, which the user may close first. */
@@ -231,6 +244,19 @@ std::optional<QString> QtDesktop::ShowSaveDialog(const FileQuestion &question)
     return askForFile(FileDialogKind::Save, question, ownerOfDialogs());
 }
 
+std::optional<quint32> QtDesktop::ShowColor(quint32 start)
+{
+    const PlainPointer pointer;
+    QColorDialog dialog(colorOf(start), ownerOfDialogs());
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    arrangeButtons(dialog);
+    if (m_tabletActive)
+        sizeForFingers(dialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return numberOf(dialog.selectedColor());
+}
+
 QString QtDesktop::BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder)
 {
     const PlainPointer pointer;
@@ -256,6 +282,18 @@ void QtDesktop::ShowHelp(const QString &heading, const QString &body)
     if (m_tabletActive)
         sizeForFingers(form);
     form.exec();
+}
+
+bool QtDesktop::isTabletWithoutMouse()
+{
+    bool touch = false;
+    for (const QInputDevice *device : QInputDevice::devices()) {
+        const QInputDevice::DeviceType type = device->type();
+        if (type == QInputDevice::DeviceType::Mouse || type == QInputDevice::DeviceType::TouchPad)
+            return false;
+        touch = touch || type == QInputDevice::DeviceType::TouchScreen;
+    }
+    return touch;
 }
 
 bool QtDesktop::ShowKeyboard()

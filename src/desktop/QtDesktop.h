@@ -22,7 +22,7 @@ public:
     QtDesktop &operator=(const QtDesktop &) = delete;
 
     /** Prompts sized for fingers, with an on-screen keyboard. */
-    void setTabletActive(bool active) { m_tabletActive = active; }
+    void setTabletActive(bool active) override { m_tabletActive = active; }
 
     Answer MessageBox(const QString &text, const QString &title, Icon icon = Icon::None,
                       Buttons buttons = Buttons::Ok,
@@ -32,11 +32,13 @@ public:
     bool ShowWarning(const QString &text, const QString &key) override;
     std::optional<QString> ShowOpenDialog(const FileQuestion &question) override;
     std::optional<QString> ShowSaveDialog(const FileQuestion &question) override;
+    std::optional<quint32> ShowColor(quint32 start) override;
     QString BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder) override;
     std::unique_ptr<WorkingWindow> ShowWorkingForm(const QString &caption, const QString &msg,
                                                    bool withBar) override;
     void ShowHelp(const QString &heading, const QString &body) override;
     bool ShowKeyboard() override;
+    bool isTabletWithoutMouse() override;
     bool OpenUrl(const QUrl &url) override;
     void setHourglass(bool on) override;
     void resetPointer() override;

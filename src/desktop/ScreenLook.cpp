@@ -4,6 +4,7 @@
 #include "desktop/DisplayText.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -21,6 +22,13 @@ namespace {
 constexpr int FingerHeight = 44;
 /** The most that a text takes of the screen's width. */
 constexpr double ScreenShare = 0.8;
+
+/** The field inside a box is laid out by the box. */
+bool isPartOfBox(const QWidget &control)
+{
+    QWidget *parent = control.parentWidget();
+    return qobject_cast<QComboBox *>(parent) || qobject_cast<QAbstractSpinBox *>(parent);
+}
 
 int widestLine(const QFontMetrics &metrics, const QString &text)
 {
@@ -111,8 +119,9 @@ void sizeForFingers(QWidget &screen)
 {
     for (QWidget *control : screen.findChildren<QWidget *>()) {
         const bool isTouched = qobject_cast<QAbstractButton *>(control) ||
-                               qobject_cast<QLineEdit *>(control) || qobject_cast<QComboBox *>(control);
-        if (isTouched)
+                               qobject_cast<QLineEdit *>(control) || qobject_cast<QComboBox *>(control) ||
+                               qobject_cast<QAbstractSpinBox *>(control);
+        if (isTouched && !isPartOfBox(*control))
             control->setMinimumHeight(FingerHeight);
     }
 }

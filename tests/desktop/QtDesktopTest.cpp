@@ -6,6 +6,7 @@
 #include "support/UserActs.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -105,6 +106,21 @@ TEST_F(TheDesktop, AWarningGoesOnEvenIfItsCheckBoxCannotBeKept)
     EXPECT_TRUE(other.ShowWarning(u"Careful!"_s, u"Key"_s));
     test::inDialog([](QWidget &form) { test::click(form, u"cmdCancel"_s); });
     EXPECT_FALSE(desktop.ShowWarning(u"Careful!"_s, u"Key"_s));
+}
+
+TEST_F(TheDesktop, TheColorDialogStartsWithAColorAndGivesTheChosenOne)
+{
+    constexpr quint32 Teal = 8421440;
+    constexpr quint32 Orange = 0x0080FF;
+    test::inDialog([](QWidget &dialog) {
+        auto &colors = dynamic_cast<QColorDialog &>(dialog);
+        EXPECT_EQ(colors.currentColor().name(), u"#408080"_s);
+        colors.setCurrentColor(QColor(u"#ff8000"_s));
+        test::key(&dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop.ShowColor(Teal), Orange);
+    test::inDialog([](QWidget &dialog) { test::key(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(desktop.ShowColor(Teal), std::nullopt);
 }
 
 TEST_F(TheDesktop, TheOpenDialogOffersTheFiltersAndGivesTheFullPath)
