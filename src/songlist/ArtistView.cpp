@@ -30,6 +30,12 @@ void DisplayedSet::showArtistButton()
     m_screen->setVisible(MainControl::cmdShowArtistSongs, known);
 }
 
+void DisplayedSet::resetArtistButton()
+{
+    m_screen->set_cmdShowArtistSongs({});
+    showArtistButton();
+}
+
 void DisplayedSet::enterArtistView()
 {
     const QString artist = m_data.currentText(u"Artist"_s);

@@ -56,6 +56,8 @@ public:
     /** Makes the song the current row; false, and no move, when it is not displayed. */
     bool findRecord(qint64 recordId);
     void notifyRowChanged();
+    /** For whoever took rows out of the recordset. */
+    void notifySetRebuilt();
 
     /** Lets go of the rows, as the catalogue's closing needs. */
     void Close();
@@ -65,7 +67,6 @@ public:
 
 private:
     friend class RefreshOnce;
-    void notifySetRebuilt();
 
     Catalogue &m_catalogue;
     QString m_recordSource;

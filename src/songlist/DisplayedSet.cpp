@@ -164,7 +164,7 @@ void DisplayedSet::categoryChosen(qint64 number, const QString &name)
         RefreshDisplayedSet();
     });
     m_settings.storeCategory(name, m_texts.ListCategoryClause);
-    m_screen->set_cmdShowArtistSongs({});
+    resetArtistButton();
     m_screen->set_lblCategory(name);
     m_screen->set_lblFilterMsg({});
     hideFilterMessage();
@@ -196,13 +196,7 @@ bool DisplayedSet::filterApplied(const QString &criteria)
     const auto row = currentRow();
     {
         const Hourglass hourglass(m_desktop);
-        compose([&] {
-            const FilterTexts filter = splitCriteria(criteria);
-            m_texts.ListFilterText = filter.filter;
-            m_texts.ListWhere = filterWhere(m_texts);
-            open(u"Select distinctrow * from  "_s + m_texts.ListSource + m_texts.ListWhere +
-                 filter.order.value_or(m_texts.ListOrder));
-        });
+        compose([&] { open(composeFilter(m_texts, criteria)); });
         m_texts.ListFilterText.clear();
     }
     if (!m_data.hasRows()) {
@@ -216,7 +210,7 @@ bool DisplayedSet::filterApplied(const QString &criteria)
     m_lastFilterCriteria = criteria;
     showFilterMessage(caption(captions::FilterMessage));
     dropFindCaption();
-    m_screen->set_cmdShowArtistSongs({});
+    resetArtistButton();
     return true;
 }
 
@@ -246,7 +240,7 @@ void DisplayedSet::find(const QString &answer)
     }
     m_screen->set_lblCategory(caption(captions::RecordsContaining) + shown);
     hideFilterMessage();
-    m_screen->set_cmdShowArtistSongs({});
+    resetArtistButton();
     if (!m_data.hasRows()) {
         m_screen->set_txtName({});
         m_desktop.MessageBox(u"No records found."_s, u"No records to display"_s);
@@ -289,7 +283,7 @@ bool DisplayedSet::playListView(qint64 listId, const QString &name)
     m_texts.ListCategoryClause.clear();
     showFilterMessage(u"PlayList:"_s + name);
     m_screen->set_lblCategory({});
-    m_screen->set_cmdShowArtistSongs({});
+    resetArtistButton();
     return true;
 }
 

@@ -115,6 +115,8 @@ private:
     void enterArtistView();
     void leaveArtistView();
     void enablePlaying();
+    /** Out of the artist view, if it was that; the button is the current row's again. */
+    void resetArtistButton();
     [[nodiscard]] dao::Database &database() { return *m_catalogue.CatalogueDb; }
 
     Catalogue &m_catalogue;

@@ -69,15 +69,19 @@ QString artistWhere(const QString &artist)
     return u" Where Artist = "_s + quoted(artist) + u' ';
 }
 
+QString conditionOf(const QString &criteria)
+{
+    return criteria.left(criteria.indexOf(OrderBy, 0, Qt::CaseInsensitive));
+}
+
 FilterTexts splitCriteria(const QString &criteria)
 {
-    QString text = criteria.trimmed();
+    const QString text = criteria.trimmed();
+    const QString condition = conditionOf(text);
     FilterTexts result;
-    if (const qsizetype place = text.indexOf(OrderBy, 0, Qt::CaseInsensitive); place >= 0) {
-        result.order = u' ' + text.sliced(place);
-        text.truncate(place);
-    }
-    result.filter = u" ("_s + text.trimmed() + u") "_s;
+    if (condition.size() < text.size())
+        result.order = u' ' + text.sliced(condition.size());
+    result.filter = u" ("_s + condition.trimmed() + u") "_s;
     return result;
 }
 
@@ -86,6 +90,15 @@ QString filterWhere(const ListTexts &texts)
     if (texts.ListCategoryClause.isEmpty())
         return u" Where "_s + texts.ListFilterText;
     return u" Where "_s + texts.ListCategoryClause + u" And "_s + texts.ListFilterText;
+}
+
+QString composeFilter(ListTexts &texts, const QString &criteria)
+{
+    const FilterTexts filter = splitCriteria(criteria);
+    texts.ListFilterText = filter.filter;
+    texts.ListWhere = filterWhere(texts);
+    return u"Select distinctrow * from  "_s + texts.ListSource + texts.ListWhere +
+           filter.order.value_or(texts.ListOrder);
 }
 
 QString findClause(const QString &answer)

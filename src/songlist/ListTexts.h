@@ -53,9 +53,13 @@ struct FilterTexts
     /** The criteria's own tail, or nothing. */
     std::optional<QString> order;
 };
+/** What stands before the first "order by", inside a quoted value too: criteria know no quoting. */
+[[nodiscard]] QString conditionOf(const QString &criteria);
 /** Cuts at the first "order by", inside a quoted value too: criteria know no quoting. */
 [[nodiscard]] FilterTexts splitCriteria(const QString &criteria);
 [[nodiscard]] QString filterWhere(const ListTexts &texts);
+/** The statement that shows what meets the criteria; its texts go into @p texts. */
+[[nodiscard]] QString composeFilter(ListTexts &texts, const QString &criteria);
 
 /** " (field Like ... OR field Like ...)" over all fields that Find looks at. */
 [[nodiscard]] QString findClause(const QString &answer);

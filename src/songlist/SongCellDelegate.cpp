@@ -11,6 +11,12 @@ using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
+namespace {
+
+constexpr int NumberGap = 8;
+
+} // namespace
+
 void SongCellDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
@@ -22,6 +28,9 @@ void SongCellDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
         option->palette.setColor(QPalette::Text, option->palette.color(QPalette::Highlight));
     if (index.column() == 0)
         option->font.setBold(true);
+    // Numbers keep a distance from the next column's text.
+    if (option->displayAlignment.testFlag(Qt::AlignRight))
+        option->rect.setRight(option->rect.right() - NumberGap);
     // The text stays asterisks; only what is painted are stars.
     if (field == "Rating"_L1)
         option->text.replace(u'*', QChar(0x2605));

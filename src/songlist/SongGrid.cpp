@@ -3,8 +3,8 @@
 
 #include "songlist/SongCellDelegate.h"
 
-#include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -15,6 +15,9 @@ namespace quaverly {
 namespace {
 
 constexpr double TwipsPerPixel = 15.0;
+
+/** In pixels: wide enough to be caught with the pointer again. */
+constexpr int NarrowestColumn = 12;
 
 /** Width of a design-time column in average characters: what the heading and a usual song need. */
 int designCharacters(const QString &field)
@@ -59,6 +62,13 @@ SongGrid::SongGrid(QWidget *parent) : QTableView(parent)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setStretchLastSection(false);
     horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setMinimumSectionSize(NarrowestColumn);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &SongGrid::HeadClick);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
+        if (!m_resizing)
+            Q_EMIT ColResize();
+    });
     tintRows();
 }
 
@@ -68,9 +78,15 @@ void SongGrid::setData(DataControl &control)
     m_model = new SongGridModel(control, this);
     setModel(m_model);
     connect(m_model, &QAbstractItemModel::modelReset, this, &SongGrid::model_Reset);
-    connect(m_model, &SongGridModel::currentRowChanged, this, &SongGrid::followRecordset);
-    setDesignWidths();
+    connect(m_model, &SongGridModel::currentRowChanged, this, &SongGrid::model_CurrentRowChanged);
     model_Reset();
+}
+
+void SongGrid::unbind()
+{
+    m_data = nullptr;
+    setModel(nullptr);
+    delete std::exchange(m_model, nullptr);
 }
 
 void SongGrid::setRowHeight(double twips)
@@ -81,6 +97,7 @@ void SongGrid::setRowHeight(double twips)
 
 void SongGrid::setDesignWidths()
 {
+    const QScopedValueRollback resizing(m_resizing, true);
     const int character = fontMetrics().averageCharWidth();
     for (int i = 0; i < m_model->columnCount(); ++i) {
         const int heading = fontMetrics().horizontalAdvance(m_model->column(i).caption) + 3 * character;
@@ -106,22 +123,63 @@ void SongGrid::Scroll(int columns, int rows)
                                     columns * horizontalScrollBar()->singleStep());
 }
 
-void SongGrid::putArtistFirst(bool artist)
+void SongGrid::setAllowUpdate(bool allow)
 {
-    const QString moving = artist ? u"Artist"_s : u"SongName"_s;
-    if (m_model->column(2).dataField != moving)
+    m_model->setEditable(allow);
+    setEditTriggers(allow ? AnyKeyPressed | EditKeyPressed : EditTriggers(NoEditTriggers));
+    viewport()->update();
+}
+
+bool SongGrid::AllowUpdate() const
+{
+    return m_model->isEditable();
+}
+
+void SongGrid::finishEditing()
+{
+    QWidget *editor = CellEditing() ? indexWidget(currentIndex()) : nullptr;
+    if (editor == nullptr)
         return;
-    const int first = columnWidth(1);
-    const int second = columnWidth(2);
-    m_model->swapColumns(1, 2);
-    setColumnWidth(1, second);
-    setColumnWidth(2, first);
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+double SongGrid::columnTwips(int column) const
+{
+    return columnWidth(column) * TwipsPerPixel;
+}
+
+void SongGrid::setColumnTwips(int column, double twips)
+{
+    const QScopedValueRollback resizing(m_resizing, true);
+    setColumnWidth(column, std::max(NarrowestColumn, qRound(twips / TwipsPerPixel)));
+}
+
+QPoint SongGrid::currentRowPlace() const
+{
+    const QRect cell = visualRect(currentIndex());
+    return viewport()->mapToGlobal(QPoint(std::max(0, cell.left()), cell.bottom()));
 }
 
 void SongGrid::model_Reset()
 {
     followRecordset();
     placeEmptyState();
+    tellRowColChange(-1);
+}
+
+void SongGrid::model_CurrentRowChanged()
+{
+    followRecordset();
+    tellRowColChange(m_lastCol);
+}
+
+void SongGrid::tellRowColChange(int lastCol)
+{
+    if (m_pressing)
+        m_heldLastCol = lastCol;
+    else
+        Q_EMIT RowColChange(lastCol);
 }
 
 void SongGrid::followRecordset()
@@ -132,10 +190,13 @@ void SongGrid::followRecordset()
     const auto position = static_cast<int>(m_data->Recordset().AbsolutePosition());
     if (position < 0)
         return;
-    const QModelIndex wanted = m_model->index(position, std::max(1, currentIndex().column()));
+    const QModelIndex wanted = m_model->index(position, m_col);
     const int left = horizontalScrollBar()->value();
+    const int line = position - verticalScrollBar()->value();
+    const bool inView = line >= 0 && line < VisibleRows();
     setCurrentIndex(wanted);
-    scrollTo(wanted);
+    // A row from elsewhere comes to the top, so that what follows it is in view.
+    scrollTo(wanted, inView ? EnsureVisible : PositionAtTop);
     horizontalScrollBar()->setValue(left);
     viewport()->update();
 }
@@ -143,11 +204,59 @@ void SongGrid::followRecordset()
 void SongGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);
-    if (m_following || m_data == nullptr || !current.isValid() || current.row() == previous.row())
+    if (current.isValid())
+        m_col = current.column();
+    if (m_following || m_data == nullptr || !current.isValid())
         return;
+    if (current.row() == previous.row()) {
+        tellRowColChange(previous.column());
+        return;
+    }
     const QScopedValueRollback following(m_following, true);
+    const QScopedValueRollback lastCol(m_lastCol, previous.column());
     m_data->Recordset().setAbsolutePosition(current.row());
     m_data->notifyRowChanged();
+}
+
+void SongGrid::mousePressEvent(QMouseEvent *event)
+{
+    const bool right = event->button() == Qt::RightButton;
+    m_heldLastCol.reset();
+    {
+        const QScopedValueRollback pressing(m_pressing, true);
+        if (right && indexAt(event->position().toPoint()).isValid())
+            setCurrentIndex(m_model->index(indexAt(event->position().toPoint()).row(), std::max(1, Col())));
+        else
+            QTableView::mousePressEvent(event);
+    }
+    if (right)
+        Q_EMIT RightButtonDown(event->globalPosition().toPoint());
+    if (currentIndex().isValid() && indexAt(event->position().toPoint()).isValid())
+        Q_EMIT Click();
+    if (m_heldLastCol)
+        Q_EMIT RowColChange(*std::exchange(m_heldLastCol, std::nullopt));
+}
+
+void SongGrid::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
+        Q_EMIT DblClick();
+}
+
+// The right button's own event comes before; only the menu key is left to answer.
+void SongGrid::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())
+        Q_EMIT RightButtonDown(currentRowPlace());
+    event->accept();
+}
+
+void SongGrid::keyPressEvent(QKeyEvent *event)
+{
+    event->ignore();
+    Q_EMIT KeyDown(event);
+    if (!event->isAccepted())
+        QTableView::keyPressEvent(event);
 }
 
 void SongGrid::setEmptyState(QWidget *widget)

@@ -5,9 +5,14 @@
 
 #include <QTableView>
 
+#include <optional>
+
 namespace quaverly {
 
-/** The main screen's grid: a window onto the displayed set, with its current row. */
+/**
+ * The main screen's grid: a window onto the displayed set, with its current row. Columns count from 0,
+ * the mark column. A click is told before the row or column change that it causes.
+ */
 class SongGrid final : public QTableView
 {
     Q_OBJECT
@@ -17,8 +22,12 @@ public:
 
     /** Binds the grid; @p control outlives it. Called once. */
     void setData(DataControl &control);
+    /** Lets go of the displayed set, before it is closed. */
+    void unbind();
     [[nodiscard]] SongGridModel &songs() { return *m_model; }
 
+    /** Widths for what headings and usual songs need, in the present font. */
+    void setDesignWidths();
     /** Height of a row in twips. */
     void setRowHeight(double twips);
     /** The current row's place among the visible rows, from 0. */
@@ -28,13 +37,46 @@ public:
     /** Moves the view without moving the current row. */
     void Scroll(int columns, int rows);
 
-    /** Artist in front and Song Name behind it, or the other way round; widths go with their place. */
-    void putArtistFirst(bool artist);
+    /** The current column, 0 for the marks; -1 without a current cell. */
+    [[nodiscard]] int Col() const { return currentIndex().column(); }
+
+    /** Cells can be typed into. */
+    void setAllowUpdate(bool allow);
+    [[nodiscard]] bool AllowUpdate() const;
+    /** True while a cell is being typed into. */
+    [[nodiscard]] bool CellEditing() const { return state() == EditingState; }
+    /** Writes what is typed so far into the cell, and ends the typing. */
+    void finishEditing();
+
+    /** Width in twips, as the column file and its readers count. */
+    [[nodiscard]] double columnTwips(int column) const;
+    void setColumnTwips(int column, double twips);
+    /** The current row's place on the screen, for a menu that no pointer opened. */
+    [[nodiscard]] QPoint currentRowPlace() const;
 
     /** Shown in the middle while there are no rows. */
     void setEmptyState(QWidget *widget);
 
+Q_SIGNALS:
+    /** A button went down on a row. */
+    void Click();
+    /** @p lastCol is the column before; -1 when the row changed by no act in the grid. */
+    void RowColChange(int lastCol);
+    void HeadClick(int column);
+    /** The user changed a width. */
+    void ColResize();
+    void DblClick();
+    /** The right button went down; the row under it is the current one by now. */
+    void RightButtonDown(QPoint globalPlace);
+    /** A key is going to be obeyed, unless a receiver accepts it. */
+    void KeyDown(QKeyEvent *event);
+
 protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyboardSearch(const QString &) override {}
     void resizeEvent(QResizeEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void changeEvent(QEvent *event) override;
@@ -42,14 +84,22 @@ protected:
 private:
     void followRecordset();
     void model_Reset();
+    void model_CurrentRowChanged();
+    void tellRowColChange(int lastCol);
     void placeEmptyState();
-    void setDesignWidths();
     void tintRows();
 
     DataControl *m_data = nullptr;
     SongGridModel *m_model = nullptr;
     QWidget *m_emptyState = nullptr;
     bool m_following = false;
+    bool m_pressing = false;
+    bool m_resizing = false;
+    /** The current column, which outlives a change of the rows. */
+    int m_col = 0;
+    /** Column before the change that is being told; -1 when it came from elsewhere. */
+    int m_lastCol = -1;
+    std::optional<int> m_heldLastCol;
     bool m_tinting = false;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "songlist/SongGridModel.h"
 
+#include "catalogue/SongFields.h"
 #include "platform/text/Text.h"
 
 #include <limits>
@@ -12,11 +13,24 @@ namespace quaverly {
 namespace {
 
 /** Columns that read better with their ends in line. */
-bool isRightAligned(const QString &field)
+bool isRightAligned(QLatin1StringView field)
 {
     static constexpr QLatin1StringView right[] = {"Year"_L1,     "TrackText"_L1, "FileSize"_L1,
                                                   "Duration"_L1, "Bitrate"_L1,   "BPM"_L1};
     return std::find(std::begin(right), std::end(right), field) != std::end(right);
+}
+
+Qt::Alignment qtAlignment(CellAlignment alignment)
+{
+    switch (alignment) {
+    case CellAlignment::Right:
+        return Qt::AlignRight | Qt::AlignVCenter;
+    case CellAlignment::Centre:
+        return Qt::AlignCenter;
+    case CellAlignment::Left:
+        break;
+    }
+    return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
 /** A cell is one line. */
@@ -34,7 +48,9 @@ QString oneLine(QString text)
 SongGridModel::SongGridModel(DataControl &data, QObject *parent) : QAbstractTableModel(parent), m_data(data)
 {
     for (const SongField *field : gridColumns())
-        m_columns.push_back({field->heading, field->name});
+        m_columns.push_back({field->heading, field->name,
+                             isRightAligned(field->name) ? CellAlignment::Right : CellAlignment::Left});
+    m_columns.front().alignment = CellAlignment::Centre;
     m_data.addListener(*this);
 }
 
@@ -76,12 +92,8 @@ QVariant SongGridModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
-    if (role == Qt::TextAlignmentRole) {
-        if (index.column() == 0)
-            return QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
-        const bool right = isRightAligned(column(index.column()).dataField);
-        return QVariant::fromValue(Qt::Alignment(right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    }
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(qtAlignment(column(index.column()).alignment));
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
     const QVariant stored = value(index.row(), index.column());
@@ -99,17 +111,45 @@ QVariant SongGridModel::headerData(int section, Qt::Orientation orientation, int
     if (role == Qt::AccessibleTextRole && section == 0)
         return tr("Mark");
     if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
+        return QVariant::fromValue(qtAlignment(column(section).alignment));
     return {};
 }
 
-void SongGridModel::swapColumns(int first, int second)
+void SongGridModel::setColumn(int index, const GridColumn &column)
 {
-    std::swap(m_columns[static_cast<std::size_t>(first)], m_columns[static_cast<std::size_t>(second)]);
+    m_columns[static_cast<std::size_t>(index)] = column;
+    columnsExchanged(index, index);
+}
+
+void SongGridModel::moveColumn(int from, int to)
+{
+    const GridColumn moving = column(from);
+    m_columns.erase(m_columns.begin() + from);
+    m_columns.insert(m_columns.begin() + to, moving);
+    columnsExchanged(std::min(from, to), std::max(from, to));
+}
+
+void SongGridModel::columnsExchanged(int first, int last)
+{
     m_places.clear();
-    Q_EMIT headerDataChanged(Qt::Horizontal, first, second);
+    Q_EMIT headerDataChanged(Qt::Horizontal, first, last);
     if (rowCount() > 0)
-        Q_EMIT dataChanged(index(0, first), index(rowCount() - 1, second));
+        Q_EMIT dataChanged(index(0, first), index(rowCount() - 1, last));
+}
+
+Qt::ItemFlags SongGridModel::flags(const QModelIndex &index) const
+{
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    flags.setFlag(Qt::ItemIsEditable, m_editable && index.column() > 0);
+    return flags;
+}
+
+bool SongGridModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (role != Qt::EditRole || !index.isValid() || value.toString() == data(index, Qt::EditRole).toString())
+        return false;
+    Q_EMIT cellTyped(column(index.column()).dataField, value.toString());
+    return true;
 }
 
 void SongGridModel::setRebuilt()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "catalogue/SongFields.h"
+#include "songlist/ColumnFile.h"
 #include "songlist/DataControl.h"
 
 #include <QAbstractTableModel>
@@ -15,6 +15,7 @@ struct GridColumn
 {
     QString caption;
     QString dataField;
+    CellAlignment alignment = CellAlignment::Left;
 };
 
 /**
@@ -39,12 +40,21 @@ public:
     {
         return m_columns[static_cast<std::size_t>(index)];
     }
-    /** Exchanges what two columns show. */
-    void swapColumns(int first, int second);
+    void setColumn(int index, const GridColumn &column);
+    /** Takes a column out and puts it in at @p to, as counted without it. */
+    void moveColumn(int from, int to);
+
+    /** Lets cells be typed into, all but the marks. */
+    void setEditable(bool editable) { m_editable = editable; }
+    [[nodiscard]] bool isEditable() const { return m_editable; }
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
+    /** Emits cellTyped for a cell of the current row; the cell shows what the store holds in the end. */
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
 Q_SIGNALS:
     /** The current row of the displayed set moved, or its values changed. */
     void currentRowChanged();
+    void cellTyped(const QString &field, const QString &text);
 
 private:
     void setRebuilt() override;
@@ -52,7 +62,9 @@ private:
     [[nodiscard]] QVariant value(int row, int column) const;
 
     DataControl &m_data;
+    void columnsExchanged(int first, int last);
     std::vector<GridColumn> m_columns;
+    bool m_editable = false;
     /** Place of each column's field in the recordset of the moment. */
     mutable std::vector<int> m_places;
 };

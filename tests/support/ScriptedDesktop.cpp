@@ -13,8 +13,8 @@ namespace {
 
 const char *nameOf(Shown shown)
 {
-    constexpr std::array names = {"message box", "prompt",      "warning",
-                                  "open dialog", "save dialog", "folder dialog"};
+    constexpr std::array names = {"message box", "prompt",        "warning",     "open dialog",
+                                  "save dialog", "folder dialog", "color dialog"};
     return names.at(static_cast<std::size_t>(shown));
 }
 
@@ -70,6 +70,11 @@ ScriptedDesktop &ScriptedDesktop::willPassWarning(bool goOn)
 ScriptedDesktop &ScriptedDesktop::willGive(Shown shown, const std::optional<QString> &text)
 {
     return add({.shown = shown, .text = text});
+}
+
+ScriptedDesktop &ScriptedDesktop::willPickColor(std::optional<quint32> color)
+{
+    return add({.shown = Shown::ColorDialog, .color = color});
 }
 
 ScriptedDesktop &ScriptedDesktop::meanwhile(Action action)
@@ -147,6 +152,12 @@ std::optional<QString> ScriptedDesktop::ShowSaveDialog(const FileQuestion &quest
                      .offered = question.fileName,
                      .filter = question.filter,
                      .startFolder = question.startFolder});
+}
+
+std::optional<quint32> ScriptedDesktop::ShowColor(quint32 start)
+{
+    const std::optional<Scripted> scripted = take({.shown = Shown::ColorDialog, .color = start});
+    return scripted ? scripted->color : std::nullopt;
 }
 
 QString ScriptedDesktop::BrowseForFolder(const QString &prompt, const QString &title,

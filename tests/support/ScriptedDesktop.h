@@ -10,7 +10,7 @@
 namespace quaverly::test {
 
 /** What the user was shown. */
-enum class Shown { Message, Prompt, Warning, OpenDialog, SaveDialog, FolderDialog };
+enum class Shown { Message, Prompt, Warning, OpenDialog, SaveDialog, FolderDialog, ColorDialog };
 
 /** One thing that the program showed, with all that it said. */
 struct DesktopCall
@@ -29,6 +29,8 @@ struct DesktopCall
     QString key{};
     QString filter{};
     QString startFolder{};
+    /** What the colour dialog started with. */
+    quint32 color = 0;
 };
 
 /**
@@ -63,6 +65,8 @@ public:
     }
     /** The empty text is Cancel. */
     ScriptedDesktop &willBrowse(const QString &folder) { return willGive(Shown::FolderDialog, folder); }
+    /** Nothing is Cancel. */
+    ScriptedDesktop &willPickColor(std::optional<quint32> color);
     /** Runs @p action while the dialog queued last is up. */
     ScriptedDesktop &meanwhile(Action action);
 
@@ -83,6 +87,7 @@ public:
     bool ShowWarning(const QString &text, const QString &key) override;
     std::optional<QString> ShowOpenDialog(const FileQuestion &question) override;
     std::optional<QString> ShowSaveDialog(const FileQuestion &question) override;
+    std::optional<quint32> ShowColor(quint32 start) override;
     QString BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder) override;
     bool OpenUrl(const QUrl & /*url*/) override { return true; }
     void setHourglass(bool on) override;
@@ -97,6 +102,7 @@ private:
         Shown shown = Shown::Message;
         Answer answer = Answer::Ok;
         std::optional<QString> text{};
+        std::optional<quint32> color{};
         QString part{};
         Action meanwhile{};
     };

@@ -3,11 +3,14 @@
 
 #include "platform/store/DaoError.h"
 
+#include <QtEndian>
+
 #include <sqlite3.h>
 #include <unicode/ucol.h>
 #include <unicode/uvernum.h>
 
 #include <array>
+#include <bit>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -38,9 +41,15 @@ public:
     [[nodiscard]] int compare(QByteArrayView left, QByteArrayView right) const
     {
         const qsizetype common = std::min(left.size(), right.size());
-        for (qsizetype i = 0; i < common; ++i) {
-            const quint8 a = m_rank[static_cast<quint8>(left[i])];
-            const quint8 b = m_rank[static_cast<quint8>(right[i])];
+        // What both begin with decides nothing, up to a character that stands for itself.
+        qsizetype i = equalBytes(left.data(), right.data(), common);
+        if (i == common && left.size() == right.size())
+            return 0;
+        if (i > 0 && rankAt(left, i - 1) == 0)
+            return compareFully(left, right);
+        for (; i < common; ++i) {
+            const quint8 a = rankAt(left, i);
+            const quint8 b = rankAt(right, i);
             if (a == 0 || b == 0)
                 return compareFully(left, right);
             if (a != b)
@@ -48,8 +57,7 @@ public:
         }
         if (left.size() == right.size())
             return 0;
-        const QByteArrayView rest = left.size() > right.size() ? left : right;
-        if (m_rank[static_cast<quint8>(rest[common])] == 0)
+        if (rankAt(left.size() > right.size() ? left : right, common) == 0)
             return compareFully(left, right);
         return left.size() < right.size() ? -1 : 1;
     }
@@ -62,6 +70,26 @@ public:
     }
 
 private:
+    /** How many bytes are the same from the start on. */
+    [[nodiscard]] static qsizetype equalBytes(const char *left, const char *right, qsizetype count)
+    {
+        qsizetype i = 0;
+        for (; i + qsizetype(sizeof(quint64)) <= count; i += sizeof(quint64)) {
+            const quint64 difference =
+                qFromLittleEndian<quint64>(left + i) ^ qFromLittleEndian<quint64>(right + i);
+            if (difference != 0)
+                return i + std::countr_zero(difference) / 8;
+        }
+        while (i < count && left[i] == right[i])
+            ++i;
+        return i;
+    }
+
+    [[nodiscard]] quint8 rankAt(QByteArrayView text, qsizetype i) const
+    {
+        return m_rank[static_cast<quint8>(text[i])];
+    }
+
     [[nodiscard]] int compareFully(QByteArrayView left, QByteArrayView right) const
     {
         UErrorCode status = U_ZERO_ERROR;
@@ -97,18 +125,19 @@ const Collator &collator()
     return one;
 }
 
-int compareForSqlite(void *, int leftSize, const void *left, int rightSize, const void *right)
+int compareForSqlite(void *own, int leftSize, const void *left, int rightSize, const void *right)
 {
-    return collator().compare(QByteArrayView(static_cast<const char *>(left), leftSize),
-                              QByteArrayView(static_cast<const char *>(right), rightSize));
+    return static_cast<const Collator *>(own)->compare(
+        QByteArrayView(static_cast<const char *>(left), leftSize),
+        QByteArrayView(static_cast<const char *>(right), rightSize));
 }
 
 } // namespace
 
 void registerCollation(sqlite3 *db)
 {
-    static_cast<void>(collator());
-    sqlite3_create_collation_v2(db, "DAO", SQLITE_UTF8, nullptr, compareForSqlite, nullptr);
+    sqlite3_create_collation_v2(db, "DAO", SQLITE_UTF8, const_cast<Collator *>(&collator()), compareForSqlite,
+                                nullptr);
 }
 
 int compareTexts(QByteArrayView left, QByteArrayView right)

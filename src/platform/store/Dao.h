@@ -22,6 +22,7 @@ namespace dao {
 
 class Database;
 class DatabaseImpl;
+class ReadProbe;
 class RecordsetImpl;
 class Workspace;
 
@@ -209,6 +210,9 @@ public:
     void NewPassword(const QString &oldPassword, const QString &newPassword);
 
     [[nodiscard]] Workspace &workspace();
+
+    /** Counts rows from another thread; see ReadProbe.h. @throws 3024 when the file was moved away. */
+    [[nodiscard]] std::unique_ptr<ReadProbe> probe();
 
     /** Checkpoints to the single file and closes; the destructor does so too, silently. */
     void Close();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/store/Parser.h"
+#include "platform/store/ReadProbe.h"
 #include "platform/store/RecordsetImpl.h"
 
 #include <QAbstractEventDispatcher>
@@ -204,6 +205,11 @@ QList<Field> Database::TableDefs(const QString &table) const
 void Database::NewPassword(const QString &oldPassword, const QString &newPassword)
 {
     m_impl->setPassword(oldPassword, newPassword);
+}
+
+std::unique_ptr<ReadProbe> Database::probe()
+{
+    return std::make_unique<ReadProbe>(m_impl->newProbe());
 }
 
 Workspace &Database::workspace()

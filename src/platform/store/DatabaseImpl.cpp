@@ -3,6 +3,7 @@
 
 #include "platform/store/Collation.h"
 #include "platform/store/Password.h"
+#include "platform/store/ProbeConnection.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -131,6 +132,11 @@ DatabaseImpl::DatabaseImpl(const QString &path, const Schema &schema, Workspace 
 
 DatabaseImpl::~DatabaseImpl()
 {
+    // While one is open, the log stays beside the file.
+    for (const auto &probe : m_probes) {
+        if (const auto open = probe.lock())
+            open->close();
+    }
     try {
         endBulk();
         commitPhysically();
@@ -217,25 +223,10 @@ void DatabaseImpl::loadNames()
     Statement tables = m_connection->prepare("SELECT name FROM sqlite_schema WHERE type = 'table' AND name "
                                              "NOT LIKE 'sys%' AND name NOT LIKE 'sqlite%'");
     while (tables.step())
-        m_tables[tables.text(0).toLower()] = tableInfo(*m_connection, tables.text(0));
+        m_names.tables[tables.text(0).toLower()] = tableInfo(*m_connection, tables.text(0));
     Statement queries = m_connection->prepare("SELECT Name, SQL FROM sysQueries");
     while (queries.step())
-        m_queries.insert(queries.text(0), queries.text(1));
-}
-
-const TableInfo *DatabaseImpl::table(const QString &name) const
-{
-    const auto found = m_tables.find(name.toLower());
-    return found == m_tables.end() ? nullptr : &found->second;
-}
-
-std::optional<QString> DatabaseImpl::query(const QString &name) const
-{
-    for (auto it = m_queries.cbegin(); it != m_queries.cend(); ++it) {
-        if (it.key().compare(name, Qt::CaseInsensitive) == 0)
-            return it.value();
-    }
-    return std::nullopt;
+        m_names.queries.insert(queries.text(0), queries.text(1));
 }
 
 void DatabaseImpl::addQuery(const QString &name, const QString &sql)
@@ -248,7 +239,7 @@ void DatabaseImpl::addQuery(const QString &name, const QString &sql)
         insert.bind(2, QVariant(sql));
         insert.step();
     });
-    m_queries.insert(name, sql);
+    m_names.queries.insert(name, sql);
 }
 
 std::unique_ptr<Connection> DatabaseImpl::frozenReader()
@@ -265,10 +256,25 @@ std::unique_ptr<Connection> DatabaseImpl::frozenReader()
     return reader;
 }
 
-void DatabaseImpl::assertPresent() const
+std::shared_ptr<ProbeConnection> DatabaseImpl::newProbe()
+{
+    assertPresent();
+    auto probe = std::make_shared<ProbeConnection>(
+        std::make_unique<Connection>(locationOf(m_file), Connection::Mode::ReadOnly), m_names);
+    std::erase_if(m_probes, [](const auto &earlier) { return earlier.expired(); });
+    m_probes.push_back(probe);
+    return probe;
+}
+
+void DatabaseImpl::assertWritable() const
 {
     if (!m_file.writable)
         throw DaoError(ReadOnly, u"Cannot update.  Database or object is read-only."_s);
+    assertPresent();
+}
+
+void DatabaseImpl::assertPresent() const
+{
     if (inodeOf(m_file.path) != m_inode)
         throw DaoError(
             CatalogueNotFound,
@@ -279,7 +285,7 @@ void DatabaseImpl::change(const std::function<void()> &run)
 {
     const bool ownTransaction = !m_connection->inTransaction();
     if (ownTransaction) {
-        assertPresent();
+        assertWritable();
         m_connection->execute("BEGIN IMMEDIATE");
     }
     try {
@@ -313,7 +319,7 @@ bool DatabaseImpl::unchangedSince(quint64 stamp, const QString &table, const QSt
 void DatabaseImpl::begin(int depth)
 {
     if (!m_connection->inTransaction()) {
-        assertPresent();
+        assertWritable();
         m_connection->execute("BEGIN IMMEDIATE");
     }
     m_connection->execute("SAVEPOINT level" + QByteArray::number(depth));
@@ -365,7 +371,7 @@ void DatabaseImpl::commitPhysically()
 void DatabaseImpl::startBulk(const QString &table)
 {
     commitPhysically();
-    assertPresent();
+    assertWritable();
     m_connection->execute("PRAGMA synchronous = NORMAL; PRAGMA wal_autocheckpoint = 20000");
     const TableInfo *info = this->table(table);
     if (info != nullptr &&

@@ -8,9 +8,12 @@
 #include <QElapsedTimer>
 #include <QHash>
 
-#include <map>
+#include <memory>
+#include <vector>
 
 namespace dao {
+
+class ProbeConnection;
 
 /** Tells apart what a file is before SQLite touches it. */
 struct CatalogueFile
@@ -31,14 +34,19 @@ public:
     DatabaseImpl(const DatabaseImpl &) = delete;
     DatabaseImpl &operator=(const DatabaseImpl &) = delete;
 
-    [[nodiscard]] const TableInfo *table(const QString &name) const override;
-    [[nodiscard]] std::optional<QString> query(const QString &name) const override;
-    [[nodiscard]] QStringList queryNames() const { return m_queries.keys(); }
+    [[nodiscard]] const TableInfo *table(const QString &name) const override { return m_names.table(name); }
+    [[nodiscard]] std::optional<QString> query(const QString &name) const override
+    {
+        return m_names.query(name);
+    }
+    [[nodiscard]] QStringList queryNames() const { return m_names.queries.keys(); }
     void addQuery(const QString &name, const QString &sql);
 
     [[nodiscard]] Connection &connection() { return *m_connection; }
     /** A second connection that sees one moment for as long as it lives; null while changes are pending. */
     [[nodiscard]] std::unique_ptr<Connection> frozenReader();
+    /** For counting on another thread; ends with this object. @throws 3024 */
+    [[nodiscard]] std::shared_ptr<ProbeConnection> newProbe();
     [[nodiscard]] const QString &path() const { return m_file.path; }
     [[nodiscard]] bool writable() const { return m_file.writable; }
     [[nodiscard]] Workspace &workspace() { return m_workspace; }
@@ -72,6 +80,7 @@ private:
     [[nodiscard]] QByteArray nextMissingIndex();
     void loadNames();
     void assertPresent() const;
+    void assertWritable() const;
     void commitWhenDue();
 
     const Schema &m_schema;
@@ -79,8 +88,8 @@ private:
     CatalogueFile m_file;
     std::unique_ptr<Connection> m_connection;
     quint64 m_inode = 0;
-    std::map<QString, TableInfo> m_tables;
-    QMap<QString, QString> m_queries;
+    LoadedNames m_names;
+    std::vector<std::weak_ptr<ProbeConnection>> m_probes;
     quint64 m_stamp = 1;
     quint64 m_everything = 0;
     QHash<QString, quint64> m_touched;

@@ -22,6 +22,21 @@ ValueType valueType(FieldType type)
     return ValueType::Unknown;
 }
 
+const TableInfo *LoadedNames::table(const QString &name) const
+{
+    const auto found = tables.find(name.toLower());
+    return found == tables.end() ? nullptr : &found->second;
+}
+
+std::optional<QString> LoadedNames::query(const QString &name) const
+{
+    for (auto it = queries.cbegin(); it != queries.cend(); ++it) {
+        if (it.key().compare(name, Qt::CaseInsensitive) == 0)
+            return it.value();
+    }
+    return std::nullopt;
+}
+
 const Column *Source::column(const QString &name) const
 {
     const auto found = std::ranges::find_if(

@@ -5,9 +5,11 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -43,6 +45,19 @@ public:
     virtual ~NameCatalogue() = default;
     [[nodiscard]] virtual const TableInfo *table(const QString &name) const = 0;
     [[nodiscard]] virtual std::optional<QString> query(const QString &name) const = 0;
+};
+
+/** The names of an open catalogue, as they were when they were loaded. */
+class LoadedNames final : public NameCatalogue
+{
+public:
+    [[nodiscard]] const TableInfo *table(const QString &name) const override;
+    [[nodiscard]] std::optional<QString> query(const QString &name) const override;
+
+    /** By name in lower case. */
+    std::map<QString, TableInfo> tables;
+    /** Stored queries' texts by name. */
+    QMap<QString, QString> queries;
 };
 
 /** One source of a FROM clause. */

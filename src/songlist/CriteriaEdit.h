@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPlainTextEdit>
+
+namespace quaverly {
+
+/** The field for a criteria text. Enter, which would break the line, says that the text is ready. */
+class CriteriaEdit final : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit CriteriaEdit(QWidget *parent = nullptr) : QPlainTextEdit(parent) {}
+
+    /** The text exactly as typed; no-break spaces, which names of songs may hold, stay such. */
+    [[nodiscard]] QString criteria() const;
+    /** Puts the text in, as an edit that the user can undo, and the focus and the cursor behind it. */
+    void setCriteria(const QString &text);
+
+Q_SIGNALS:
+    void entered();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+};
+
+/** True for Enter on either part of the keyboard, without a second key. */
+[[nodiscard]] bool isPlainEnter(const QKeyEvent &key);
+
+} // namespace quaverly
