@@ -1,0 +1,359 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/CatalogueCommands.h"
+#include "catalogue/CatalogueSchema.h"
+#include "catalogue/Options.h"
+#include "catalogue/StartUp.h"
+#include "platform/options/OptionsStore.h"
+#include "platform/options/SingleInstance.h"
+#include "support/Limits.h"
+#include "support/QtPrinters.h"
+#include "support/ScriptedDesktop.h"
+#include "support/store/StoreFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+using namespace quaverly::test;
+
+namespace {
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+void writeBytes(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    EXPECT_EQ(file.write(bytes), bytes.size());
+}
+
+/** A program without widgets around the commands, started on a catalogue with one song. */
+class TheCatalogue : public ::testing::Test
+{
+protected:
+    TheCatalogue()
+    {
+        QDir(data.folder()).mkdir(u"other"_s);
+        mark(data.addSong(Song(u"SOS"_s, u"Abba"_s)));
+        EXPECT_EQ(startUp.run(), StartResult::Running);
+        acts.clear();
+    }
+    ~TheCatalogue() override { data.close(); }
+    CatalogueHooks hooks()
+    {
+        return {[this] { does(u"show all"_s); },
+                [this] { return screens; },
+                [this] { does(u"unload player"_s); },
+                [this](bool compacting) { unloadMainScreen(compacting); },
+                [this] { does(u"forget lists"_s); },
+                [this] { return startUp.run() == StartResult::Running; },
+                [this] { does(u"end"_s); }};
+    }
+    void does(const QString &act)
+    {
+        if (act == failing)
+            throw dao::DaoError(dao::Internal, u"Out of order."_s);
+        acts.append(act);
+    }
+    void unloadMainScreen(bool compacting)
+    {
+        does(compacting ? u"unload compacting"_s : u"unload"_s);
+        ShutDown shutDown(data.catalogue());
+        shutDown.leaveMainScreen();
+        if (whenUnloaded)
+            whenUnloaded();
+        if (!shutDown.endsProcess(compacting))
+            return;
+        shutDown.closeCatalogue();
+        does(u"end"_s);
+    }
+    void mark(qint64 song)
+    {
+        data.db().Execute(u"Update tblContacts Set Selected='x' Where RecordID=%1"_s.arg(song));
+    }
+    QString makeOther(const QString &name = u"QVdata.mdb"_s)
+    {
+        const QString path = data.path(u"other/"_s + name);
+        data.engine().CreateEmpty(path);
+        return path;
+    }
+    QStringList songs() { return data.column(u"Select SongName from tblContacts"_s); }
+    QStringList filesLeft() { return QDir(data.folder()).entryList(QDir::Files, QDir::Name); }
+    /** The catalogue of the start is open, with its main screen, and closes to one file. */
+    void expectOldCatalogue(const QStringList &done)
+    {
+        EXPECT_EQ(acts, done + QStringList(u"show "_s + file));
+        EXPECT_EQ(data.catalogue().DatabaseFile, file);
+        EXPECT_EQ(data.catalogue().DatabaseFolder, data.folder());
+        EXPECT_FALSE(data.catalogue().SwitchingCatalogue);
+        ASSERT_TRUE(data.catalogue().ContactsTable);
+        EXPECT_EQ(data.db().Name(), file);
+        EXPECT_TRUE(songs().contains(u"SOS"_s));
+        EXPECT_FALSE(desktop.isHourglassOn());
+        acts.clear();
+    }
+
+    StoreFixture data;
+    const QString file = data.catalogue().DatabaseFile;
+    ScriptedDesktop desktop;
+    OptionsStore store{data.path(u"options.ini"_s)};
+    SingleInstance instance{data.path(u"other/"_s)};
+    Options options;
+    QStringList acts;
+    QString failing;
+    int screens = 1;
+    std::function<void()> whenUnloaded;
+    StartUp startUp{data.catalogue(),
+                    options,
+                    data.engine(),
+                    desktop,
+                    store,
+                    instance,
+                    {},
+                    {[this] { does(u"show "_s + data.catalogue().DatabaseFile); }, {}}};
+    CatalogueCommands commands{desktop, data.catalogue(), data.engine(), hooks()};
+};
+
+const QStringList Changed = {u"show all"_s, u"forget lists"_s, u"unload player"_s, u"unload"_s};
+
+TEST_F(TheCatalogue, AnotherOneIsOpenedForThisRunOnly)
+{
+    const QString other = makeOther();
+    desktop.willOpen(other);
+    commands.OpenDatabase_Click();
+    EXPECT_EQ(desktop.lastCall().title, u"Open database file"_s);
+    EXPECT_EQ(desktop.lastCall().filter, u"Database files (*.mdb)|*.mdb|All Files (*.*)|*.*"_s);
+    EXPECT_EQ(acts, Changed + QStringList(u"show "_s + other));
+    EXPECT_EQ(data.db().Name(), other);
+    EXPECT_EQ(data.catalogue().DatabaseFolder, data.path(u"other"_s) + u'/');
+    EXPECT_FALSE(data.catalogue().SwitchingCatalogue);
+    EXPECT_EQ(songs(), QStringList());
+    EXPECT_EQ(option(store, keys::DatabaseLocation), QString());
+    EXPECT_FALSE(QFileInfo::exists(file + u"-wal"_s));
+    const auto left = data.engine().OpenDatabase(file);
+    EXPECT_TRUE(left->OpenRecordset(u"Select * from tblContacts Where Selected='x'"_s)->isEmpty());
+}
+
+TEST_F(TheCatalogue, StaysWhenNoOtherIsChosenOrTheListCannotBeShown)
+{
+    desktop.willOpen(std::nullopt);
+    commands.OpenDatabase_Click();
+    failing = u"show all"_s;
+    desktop.willOpen(makeOther()).willSee(u"Out of order."_s);
+    commands.OpenDatabase_Click();
+    EXPECT_EQ(acts, QStringList());
+    EXPECT_EQ(data.catalogue().DatabaseFile, file);
+    EXPECT_FALSE(data.catalogue().SwitchingCatalogue);
+    EXPECT_EQ(songs(), QStringList(u"SOS"_s));
+}
+
+TEST_F(TheCatalogue, ComesBackWhenTheOtherCannotBeOpened)
+{
+    const QString text = data.path(u"other/notes.txt"_s);
+    writeBytes(text, "no catalogue");
+    dao::Schema schema = catalogueSchema();
+    schema.migrations.append(u"CREATE TABLE more (x);"_s);
+    const QString newer = data.path(u"other/newer.mdb"_s);
+    dao::DBEngine(schema).CreateEmpty(newer);
+    const QString damaged = makeOther(u"damaged.mdb"_s);
+    writeBytes(damaged, bytesOf(damaged).left(9000));
+    const QString locked = makeOther(u"locked.mdb"_s);
+    data.engine().OpenDatabase(locked)->NewPassword({}, u"abba"_s);
+
+    const auto expectRefusal = [&](const QString &other, const std::function<void()> &script) {
+        SCOPED_TRACE(other.toStdString());
+        const QByteArray before = QFileInfo::exists(other) ? bytesOf(other) : QByteArray();
+        desktop.willOpen(other);
+        script();
+        commands.OpenDatabase_Click();
+        expectOldCatalogue(Changed);
+        EXPECT_EQ(QFileInfo::exists(other) ? bytesOf(other) : QByteArray(), before);
+    };
+    expectRefusal(text, [&] { desktop.willSee(u"Error number: 3343"_s); });
+    expectRefusal(newer, [&] { desktop.willSee(u"newer version"_s); });
+    expectRefusal(data.path(u"other/gone.mdb"_s), [&] { desktop.willSee(u"Error number: 3024"_s); });
+    expectRefusal(damaged, [&] { desktop.willAnswer(Answer::Cancel, u"Database may be corrupted."_s); });
+    expectRefusal(locked, [&] { desktop.willType({}); });
+    expectRefusal(locked,
+                  [&] { desktop.willType(u"x"_s).willType(u"y"_s).willSee(u"Error number: 3031"_s); });
+    failing = u"unload player"_s;
+    desktop.willOpen(text).willSee(u"Out of order."_s).willSee(u"Error number: 3343"_s);
+    commands.OpenDatabase_Click();
+    expectOldCatalogue({u"show all"_s, u"forget lists"_s});
+}
+
+TEST_F(TheCatalogue, EndsTheProcessWhenNeitherCanBeOpened)
+{
+    whenUnloaded = [&] {
+        data.catalogue().CatalogueDb.reset();
+        QFile::remove(file);
+    };
+    desktop.willOpen(data.path(u"gone.mdb"_s)).willSee(u"gone.mdb"_s).willSee(u"QVdata.mdb"_s);
+    commands.OpenDatabase_Click();
+    EXPECT_EQ(acts, Changed + QStringList(u"end"_s));
+    EXPECT_FALSE(data.catalogue().CatalogueDb);
+}
+
+TEST_F(TheCatalogue, IsNotCompactedUnlessTheUserWantsItAndThePlayerIsClosed)
+{
+    desktop.willAnswer(Answer::No, u"This will reclaim ununsed space from deleted records"_s);
+    commands.mnuCompactDatabase_Click();
+    EXPECT_EQ(desktop.lastCall().title, u"Compact Database Confirmation"_s);
+    EXPECT_EQ(desktop.lastCall().defaultAnswer, Answer::No);
+    EXPECT_TRUE(desktop.lastCall().text.endsWith(u".\n\nProceed?"_s));
+    screens = 2;
+    desktop.willAnswer(Answer::Yes).willSee(u"Make sure the Music Player is closed before running"_s);
+    commands.mnuCompactDatabase_Click();
+    EXPECT_EQ(desktop.lastCall().title, u"Player is open"_s);
+    EXPECT_EQ(desktop.lastCall().icon, Icon::Exclamation);
+    EXPECT_EQ(acts, QStringList());
+}
+
+/** A catalogue with much deleted from it, half a megabyte or more, and a copy left by a crash. */
+class TheLooseCatalogue : public TheCatalogue
+{
+protected:
+    TheLooseCatalogue()
+    {
+        dao::Transaction adding(data.db().workspace());
+        for (int i = 0; i < 300; ++i)
+            data.addSong(Song(u"Song %1"_s.arg(i)).with(u"Notes"_s, QString::number(i).repeated(1000)));
+        adding.commit();
+        data.db().Execute(u"Delete * from tblContacts Where RecordID > 20 and RecordID < 200"_s);
+        data.reopen();
+        writeBytes(file + u".temp"_s, "half a copy");
+        writeBytes(file + u".temp-journal"_s, "half a journal");
+        desktop.willAnswer(Answer::Yes);
+    }
+    void expectFailure(const QString &said)
+    {
+        const QStringList present = songs();
+        desktop.willSee(said);
+        commands.mnuCompactDatabase_Click();
+        EXPECT_EQ(desktop.lastCall().title, u"Database Compact Error"_s);
+        expectOldCatalogue({u"unload compacting"_s});
+        EXPECT_EQ(songs(), present);
+        EXPECT_FALSE(QFileInfo(file + u".temp"_s).isFile());
+    }
+};
+
+TEST_F(TheLooseCatalogue, IsCompactedInPlace)
+{
+    const QString link = data.path(u"other/link.mdb"_s);
+    ASSERT_TRUE(QFile::link(file, link));
+    data.close();
+    data.catalogue().DatabaseFile = link;
+    ASSERT_EQ(startUp.run(), StartResult::Running);
+    acts.clear();
+    const auto rights = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+    ASSERT_TRUE(QFile::setPermissions(file, rights));
+    const QStringList before = songs();
+    const qint64 oldSize = QFileInfo(file).size();
+    ASSERT_GT(oldSize, 500'000);
+
+    desktop.willSee(u"Database compacted.\n\nOld file size: "_s);
+    commands.mnuCompactDatabase_Click();
+    const qint64 newSize = QFileInfo(file).size();
+    EXPECT_LT(newSize, oldSize - 100'000);
+    EXPECT_EQ(desktop.lastCall().title, u"Compact Database"_s);
+    QLocale locale;
+    locale.setNumberOptions({});
+    EXPECT_EQ(desktop.lastCall().text,
+              u"Database compacted.\n\nOld file size: %1 bytes\nNew file size: %2 bytes"_s.arg(
+                  locale.toString(oldSize), locale.toString(newSize)));
+    EXPECT_EQ(acts, (QStringList{u"unload compacting"_s, u"show "_s + link}));
+    EXPECT_EQ(songs(), before);
+    EXPECT_TRUE(data.db().Updatable());
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(QFile::permissions(file), rights);
+    data.close();
+    EXPECT_EQ(filesLeft(), QStringList(u"QVdata.mdb"_s));
+}
+
+TEST_F(TheLooseCatalogue, IsKeptOnAFullDisk)
+{
+    const FullDisk disk(200'000);
+    expectFailure(u"full"_s);
+}
+
+TEST_F(TheLooseCatalogue, IsKeptWithoutRights)
+{
+    QFile::remove(file + u".temp"_s);
+    const OrdinaryUser user({data.folder(), file});
+    whenUnloaded = [&] { QFile::setPermissions(data.folder(), QFile::ReadOwner | QFile::ExeOwner); };
+    expectFailure(u"can't be opened"_s);
+
+    // Open for reading now: nothing is closed for a compaction that can't be.
+    desktop.willAnswer(Answer::Yes).willSee(u"read-only"_s);
+    commands.mnuCompactDatabase_Click();
+    EXPECT_EQ(acts, QStringList());
+    QFile::setPermissions(data.folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+TEST_F(TheLooseCatalogue, IsKeptWhereNoCopyCanBeMade)
+{
+    QFile::remove(file + u".temp"_s);
+    QDir(data.folder()).mkdir(file + u".temp"_s);
+    expectFailure(u"already exists"_s);
+}
+
+TEST_F(TheLooseCatalogue, IsKeptWhileAnotherProgramHasItOpen)
+{
+    dao::DBEngine elsewhere(catalogueSchema());
+    const auto open = elsewhere.OpenDatabase(file);
+    expectFailure(u"in use by another program"_s);
+    open->Execute(u"Update tblContacts Set Artist='Abba' Where RecordID=2"_s);
+    EXPECT_EQ(data.songValue(2, u"Artist"_s), u"Abba"_s);
+}
+
+TEST_F(TheCatalogue, IsEmptiedAfterTwoQuestionsAndTheProcessEnds)
+{
+    data.addCategory(u"Jazz"_s, {1});
+    data.addPlayList(u"Mix"_s, {1});
+    desktop.willAnswer(Answer::No, u"This will DELETE ALL the records in your database."_s);
+    commands.mnuDeleteAll_Click();
+    desktop.willAnswer(Answer::Yes).willAnswer(Answer::No, u"WIPE OUT ALL YOUR DATA"_s);
+    commands.mnuDeleteAll_Click();
+    EXPECT_EQ(songs(), QStringList(u"SOS"_s));
+    EXPECT_EQ(acts, QStringList());
+
+    screens = 2; // the player is open, and nobody asks
+    desktop.willAnswer(Answer::Yes).willAnswer(Answer::Yes);
+    commands.mnuDeleteAll_Click();
+    for (const DesktopCall &call : desktop.calls()) {
+        EXPECT_EQ(call.buttons, Buttons::YesNo);
+        EXPECT_EQ(call.defaultAnswer, Answer::No);
+    }
+    EXPECT_EQ(desktop.lastCall().title, u"Are you REALLY sure?"_s);
+    EXPECT_EQ(acts, (QStringList{u"unload"_s, u"end"_s}));
+    EXPECT_FALSE(data.catalogue().CatalogueDb);
+    data.open();
+    EXPECT_EQ(songs(), QStringList());
+    EXPECT_EQ(data.valueOf(u"Select count(*) from tblCategoryID"_s), 1);
+    EXPECT_EQ(data.valueOf(u"Select count(*) from tblPlayListDetail"_s), 1);
+}
+
+TEST_F(TheCatalogue, IsLeftAloneWhenItCannotBeEmptied)
+{
+    const OrdinaryUser user({data.folder(), file});
+    data.close();
+    QFile::setPermissions(file, QFile::ReadOwner);
+    ASSERT_EQ(startUp.run(), StartResult::Running);
+    acts.clear();
+    desktop.willAnswer(Answer::Yes).willAnswer(Answer::Yes).willSee(u"read-only"_s);
+    commands.mnuDeleteAll_Click();
+    EXPECT_EQ(acts, QStringList());
+    EXPECT_EQ(songs(), QStringList(u"SOS"_s));
+}
+
+} // namespace

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/Options.h"
+#include "catalogue/frmDatabaseLocation.h"
+#include "catalogue/frmFontForm.h"
+#include "platform/options/OptionsStore.h"
+#include "support/QtPrinters.h"
+#include "support/ScriptedDesktop.h"
+#include "support/UserActs.h"
+#include "support/store/StoreFixture.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+using namespace quaverly::test;
+
+namespace {
+
+/** The options of a user on this machine; the application's font is put back afterwards. */
+class OptionScreens : public ::testing::Test
+{
+protected:
+    ~OptionScreens() override { QApplication::setFont(font); }
+    void useUnwritableStore() { store = OptionsStore(u"/proc/quaverly/options.ini"_s); }
+    /** The dialog of a screen that was shown; it goes with the test if it is still up. */
+    template <typename Screen> QPointer<Screen> shown(Screen *screen)
+    {
+        screen->showModally();
+        EXPECT_TRUE(screen->isVisible() && screen->isModal());
+        return screen;
+    }
+    static void expectGone(const QPointer<QDialog> &screen)
+    {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return screen.isNull(); }));
+    }
+    void expectForFingers(const QWidget &screen)
+    {
+        for (const auto *button : screen.findChildren<QPushButton *>())
+            EXPECT_GE(button->height(), 44) << button->objectName().toStdString();
+    }
+
+    StoreFixture catalogue;
+    ScriptedDesktop desktop;
+    OptionsStore store{catalogue.path(u"options.ini"_s)};
+    Options options;
+    QWidget owner;
+    QFont font = QApplication::font();
+};
+
+class TheFontForm : public OptionScreens
+{
+protected:
+    TheFontForm() { options.ScreenFont = u"No Such Font"_s; }
+    QPointer<frmFontForm> open() { return shown(new frmFontForm(desktop, options, store, &owner)); }
+};
+
+TEST_F(TheFontForm, OffersAllFontsAndShowsTheChosenOneAtOnce)
+{
+    QLabel openScreen(u"text"_s, &owner);
+    QLabel smallFonts(u"text"_s, &owner);
+    smallFonts.setFont(QFont(u"Small Fonts"_s, 7));
+    const QString family = QFontDatabase::families().constLast();
+    const QPointer<frmFontForm> form = open();
+    auto *fonts = child<QComboBox>(*form, u"cmbFonts"_s);
+    EXPECT_EQ(fonts->count(), QFontDatabase::families().size());
+    EXPECT_EQ(fonts->currentText(), u"No Such Font"_s);
+    retype(fonts, family.toUpper());
+    EXPECT_EQ(child<QLabel>(*form, u"lblPreview"_s)->font().family().toUpper(), family.toUpper());
+    EXPECT_EQ(QApplication::font().family(), font.family());
+    key(fonts, Qt::Key_Return);
+    expectGone(form.data());
+    EXPECT_EQ(option(store, keys::Font), family);
+    EXPECT_EQ(options.ScreenFont, family);
+    EXPECT_EQ(openScreen.font().family(), family);
+    EXPECT_EQ(openScreen.font().pointSizeF(), font.pointSizeF());
+    EXPECT_EQ(smallFonts.font().family(), u"Small Fonts"_s);
+}
+
+TEST_F(TheFontForm, ABlankNameOrCancelChangesNothing)
+{
+    for (const auto &leave : std::vector<std::function<void(QWidget &)>>{
+             [](QWidget &form) {
+                 retype(child<QComboBox>(form, u"cmbFonts"_s), u"  "_s);
+                 click(form, u"cmdOK"_s);
+             },
+             [](QWidget &form) { click(form, u"cmdCancel"_s); },
+             [](QWidget &form) { key(&form, Qt::Key_Escape); }}) {
+        const QPointer<frmFontForm> form = open();
+        leave(*form);
+        expectGone(form.data());
+        EXPECT_EQ(options.ScreenFont, u"No Such Font"_s);
+        EXPECT_EQ(option(store, keys::Font), QString());
+        EXPECT_EQ(QApplication::font(), font);
+    }
+}
+
+TEST_F(TheFontForm, StaysUpWhenTheFontCannotBeKept)
+{
+    useUnwritableStore();
+    options.TabletActive = true;
+    const QPointer<frmFontForm> form = open();
+    expectForFingers(*form);
+    retype(child<QComboBox>(*form, u"cmbFonts"_s), u"Other"_s);
+    desktop.willSee(u"can't be saved"_s);
+    click(*form, u"cmdOK"_s);
+    ASSERT_TRUE(form && form->isVisible());
+    EXPECT_EQ(options.ScreenFont, u"No Such Font"_s);
+    EXPECT_EQ(QApplication::font(), font);
+}
+
+class TheLocationScreen : public OptionScreens
+{
+protected:
+    QPointer<frmDatabaseLocation> open(bool tablet = false)
+    {
+        const DatabaseLocation location(desktop, catalogue.catalogue(), store, lastFolder);
+        return shown(new frmDatabaseLocation(desktop, location, tablet, &owner));
+    }
+    QString makeOther(const QString &name)
+    {
+        QDir(catalogue.folder()).mkdir(name);
+        catalogue.engine().CreateEmpty(catalogue.path(name + u"/QVdata.mdb"_s));
+        return catalogue.path(name) + u'/';
+    }
+    QString kept() { return option(store, keys::DatabaseLocation); }
+
+    QString lastFolder;
+};
+
+TEST_F(TheLocationScreen, KeepsTheFolderThatIsBrowsedOrTyped)
+{
+    const QString first = makeOther(u"first"_s);
+    const QString second = makeOther(u"sécond & two"_s);
+    QPointer<frmDatabaseLocation> form = open();
+    auto *path = child<QLineEdit>(*form, u"txtPathName"_s);
+    EXPECT_EQ(path->text(), catalogue.folder());
+    EXPECT_TRUE(child<QLabel>(*form, u"lblCaution"_s)
+                    ->text()
+                    .startsWith(u"Caution!  This is the folder where Quaverly always looks"_s));
+    desktop.willBrowse(first);
+    click(*form, u"cmdBrowsePath"_s);
+    EXPECT_EQ(desktop.lastCall().title, u"Select a Folder"_s);
+    EXPECT_EQ(desktop.lastCall().text, u"Pick the folder where the database is located"_s);
+    EXPECT_EQ(desktop.lastCall().startFolder, QDir::currentPath());
+    desktop.willBrowse({});
+    click(*form, u"cmdBrowsePath"_s);
+    EXPECT_EQ(desktop.lastCall().startFolder, first);
+    EXPECT_EQ(path->text(), first);
+    desktop.willSee(u"Database Location Changed.  You must exit and restart Quaverly before this change"_s);
+    click(*form, u"cmdSave"_s);
+    EXPECT_EQ(desktop.lastCall().title, u"Location Changed"_s);
+    expectGone(form.data());
+    EXPECT_EQ(kept(), first);
+    EXPECT_EQ(catalogue.catalogue().DatabaseFolder, catalogue.folder());
+
+    form = open();
+    retype(child<QLineEdit>(*form, u"txtPathName"_s), second);
+    desktop.willSee();
+    key(child<QLineEdit>(*form, u"txtPathName"_s), Qt::Key_Return);
+    EXPECT_EQ(kept(), second);
+}
+
+TEST_F(TheLocationScreen, RefusesFoldersWithoutACatalogue)
+{
+    const QPointer<frmDatabaseLocation> form = open(true);
+    expectForFingers(*form);
+    const QString good = makeOther(u"good"_s);
+    QDir(catalogue.folder()).mkdir(u"empty"_s);
+    const struct
+    {
+        QString folder;
+        QString title;
+    } cases[] = {
+        {catalogue.path(u"nowhere/"_s), u"Folder not found"_s},
+        {{}, u"Folder not found"_s},
+        {good + u"QVdata.mdb"_s, u"Folder not found"_s},
+        {catalogue.path(u"empty/"_s), u"Database file not found"_s},
+        // The file's name is put right behind the text.
+        {catalogue.path(u"good"_s), u"Database file not found"_s},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.folder.toStdString());
+        retype(child<QLineEdit>(*form, u"txtPathName"_s), c.folder);
+        desktop.willSee();
+        click(*form, u"cmdSave"_s);
+        EXPECT_EQ(desktop.lastCall().title, c.title);
+        EXPECT_EQ(desktop.lastCall().icon, Icon::Stop);
+        ASSERT_TRUE(form && form->isVisible());
+    }
+    useUnwritableStore();
+    retype(child<QLineEdit>(*form, u"txtPathName"_s), good);
+    desktop.willSee(u"can't be saved"_s);
+    click(*form, u"cmdSave"_s);
+    ASSERT_TRUE(form && form->isVisible());
+    EXPECT_EQ(kept(), QString());
+}
+
+TEST_F(TheLocationScreen, ClosesWithoutAWordWhenNothingChanged)
+{
+    for (const QString &button : {u"cmdSave"_s, u"cmdCancel"_s}) {
+        const QPointer<frmDatabaseLocation> form = open();
+        click(*form, button);
+        expectGone(form.data());
+        EXPECT_EQ(kept(), QString());
+    }
+}
+
+} // namespace
