@@ -37,6 +37,7 @@ install(FILES packaging/quaverly-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/m
   RENAME quaverly.xml)
 install(FILES ${staging}/org.quaverly.Quaverly.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(DIRECTORY docs/site DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quaverly)
 install(FILES packaging/copyright ${staging}/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quaverly)
 
 set(CPACK_GENERATOR DEB)

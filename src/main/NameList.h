@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/OptionCommands.h"
+#include "main/HelpSite.h"
+#include "songlist/ListCommands.h"
+#include "songlist/Locate.h"
 #include "songlist/MainScreen.h"
 
 #include <QMainWindow>
 
-#include <functional>
 #include <memory>
 
-class QLabel;
-class QPushButton;
+class QMenu;
 
 namespace Ui {
 class NameList;
@@ -18,19 +20,26 @@ class NameList;
 namespace quaverly {
 
 class AddCommands;
+class CatalogueCommands;
+class ColumnMoves;
+class EmptyState;
+class GridHandlers;
 class MusicLoader;
 class ScanForms;
 class Session;
 
-/** The main screen: title, menus, sort box, grid and description box, each wired to the class that owns it.
- */
-class NameList final : public QMainWindow, public MainScreen
+/** The main screen: title, menus, tool buttons, sort box, Locate, grid and description box, each wired to
+ * the class that owns it. */
+class NameList final : public QMainWindow, public MainScreen, public OptionsScreen
 {
     Q_OBJECT
 
 public:
-    /** @p unloaded runs when the screen was closed; it may delete the screen. @throws dao::DaoError. */
-    NameList(Session &session, std::function<void()> unloaded);
+    /**
+     * @p unloaded runs when the screen was closed; it may delete the screen later. The references outlive
+     * the screen. @throws dao::DaoError.
+     */
+    NameList(Session &session, CatalogueCommands &catalogueCommands, std::function<void()> unloaded);
     ~NameList() override;
 
     void setEnabled(MainControl control, bool enabled) override;
@@ -61,8 +70,17 @@ public:
     void focusGrid() override;
     void setScreenEnabled(bool enabled) override;
     [[nodiscard]] int openScreens() const override;
-    void unloadPics3() override;
-    void unloadPlayForm() override;
+    void unloadPics3() override {}
+    void unloadPlayForm() override {}
+
+    [[nodiscard]] QString mnuOptionWindowSize() const override;
+    void set_mnuOptionWindowSize(const QString &caption) override;
+    [[nodiscard]] QString mnuOptionFileRename() const override;
+    void set_mnuOptionFileRename(const QString &caption) override;
+    [[nodiscard]] quint32 BackColor() const override { return m_backColor; }
+    void set_BackColor(quint32 color) override;
+    void applyLook(const ModeLook &look) override;
+    void enableModes(bool tabletMode, bool desktopMode) override;
 
     [[nodiscard]] MusicLoader &loader() { return *m_loader; }
 
@@ -73,22 +91,44 @@ protected:
     void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void build();
     void wire();
+    void wireButtons();
+    void wireListCommands();
+    void wireOptions();
+    void wireAddCommands();
+    void wireLocate();
+    void addIcons();
+    void addPopup();
     void Form_Load();
     void Form_Activate();
     void Form_Unload();
-    void applyBackColor(quint32 colour);
-    void applyFont();
-    void placeWindow();
     void showEmptyState();
     void showCurrentSong();
-    void emptyMessage();
+    void fitDescription();
+    void placeLetters();
 
+    void FindEditMenu_Click();
+    void SelectionCriteria_Click();
+    void cmdDelete_Click();
+    void cmdShowSelected_Click();
     void cmdShowArtistSongs_Click();
+    void ShowSelectedOnlyMenu_Click();
+    void HideSelectedMenu_Click();
+    void RemoveSelectionsMenu_Click();
     void DisplayRecCntMenu_Click();
+    void GridEditMenu_Click();
+    void mnuFileFont_Click();
+    void DataBaseLocation_Click();
     void AboutBox_Click();
+    void txtLocate_KeyUp(int key);
+    void txtLocate_KeyPress(int key);
+    void txtLocate_Click();
+    void lblAlphabet_Click(int index);
 
     [[nodiscard]] QWidget *controlOf(MainControl control) const;
     /** Runs a handler; whatever it throws is shown under the program's title. */
@@ -96,12 +136,20 @@ private:
 
     std::unique_ptr<Ui::NameList> m_ui;
     Session &m_session;
+    CatalogueCommands &m_catalogueCommands;
     std::function<void()> m_unloaded;
+    OptionCommands m_optionCommands;
+    ListCommands m_listCommands;
+    Locate m_locate;
+    HelpSite m_helpSite;
     std::unique_ptr<ScanForms> m_scanForms;
     std::unique_ptr<MusicLoader> m_loader;
     std::unique_ptr<AddCommands> m_addCommands;
-    QLabel *m_emptyText = nullptr;
-    QPushButton *m_emptyButton = nullptr;
+    std::unique_ptr<ColumnMoves> m_columns;
+    std::unique_ptr<GridHandlers> m_gridHandlers;
+    QMenu *m_popup = nullptr;
+    EmptyState *m_emptyState = nullptr;
+    quint32 m_backColor = OriginalBackColor;
     bool m_firstActivation = true;
     bool m_activating = false;
     bool m_unloadedAlready = false;

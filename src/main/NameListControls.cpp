@@ -3,6 +3,11 @@
 #include "ui_NameList.h"
 
 #include "catalogue/SortOrders.h"
+#include "desktop/Desktop.h"
+#include "main/BackColor.h"
+#include "main/Session.h"
+#include "songlist/ColumnMoves.h"
+#include "songlist/GridHandlers.h"
 
 #include <QApplication>
 
@@ -24,6 +29,14 @@ QWidget *NameList::controlOf(MainControl control) const
         return m_ui->cmdSortSong;
     case MainControl::cmdSortArtist:
         return m_ui->cmdSortArtist;
+    case MainControl::cmdDelete:
+        return m_ui->cmdDelete;
+    case MainControl::cmdExit:
+        return m_ui->cmdExit;
+    case MainControl::cmdFilter:
+        return m_ui->cmdFilter;
+    case MainControl::cmdFind:
+        return m_ui->cmdFind;
     case MainControl::File:
         return m_ui->File;
     case MainControl::lblFilterMsg:
@@ -35,6 +48,8 @@ QWidget *NameList::controlOf(MainControl control) const
 
 void NameList::setEnabled(MainControl control, bool enabled)
 {
+    if (control == MainControl::FindEditMenu)
+        m_ui->FindEditMenu->setEnabled(enabled);
     if (QWidget *widget = controlOf(control))
         widget->setEnabled(enabled);
 }
@@ -55,6 +70,8 @@ void NameList::set_lblCategory(const QString &caption)
 {
     m_ui->lblCategory->setText(caption);
     m_ui->lblCategory->setVisible(!caption.isEmpty());
+    if (caption.startsWith("Records containing"_L1) || caption.startsWith("Showing"_L1))
+        setEnabled(MainControl::cmdAdd, false);
 }
 
 QString NameList::lblCategory() const
@@ -88,8 +105,10 @@ QString NameList::cmdShowArtistSongs() const
     return m_ui->cmdShowArtistSongs->property("caption").toString();
 }
 
-void NameList::set_txtLocate(const QString &)
-{}
+void NameList::set_txtLocate(const QString &text)
+{
+    m_ui->txtLocate->setText(text);
+}
 
 void NameList::set_txtName(const QString &text)
 {
@@ -128,7 +147,9 @@ void NameList::scrollGrid(int columns, int rows)
 }
 
 void NameList::clearGridMarkArmed()
-{}
+{
+    m_gridHandlers->clearGridMarkArmed();
+}
 
 void NameList::focusGrid()
 {
@@ -138,7 +159,7 @@ void NameList::focusGrid()
 // The scan's own screens are windows of this one: only the content is disabled, so they stay alive.
 void NameList::setScreenEnabled(bool enabled)
 {
-    m_ui->background->setEnabled(enabled);
+    m_ui->content->setEnabled(enabled);
     m_ui->menuBar->setEnabled(enabled);
 }
 
@@ -153,10 +174,71 @@ int NameList::openScreens() const
     return open;
 }
 
-void NameList::unloadPics3()
-{}
+QString NameList::mnuOptionWindowSize() const
+{
+    return m_ui->mnuOptionWindowSize->text();
+}
 
-void NameList::unloadPlayForm()
-{}
+void NameList::set_mnuOptionWindowSize(const QString &caption)
+{
+    m_ui->mnuOptionWindowSize->setText(caption);
+}
+
+QString NameList::mnuOptionFileRename() const
+{
+    return m_ui->mnuOptionFileRename->text();
+}
+
+void NameList::set_mnuOptionFileRename(const QString &caption)
+{
+    m_ui->mnuOptionFileRename->setText(caption);
+}
+
+void NameList::set_BackColor(quint32 color)
+{
+    m_backColor = color;
+    const QColor back = colorOf(color);
+    const QColor text = textColorOn(back);
+    QPalette colours = m_ui->background->palette();
+    colours.setColor(QPalette::Window, back);
+    m_ui->background->setPalette(colours);
+    for (QWidget *label :
+         {static_cast<QWidget *>(m_ui->lblCategory), static_cast<QWidget *>(m_ui->lblFilterMsg),
+          static_cast<QWidget *>(m_ui->lblSelectedCount), static_cast<QWidget *>(m_ui->txtName)}) {
+        QPalette own = label->palette();
+        own.setColor(QPalette::WindowText, text);
+        own.setColor(QPalette::Text, text);
+        own.setColor(QPalette::Base, back);
+        label->setPalette(own);
+    }
+}
+
+// The family stays that of the screens: only size and weight belong to the mode.
+void NameList::applyLook(const ModeLook &look)
+{
+    const int before = m_ui->Table1->fontMetrics().averageCharWidth();
+    QFont font;
+    font.setPointSizeF(look.fontSize);
+    font.setBold(look.bold);
+    for (QWidget *control : {static_cast<QWidget *>(m_ui->Table1), static_cast<QWidget *>(m_ui->cmbSort),
+                             static_cast<QWidget *>(m_ui->txtLocate)})
+        control->setFont(font);
+    // It measures its contents anew only when its policy changes.
+    m_ui->cmbSort->setSizeAdjustPolicy(QComboBox::AdjustToContentsOnFirstShow);
+    m_ui->cmbSort->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    // From one mode to the other the columns keep showing as much text.
+    if (!m_firstActivation)
+        m_columns->scaleWidths(double(m_ui->Table1->fontMetrics().averageCharWidth()) / before);
+    m_ui->Table1->setRowHeight(look.rowHeight);
+    m_session.desktop().setTabletActive(m_session.options().TabletActive);
+    m_ui->txtLocate->setMinimumHeight(look.locateHeight / TwipsPerPixel);
+    placeLetters();
+}
+
+void NameList::enableModes(bool tabletMode, bool desktopMode)
+{
+    m_ui->TabletMode->setEnabled(tabletMode);
+    m_ui->DesktopMode->setEnabled(desktopMode);
+}
 
 } // namespace quaverly

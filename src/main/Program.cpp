@@ -17,7 +17,7 @@ namespace quaverly {
 
 namespace {
 
-StartContext startContext(const QString &commandLine, const shell::Shell &shell)
+StartContext startContext(const QString &commandLine, const shell::Shell &shell, bool tablet)
 {
     StartContext context;
     context.commandLine = commandLine;
@@ -27,6 +27,8 @@ StartContext startContext(const QString &commandLine, const shell::Shell &shell)
     if (QFileInfo::exists(program + u"../CMakeCache.txt"_s))
         context.folders.programIsWritable = false;
     context.systemVersion = shell.version();
+    context.mousePresent = !tablet;
+    context.tabletPc = tablet;
     return context;
 }
 
@@ -34,7 +36,8 @@ StartContext startContext(const QString &commandLine, const shell::Shell &shell)
 
 Program::Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance, const QString &commandLine,
                  std::function<void()> quit)
-    : m_session(desktop, store), m_instance(instance), m_quit(std::move(quit))
+    : m_session(desktop, store), m_instance(instance), m_quit(std::move(quit)),
+      m_catalogueCommands(desktop, m_session.catalogue(), m_session.engine(), catalogueHooks())
 {
     const StartHooks hooks{[this] { showNameList(); },
                            [this](const QString &) {
@@ -42,9 +45,9 @@ Program::Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance
                                    u"The player is not built into this version yet."_s, u"Quaverly Player"_s,
                                    Icon::Information);
                            }};
-    m_startUp =
-        std::make_unique<StartUp>(m_session.catalogue(), m_session.options(), m_session.engine(), desktop,
-                                  store, instance, startContext(commandLine, m_session.shell()), hooks);
+    m_startUp = std::make_unique<StartUp>(
+        m_session.catalogue(), m_session.options(), m_session.engine(), desktop, store, instance,
+        startContext(commandLine, m_session.shell(), desktop.isTabletWithoutMouse()), hooks);
     QObject::connect(&instance, &SingleInstance::raiseRequested, &instance, [this] { raiseScreen(); });
 }
 
@@ -59,16 +62,36 @@ bool Program::start()
     return m_startUp->run() == StartResult::Running;
 }
 
+CatalogueHooks Program::catalogueHooks()
+{
+    return {[this] { m_nameList->ShowAllMenu_Click(); },
+            [this] { return m_nameList->openScreens(); },
+            [this] { m_nameList->unloadPlayForm(); },
+            [this](bool compacting) { unloadNameList(compacting); },
+            [this] { m_session.player().CurrentPlayListName.clear(); },
+            [this] { return m_startUp->run() == StartResult::Running; },
+            [this] { m_quit(); }};
+}
+
 void Program::showNameList()
 {
-    auto screen = std::make_unique<NameList>(m_session, [this] { nameList_Unloaded(); });
+    auto screen = std::make_unique<NameList>(m_session, m_catalogueCommands, [this] { nameList_Unloaded(); });
     screen->show();
     m_nameList = std::move(screen);
 }
 
+// The command runs in a handler of the screen: its deletion waits for that to end.
+void Program::unloadNameList(bool compacting)
+{
+    m_compactingCatalogue = compacting;
+    m_nameList->close();
+    m_compactingCatalogue = false;
+    m_nameList.release()->deleteLater();
+}
+
 void Program::nameList_Unloaded()
 {
-    if (!m_session.shutDown().endsProcess(false))
+    if (!m_session.shutDown().endsProcess(m_compactingCatalogue))
         return;
     m_session.shutDown().closeCatalogue();
     m_quit();

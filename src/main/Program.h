@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/CatalogueCommands.h"
 #include "main/Session.h"
 
 #include <QString>
@@ -31,7 +32,9 @@ public:
     [[nodiscard]] NameList *mainScreen() { return m_nameList.get(); }
 
 private:
+    [[nodiscard]] CatalogueHooks catalogueHooks();
     void showNameList();
+    void unloadNameList(bool compacting);
     void nameList_Unloaded();
     void raiseScreen();
 
@@ -39,6 +42,9 @@ private:
     SingleInstance &m_instance;
     std::function<void()> m_quit;
     std::unique_ptr<StartUp> m_startUp;
+    CatalogueCommands m_catalogueCommands;
+    /** True while the main screen is unloaded for the catalogue's compaction. */
+    bool m_compactingCatalogue = false;
     std::unique_ptr<NameList> m_nameList;
 };
 

@@ -16,10 +16,4 @@ Session::Session(Desktop &desktop, OptionsStore &store)
     m_desktop.handlers().afterHandler = [this] { m_engine.Workspaces(0).settle(); };
 }
 
-bool Session::openWebSite()
-{
-    const QString site = m_store.GetSetting(QString::fromUtf16(OptionsSection), u"Web Site"_s);
-    return !site.isEmpty() && m_desktop.OpenUrl(QUrl(site));
-}
-
 } // namespace quaverly

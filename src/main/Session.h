@@ -32,8 +32,8 @@ public:
     [[nodiscard]] IntakeState &intake() { return m_intake; }
     [[nodiscard]] ShutDown &shutDown() { return m_shutDown; }
 
-    /** The maker's site, or the documentation that came with the program; false when nothing opens it. */
-    bool openWebSite();
+    /** Where the folder dialogs of the options start: the folder chosen there last. */
+    [[nodiscard]] QString &lastFolder() { return m_lastFolder; }
 
 private:
     Desktop &m_desktop;
@@ -47,6 +47,7 @@ private:
     PlayerState m_player;
     IntakeState m_intake;
     ShutDown m_shutDown;
+    QString m_lastFolder;
 };
 
 } // namespace quaverly

@@ -1,103 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The program as a user meets it: started on a catalogue, a folder of music added, closed, started again.
-#include "main/NameList.h"
-#include "main/Program.h"
+#include "main/ProgramFixture.h"
 
-#include "catalogue/CatalogueSchema.h"
 #include "platform/options/SingleInstance.h"
-#include "samples/SampleMaker.h"
-#include "songlist/SongGrid.h"
 #include "support/QtPrinters.h"
-#include "support/ScriptedDesktop.h"
-#include "support/UserActs.h"
 
 #include <QAbstractItemModelTester>
 #include <QComboBox>
-#include <QDir>
 #include <QLabel>
-#include <QMenu>
-#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace quaverly::test {
 
 namespace {
-
-class ProgramTest : public ::testing::Test
-{
-protected:
-    ProgramTest()
-    {
-        dao::DBEngine(catalogueSchema()).CreateEmpty(path());
-        QDir(m_dir.path()).mkpath(u"music/Abba/Arrival"_s);
-        QDir(m_dir.path()).mkpath(u"music/Björk"_s);
-    }
-    ~ProgramTest() override { close(); }
-
-    [[nodiscard]] QString path() const { return m_dir.filePath(u"QVdata.mdb"_s); }
-    [[nodiscard]] QString music() const { return m_dir.filePath(u"music/"_s); }
-
-    void addFile(const QString &name, const QString &title, const QString &artist)
-    {
-        samples::SongTags tags;
-        tags.title = title;
-        tags.artist = artist;
-        tags.album = u"Arrival"_s;
-        tags.year = 1976;
-        tags.track = 2;
-        m_maker.makeSong(music() + name, tags);
-    }
-
-    void start(bool empty)
-    {
-        if (empty)
-            m_desktop.willSee(u"Add songs automatically by choosing one of the options on the File menu."_s);
-        m_instance = std::make_unique<SingleInstance>(m_dir.path());
-        m_program = std::make_unique<Program>(m_desktop, m_store, *m_instance, path(), [this] { ++m_quits; });
-        ASSERT_TRUE(m_program->start());
-        ASSERT_TRUE(QTest::qWaitFor([this] { return m_desktop.answersLeft() == 0 && grid().hasFocus(); }));
-    }
-
-    void close()
-    {
-        if (m_program && m_program->mainScreen() != nullptr)
-            m_program->mainScreen()->close();
-        m_program.reset();
-        m_instance.reset();
-    }
-
-    [[nodiscard]] NameList &screen() { return *m_program->mainScreen(); }
-    [[nodiscard]] SongGrid &grid() { return *child<SongGrid>(screen(), u"Table1"_s); }
-    [[nodiscard]] QString cell(int row, int column)
-    {
-        return grid().model()->index(row, column).data().toString();
-    }
-    [[nodiscard]] QString description()
-    {
-        return child<QPlainTextEdit>(screen(), u"txtName"_s)->toPlainText();
-    }
-
-    void addFolder()
-    {
-        m_desktop.willBrowse(music()).willSee(u"Number of songs added to database: "_s);
-        chooseMenu(screen(), u"AddMusicFolder"_s);
-    }
-
-    QTemporaryDir m_dir;
-    samples::SampleMaker m_maker;
-    ScriptedDesktop m_desktop;
-    OptionsStore m_store{m_dir.filePath(u"options.ini"_s)};
-    std::unique_ptr<SingleInstance> m_instance;
-    std::unique_ptr<Program> m_program;
-    int m_quits = 0;
-};
 
 TEST_F(ProgramTest, AnEmptyCatalogueTellsWhatToDoFirst)
 {
@@ -106,15 +24,15 @@ TEST_F(ProgramTest, AnEmptyCatalogueTellsWhatToDoFirst)
     EXPECT_EQ(screen().windowTitle(), u"Quaverly Database  "_s + path());
     EXPECT_EQ(grid().model()->rowCount(), 0);
     EXPECT_EQ(grid().model()->columnCount(), 28);
-    EXPECT_TRUE(child<QPushButton>(screen(), u"cmdEmptyAddFolder"_s)->isVisible());
+    EXPECT_TRUE(child<QPushButton>(screen(), u"cmdEmptyState"_s)->isVisible());
     EXPECT_FALSE(child<QPushButton>(screen(), u"cmdShowArtistSongs"_s)->isVisible());
     EXPECT_EQ(description(), QString());
 
     addFile(u"Abba/Arrival/01.mp3"_s, u"Tiger"_s, u"Abba"_s);
     m_desktop.willBrowse(music()).willSee();
-    click(screen(), u"cmdEmptyAddFolder"_s);
+    click(screen(), u"cmdEmptyState"_s);
     EXPECT_EQ(grid().model()->rowCount(), 1);
-    EXPECT_FALSE(child<QPushButton>(screen(), u"cmdEmptyAddFolder"_s)->isVisible());
+    EXPECT_FALSE(child<QPushButton>(screen(), u"cmdEmptyState"_s)->isVisible());
 }
 
 TEST_F(ProgramTest, AFolderGoesInAndIsThereAfterARestart)
@@ -128,13 +46,7 @@ TEST_F(ProgramTest, AFolderGoesInAndIsThereAfterARestart)
     EXPECT_TRUE(m_desktop.lastCall().text.startsWith(u"Number of songs added to database: 4\r\n"_s));
     EXPECT_EQ(m_desktop.lastCall().title, u"Done"_s);
     const QStringList sorted{u"Bachelorette"_s, u"Dancing Queen"_s, u"Jóga"_s, u"Tiger"_s};
-    const auto shown = [this] {
-        QStringList names;
-        for (int row = 0; row < grid().model()->rowCount(); ++row)
-            names.append(cell(row, 1));
-        return names;
-    };
-    EXPECT_EQ(shown(), sorted);
+    EXPECT_EQ(column(1), sorted);
     EXPECT_EQ(cell(2, 2), u"Björk"_s);
     EXPECT_EQ(cell(1, 4), u"Arrival"_s);
     EXPECT_EQ(cell(1, 9), music() + u"Abba/Arrival/"_s);
@@ -143,13 +55,13 @@ TEST_F(ProgramTest, AFolderGoesInAndIsThereAfterARestart)
 
     addFolder();
     EXPECT_TRUE(m_desktop.lastCall().text.contains(u"already in database: 4\r\n"_s));
-    EXPECT_EQ(shown(), sorted);
+    EXPECT_EQ(column(1), sorted);
 
     close();
     EXPECT_EQ(m_quits, 1);
     EXPECT_FALSE(QFile::exists(path() + u"-wal"_s));
-    start(false);
-    EXPECT_EQ(shown(), sorted);
+    start();
+    EXPECT_EQ(column(1), sorted);
 }
 
 TEST_F(ProgramTest, TheGridFollowsKeysSortsAndTheArtistView)
@@ -223,7 +135,7 @@ TEST_F(ProgramTest, ClosingDuringAScanEndsBoth)
     chooseMenu(screen(), u"AddMusicFolder"_s);
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_quits == 1; }));
     close();
-    start(false);
+    start();
     EXPECT_GE(grid().model()->rowCount(), 10);
     EXPECT_LT(grid().model()->rowCount(), 40);
 }

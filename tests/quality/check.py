@@ -12,6 +12,7 @@ import sys
 import calls
 import layers
 import screens
+import site_pages
 import wording
 from source_tree import Tree
 
@@ -29,6 +30,7 @@ RULES = {
     "widgets": lambda tree: layers.widgets(tree, widget_headers(sys.argv[3])),
     "desktop": calls.desktop_only,
     "screens": screens.screens,
+    "site": site_pages.site,
     "wording": wording.wording,
     "undone": wording.undone,
     "sizes": wording.sizes,

@@ -7,6 +7,7 @@ import unittest
 import calls
 import layers
 import screens
+import site_pages
 import wording
 from source_tree import Tree
 
@@ -206,6 +207,29 @@ class Screens(RuleTest):
 
     def test_a_broken_file_is_a_finding(self):
         self.assert_finds(screens.screens, {"src/a/Form.ui": "<ui>\n<widget"}, "src/a/Form.ui:2")
+
+
+class Site(RuleTest):
+    def page(self, body, **others):
+        return {"docs/site/help/a.html": f"<!DOCTYPE html><html><head><title>A</title></head>\n<body>{body}</body></html>",
+                "docs/site/help/b.html": '<title>B</title><h2 id="here">B</h2>', "docs/site/c.png": "", **others}
+
+    def test_links_lead_somewhere(self):
+        sound = '<a href="b.html#here">b</a> <br> <img src="../c.png" alt="C"> <a href="https://a.example/">out</a>'
+        self.assert_clean(site_pages.site, self.page(sound))
+        for body, fault in (('<a href="d.html">', "d.html leads nowhere"), ('<a href="b.html#there">', "no such place"),
+                            ('<a href="../../../src">', "leads nowhere"), ('<img src="/c.png" alt="C"><a>', "elsewhere"),
+                            ('<img src="https://a.example/c.png" alt="C"><a>', "elsewhere")):
+            with self.subTest(body):
+                self.assert_finds(site_pages.site, self.page(f"{body}</a>"), fault)
+
+    def test_tags_are_balanced(self):
+        for body, fault in (("<p><b>x</p></b>", "closes nothing"), ("</p>", "</p> closes nothing")):
+            with self.subTest(body):
+                self.assertTrue(any(fault in each for each in self.found(site_pages.site, self.page(body))))
+        self.assert_finds(site_pages.site, self.page('<img src="../c.png">'), "without words")
+        css = {"docs/site/help/s.css": "body { background: url(x.png) }"}
+        self.assert_finds(site_pages.site, self.page("", **css), "fetches nothing")
 
 
 if __name__ == "__main__":

@@ -135,11 +135,15 @@ def layouts(screen):
                 yield f"{screen.at(name)}: {name} has a fixed size"
 
 
+# Captions that people know: the key goes from one of the two entries to the other.
+KNOWN_PAIRS = {("EditMenu", "s")}
+
+
 def mnemonics(screen):
     taken = {}
 
     def take(group, letter, name):
-        if letter is None:
+        if letter is None or (group, letter) in KNOWN_PAIRS:
             return
         if (group, letter) in taken:
             yield f"{screen.at(name)}: Alt+{letter.upper()} is both {taken[group, letter]} and {name}"

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The commands of the main screen that stand in its menus and on its buttons.
+#include "main/ProgramFixture.h"
+
+#include "catalogue/CatalogueSchema.h"
+#include "support/QtPrinters.h"
+
+#include <QAction>
+#include <QFile>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly::test {
+
+namespace {
+
+using MainCommandsTest = ProgramTest;
+
+TEST_F(MainCommandsTest, FindReplacesTheList)
+{
+    addSongs(6);
+    addSong({{u"SongName"_s, u"50% [live] 'x'"_s}, {u"Notes"_s, u"Abba night"_s}});
+    addSong({{u"SongName"_s, u"say \"[x]\""_s}});
+    start();
+    const auto find = [this](const QString &text) {
+        m_desktop.willType(text);
+        click(screen(), u"cmdFind"_s);
+    };
+    find(u"abba"_s);
+    EXPECT_TRUE(m_desktop.lastCall().text.startsWith(u"Enter the text to search for, then press OK."_s));
+    EXPECT_EQ(grid().model()->rowCount(), 4);
+    EXPECT_EQ(screen().lblCategory(), u"Records containing abba"_s);
+    find(u"Abba n*t"_s);
+    EXPECT_EQ(column(1), QStringList{u"50% [live] 'x'"_s});
+    click(screen(), u"cmdShowAll"_s);
+    EXPECT_EQ(screen().lblCategory(), QString());
+    find(u"   "_s);
+    EXPECT_EQ(grid().model()->rowCount(), 8) << "a blank answer finds nothing and changes nothing";
+    find(u"50%"_s);
+    EXPECT_EQ(grid().model()->rowCount(), 1);
+    click(screen(), u"cmdShowAll"_s);
+    find(u"say \""_s);
+    EXPECT_EQ(column(1), QStringList{u"say \"[x]\""_s});
+    click(screen(), u"cmdShowAll"_s);
+    m_desktop.willType(u"nowhere to be found"_s).willSee(u"No records found."_s);
+    click(screen(), u"cmdFind"_s);
+    EXPECT_EQ(grid().model()->rowCount(), 0);
+    EXPECT_EQ(description(), QString());
+    click(screen(), u"cmdEmptyState"_s);
+    EXPECT_EQ(grid().model()->rowCount(), 8) << "the empty list leads back to all songs";
+}
+
+TEST_F(MainCommandsTest, DeletingAsksAndStaysInTheList)
+{
+    addSongs(3);
+    start();
+    clickCell(2, 1);
+    m_desktop.willAnswer(Answer::No, u"Are you sure you want to delete this record?\rSong 02"_s);
+    click(screen(), u"cmdDelete"_s);
+    EXPECT_EQ(grid().model()->rowCount(), 3);
+    EXPECT_TRUE(child<QWidget>(screen(), u"txtLocate"_s)->hasFocus());
+    for (const char16_t *left : {u"Song 01", u"Song 00"}) {
+        m_desktop.willAnswer(Answer::Yes);
+        click(screen(), u"cmdDelete"_s);
+        EXPECT_EQ(description(), u"Record Deleted!"_s);
+        EXPECT_EQ(cell(grid().currentIndex().row(), 1), QString::fromUtf16(left));
+    }
+    m_desktop.willAnswer(Answer::Yes);
+    click(screen(), u"cmdDelete"_s);
+    EXPECT_EQ(grid().model()->rowCount(), 0);
+    m_desktop.willSee(u"There are no records displayed, so there is nothing to delete."_s);
+    click(screen(), u"cmdDelete"_s);
+    close();
+    EXPECT_EQ(valueOf(u"Select Count(*) As n From tblContacts"_s).toInt(), 0);
+}
+
+TEST_F(MainCommandsTest, AnotherCatalogueOpensAndABadOneDoesNot)
+{
+    addSongs(3);
+    const QString other = m_dir.filePath(u"other.mdb"_s);
+    dao::DBEngine(catalogueSchema()).CreateEmpty(other);
+    const QString noCatalogue = m_dir.filePath(u"text.mdb"_s);
+    QFile file(noCatalogue);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no catalogue at all");
+    file.close();
+    start();
+
+    m_desktop.willOpen(noCatalogue).willSee();
+    chooseMenu(screen(), u"OpenDatabase"_s);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_program->mainScreen() != nullptr && grid().hasFocus(); }));
+    EXPECT_EQ(screen().windowTitle(), u"Quaverly Database  "_s + path());
+    EXPECT_EQ(grid().model()->rowCount(), 3);
+    clickCell(1, 0);
+    EXPECT_EQ(cell(1, 0), u"x"_s) << "usable as before";
+
+    m_desktop.willOpen(other).willSee(u"Add songs automatically"_s);
+    chooseMenu(screen(), u"OpenDatabase"_s);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_desktop.answersLeft() == 0 && grid().hasFocus(); }));
+    EXPECT_EQ(screen().windowTitle(), u"Quaverly Database  "_s + other);
+    EXPECT_EQ(grid().model()->rowCount(), 0);
+    EXPECT_EQ(m_quits, 0);
+    close();
+    EXPECT_EQ(m_quits, 1);
+    start();
+    EXPECT_EQ(grid().model()->rowCount(), 3) << "the other one was for that run only";
+}
+
+TEST_F(MainCommandsTest, CompactingGoesOnWithTheSameCatalogue)
+{
+    addSongs(3);
+    start();
+    m_desktop.willAnswer(Answer::Yes, u"This will reclaim ununsed space"_s).willSee(u"Database compacted."_s);
+    chooseMenu(screen(), u"mnuCompactDatabase"_s);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_program->mainScreen() != nullptr && grid().hasFocus(); }));
+    EXPECT_EQ(column(1).size(), 3);
+    EXPECT_FALSE(QFile::exists(path() + u".temp"_s));
+    EXPECT_EQ(m_quits, 0);
+    m_desktop.willAnswer(Answer::Yes, u"This will DELETE ALL the records"_s)
+        .willAnswer(Answer::Yes, u"Have to ask one more time:"_s);
+    chooseMenu(screen(), u"mnuDeleteAll"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_quits == 1; })) << "the process ends with it";
+    m_program.reset();
+    m_instance.reset();
+    start(true);
+}
+
+TEST_F(MainCommandsTest, OptionsStayForTheNextRun)
+{
+    start(true);
+    chooseMenu(screen(), u"TabletMode"_s);
+    EXPECT_FALSE(child<QAction>(screen(), u"TabletMode"_s)->isEnabled());
+    m_desktop.willPickColor(0x112233);
+    chooseMenu(screen(), u"SelectColor"_s);
+    EXPECT_EQ(child<QWidget>(screen(), u"background"_s)->palette().color(QPalette::Window),
+              QColor(0x33, 0x22, 0x11));
+    close();
+    start(true);
+    EXPECT_TRUE(child<QAction>(screen(), u"DesktopMode"_s)->isEnabled());
+    EXPECT_EQ(screen().BackColor(), 0x112233U);
+    chooseMenu(screen(), u"DesktopMode"_s);
+    chooseMenu(screen(), u"RestoreColor"_s);
+    EXPECT_EQ(screen().BackColor(), 8421440U);
+}
+
+TEST_F(MainCommandsTest, NonsenseInTheSettingsRowsCountsAsNone)
+{
+    addSongs(2);
+    {
+        dao::DBEngine engine(catalogueSchema());
+        const auto database = engine.OpenDatabase(path());
+        for (const char16_t *row :
+             {u"'GRIDSORTORDER', 'No such order'", u"'BACKCOLOR', 'x'", u"'TABLET', 'maybe'",
+              u"'TEMPLATE RecordID', 'none'", u"'CATEGORYSTARTUP', 'True'", u"'ASSIGNCATGONADD', 'x'"})
+            database->Execute(u"Insert Into tblSettings (Type, Name) Values ("_s + QString::fromUtf16(row) +
+                              u")"_s);
+        database->Execute(
+            u"Insert Into tblSettings (Type, Name, Setting1) Values ('CATEGORY', 'Jazz', ' nonsense ')"_s);
+    }
+    start();
+    EXPECT_EQ(screen().cmbSort(), u"Song Name"_s);
+    EXPECT_EQ(screen().BackColor(), 8421440U);
+    EXPECT_EQ(screen().lblCategory(), QString());
+    EXPECT_EQ(grid().model()->rowCount(), 2);
+}
+
+} // namespace
+
+} // namespace quaverly::test
