@@ -15,6 +15,9 @@ struct Cost
     double processor = 0;
 };
 
+/** A frame at sixty a second, in milliseconds. */
+inline constexpr double Frame = 1000.0 / 60;
+
 enum class Clock { Wall, Processor };
 
 /** One of the two things that are compared, run several times in turn. */

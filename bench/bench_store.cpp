@@ -1,62 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The catalogue store beside the same work through SQLite's bare interface.
+#include "BareSqlite.h"
 #include "Bench.h"
 #include "BenchCatalogue.h"
 
 #include "catalogue/CatalogueSchema.h"
 #include "catalogue/DuplicateQueries.h"
-#include "platform/store/Collation.h"
 #include "platform/store/Dao.h"
-#include "platform/store/SqlFunctions.h"
 
 #include <QCoreApplication>
-#include <QFile>
-
-#include <memory>
-#include <sqlite3.h>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** A frame at sixty a second, in milliseconds. */
-constexpr double Frame = 1000.0 / 60;
-
-/** The same file through the bare interface. */
-class Bare
-{
-public:
-    explicit Bare(const QString &path)
-    {
-        sqlite3 *db = nullptr;
-        sqlite3_open_v2(QFile::encodeName(path).constData(), &db, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX,
-                        nullptr);
-        m_db.reset(db);
-        dao::registerCollation(db);
-        dao::registerFunctions(db);
-        sqlite3_exec(db, "PRAGMA cache_size = -16000", nullptr, nullptr, nullptr);
-    }
-
-    /** Steps through all rows and keeps the first column, as a key walk does. */
-    void walk(const char *sql)
-    {
-        sqlite3_stmt *statement = nullptr;
-        sqlite3_prepare_v2(m_db.get(), sql, -1, &statement, nullptr);
-        m_keys.clear();
-        while (sqlite3_step(statement) == SQLITE_ROW)
-            m_keys.push_back(sqlite3_column_int64(statement, 0));
-        sqlite3_finalize(statement);
-    }
-
-private:
-    struct Close
-    {
-        void operator()(sqlite3 *db) const { sqlite3_close(db); }
-    };
-    std::unique_ptr<sqlite3, Close> m_db;
-    std::vector<qint64> m_keys;
-};
 
 void open(dao::Database &db, const QString &sql)
 {
@@ -79,7 +35,7 @@ void locate(bench::Suite &suite, dao::Database &db, const QString &size)
             keys.append(
                 bench::costOf([&] { rows->FindFirst(u"SongName like \""_s + text + u"*\""_s); }).wall);
     }
-    suite.report(u"locate "_s + size, 0.75, bench::median(keys), Frame, "ms");
+    suite.report(u"locate "_s + size, 0.75, bench::median(keys), bench::Frame, "ms");
 }
 
 void run(bench::Suite &suite, int songs)
@@ -89,7 +45,7 @@ void run(bench::Suite &suite, int songs)
     dao::DBEngine engine(quaverly::catalogueSchema());
     const auto db = engine.OpenDatabase(path);
     quaverly::ensureDuplicateQueries(*db);
-    Bare bare(path);
+    bench::BareSqlite bare(path, bench::Collate::AsTheStore);
     suite.compare(
         u"sort change "_s + size, 2,
         [&] { open(*db, u"Select * from  tblContacts Order By Genre, Artist, SongName"_s); },
