@@ -2,7 +2,6 @@
 #include "main/NameList.h"
 #include "ui_NameList.h"
 
-#include "catalogue/ScreenFont.h"
 #include "desktop/Guard.h"
 #include "desktop/KeySender.h"
 #include "desktop/ScreenLook.h"
@@ -112,7 +111,6 @@ void NameList::Form_Load()
     setWindowTitle(QString::fromUtf16(ProductName) + u" Database  "_s + m_session.catalogue().DatabaseFile);
     loadCatalogueOptions(m_session.settings(), m_session.options());
     m_session.displayedSet().openAtLoad();
-    applyScreenFont(m_session.options().ScreenFont);
     m_optionCommands.load();
     scaleFont(*m_ui->lblCategory, 1.1, true);
     fitDescription();

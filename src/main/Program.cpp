@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "main/Program.h"
 
+#include "catalogue/ScreenFont.h"
 #include "catalogue/StartUp.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
@@ -75,6 +76,8 @@ CatalogueHooks Program::catalogueHooks()
 
 void Program::showNameList()
 {
+    // Before any control of it is there: until the event loop runs, only new ones take the font.
+    applyScreenFont(m_session.options().ScreenFont);
     auto screen = std::make_unique<NameList>(m_session, m_catalogueCommands, [this] { nameList_Unloaded(); });
     screen->show();
     m_nameList = std::move(screen);
