@@ -273,7 +273,10 @@ void NameList::showCurrentSong()
         setVisible(MainControl::cmdShowArtistSongs, false);
         return;
     }
-    const auto text = [&](const char16_t *field) { return shown.currentText(QString::fromUtf16(field)); };
+    // Each field has its line, whatever stands in it.
+    const auto text = [&](const char16_t *field) {
+        return shown.currentText(QString::fromUtf16(field)).replace(u'\n', u' ').replace(u'\r', u' ');
+    };
     QString lines = text(u"SongName") + u'\n' + text(u"Artist") + u'\n' + text(u"AlbumName");
     while (lines.startsWith(u' ') || lines.startsWith(u'\n'))
         lines.remove(0, 1);

@@ -92,7 +92,7 @@ void SongGrid::unbind()
 void SongGrid::setRowHeight(double twips)
 {
     const int pixels = qRound(twips / TwipsPerPixel);
-    verticalHeader()->setDefaultSectionSize(std::max(pixels, fontMetrics().height() + 4));
+    verticalHeader()->setDefaultSectionSize(std::max(pixels, fontMetrics().height() + 2));
 }
 
 void SongGrid::setDesignWidths()

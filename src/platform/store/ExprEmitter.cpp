@@ -24,6 +24,9 @@ constexpr std::size_t ManyAlternatives = 50;
 /** Even so SQLite looks every constant up among those before it: more tests than these are refused. */
 constexpr std::size_t MostTests = 5000;
 
+/** Texts in one call of dao_like: SQLite allows a hundred arguments. */
+constexpr std::size_t MostTexts = 90;
+
 QByteArray withCollation(const Emitted &e)
 {
     const bool maybeText = e.type == ValueType::Text || e.type == ValueType::Unknown;
@@ -132,11 +135,11 @@ Emitted ExprEmitter::literalDate(const Expr &expr) const
 }
 
 // Many equal tests of one field are one list of values: SQLite plans every term of an OR by itself.
-std::vector<QByteArray> ExprEmitter::alternatives(const Expr &expr)
+std::vector<QByteArray> ExprEmitter::alternatives(const std::vector<const Expr *> &args)
 {
     std::vector<QByteArray> terms;
     std::map<QByteArray, QByteArray> lists;
-    for (const auto &arg : expr.args) {
+    for (const Expr *arg : args) {
         const bool isEquality =
             arg->kind == ExprKind::Compare && arg->text == "="_L1 && arg->args[0]->kind == ExprKind::Name &&
             (arg->args[1]->kind == ExprKind::Text || arg->args[1]->kind == ExprKind::Number);
@@ -155,12 +158,19 @@ std::vector<QByteArray> ExprEmitter::alternatives(const Expr &expr)
 
 Emitted ExprEmitter::andOr(const Expr &expr)
 {
-    const bool many = expr.text == "OR"_L1 && expr.args.size() > ManyAlternatives;
+    std::vector<const Expr *> args;
     std::vector<QByteArray> terms;
-    if (many) {
-        terms = alternatives(expr);
+    if (expr.text == "OR"_L1) {
+        terms = joinLikes(expr, args);
     } else {
         for (const auto &arg : expr.args)
+            args.push_back(arg.get());
+    }
+    if (args.size() > ManyAlternatives && expr.text == "OR"_L1) {
+        const std::vector<QByteArray> lists = alternatives(args);
+        terms.insert(terms.end(), lists.begin(), lists.end());
+    } else {
+        for (const Expr *arg : args)
             terms.push_back(emit(*arg).sql);
     }
     if (expr.text == "XOR"_L1) {
@@ -241,16 +251,42 @@ Emitted ExprEmitter::arithmetic(const Expr &expr)
     return {"(" + left.sql + ' ' + op + ' ' + right.sql + ")", ValueType::Number};
 }
 
+QByteArray ExprEmitter::likeText(const Expr &expr)
+{
+    const Emitted e = emit(expr);
+    return e.type == ValueType::Date ? "dao_shortdate(" + e.sql + ")" : e.sql;
+}
+
+// Fields under one pattern that no index helps with are tested in one call, all terms of the OR together.
+std::vector<QByteArray> ExprEmitter::joinLikes(const Expr &expr, std::vector<const Expr *> &others)
+{
+    std::map<QString, std::vector<const Expr *>> byPattern;
+    for (const auto &arg : expr.args) {
+        const bool joins = arg->kind == ExprKind::Like && !arg->negated &&
+                           arg->args[1]->kind == ExprKind::Text &&
+                           literalPrefix(arg->args[1]->text).isEmpty();
+        if (joins)
+            byPattern[arg->args[1]->text].push_back(arg.get());
+        else
+            others.push_back(arg.get());
+    }
+    std::vector<QByteArray> terms;
+    for (const auto &[pattern, likes] : byPattern) {
+        for (std::size_t from = 0; from < likes.size(); from += MostTexts) {
+            QByteArray call = "dao_like(" + quotedText(pattern);
+            for (std::size_t i = from; i < std::min(from + MostTexts, likes.size()); ++i)
+                call += ", " + likeText(*likes[i]->args[0]);
+            terms.push_back(call + ")");
+        }
+    }
+    return terms;
+}
+
 Emitted ExprEmitter::like(const Expr &expr)
 {
     const Emitted left = emit(*expr.args[0]);
     const Emitted pattern = emit(*expr.args[1]);
-    QByteArray text = left.sql;
-    if (left.type == ValueType::Date)
-        text = "dao_shortdate(" + text + ")";
-    else if (left.type == ValueType::Number)
-        text = "printf('%.15g', " + text + ")";
-    const QByteArray test = "dao_like(" + pattern.sql + ", " + text + ")";
+    const QByteArray test = "dao_like(" + pattern.sql + ", " + likeText(*expr.args[0]) + ")";
     const QString prefix =
         expr.args[1]->kind == ExprKind::Text ? literalPrefix(expr.args[1]->text) : QString();
     if (expr.negated || prefix.isEmpty() || !left.isColumn)

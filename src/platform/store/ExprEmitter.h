@@ -43,7 +43,11 @@ private:
     [[nodiscard]] Emitted name(const ast::Expr &expr);
     [[nodiscard]] Emitted literalDate(const ast::Expr &expr) const;
     [[nodiscard]] Emitted andOr(const ast::Expr &expr);
-    [[nodiscard]] std::vector<QByteArray> alternatives(const ast::Expr &expr);
+    [[nodiscard]] std::vector<QByteArray> alternatives(const std::vector<const ast::Expr *> &args);
+    /** The Likes that can be joined; the other terms go to @p others. */
+    [[nodiscard]] std::vector<QByteArray> joinLikes(const ast::Expr &expr,
+                                                    std::vector<const ast::Expr *> &others);
+    [[nodiscard]] QByteArray likeText(const ast::Expr &expr);
     [[nodiscard]] QByteArray balanced(const std::vector<QByteArray> &terms, std::size_t from, std::size_t to,
                                       const QByteArray &word) const;
     [[nodiscard]] Emitted compare(const ast::Expr &expr);

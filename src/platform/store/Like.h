@@ -1,10 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArrayView>
+#include <QByteArray>
 #include <QString>
 
+#include <string>
+
 namespace dao {
+
+/**
+ * A pattern of the dialect's Like, read once for many texts. See isLike for what it means.
+ */
+class LikePattern final
+{
+public:
+    explicit LikePattern(QByteArrayView pattern);
+
+    /** @p text is UTF-8. */
+    [[nodiscard]] bool matches(QByteArrayView text) const;
+
+private:
+    [[nodiscard]] bool hasNeedle(QByteArrayView text) const;
+
+    std::u32string m_folded;
+    /** The folded pattern when it is of ASCII alone. */
+    QByteArray m_ascii;
+    /** What stands between two stars, when that is all; folded ASCII. */
+    QByteArray m_needle;
+    bool m_isAscii = false;
+};
 
 /**
  * The dialect's Like over UTF-8 texts, blind to case: `*` any characters, `?` one, `#` one digit,

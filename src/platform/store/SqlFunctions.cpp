@@ -10,6 +10,8 @@
 #include <QDateTime>
 
 #include <cmath>
+#include <memory>
+#include <optional>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -45,6 +47,13 @@ public:
         if (sqlite3_value_type(m_values[i]) == SQLITE_FLOAT)
             return QString::number(sqlite3_value_double(m_values[i]), 'g', 15);
         return QString::fromUtf8(bytes(i));
+    }
+    /** A number is tested as it is written. */
+    [[nodiscard]] bool isLike(int i, const LikePattern &pattern) const
+    {
+        if (sqlite3_value_type(m_values[i]) == SQLITE_FLOAT)
+            return pattern.matches(text(i).toUtf8());
+        return pattern.matches(bytes(i));
     }
     [[nodiscard]] double number(int i) const
     {
@@ -201,7 +210,6 @@ struct Named
 };
 
 const Named Functions[] = {
-    {"dao_like", 2, [](const Arguments &a, const Result &r) { r.set(isLike(a.bytes(1), a.bytes(0))); }},
     {"dao_len", 1, [](const Arguments &a, const Result &r) { r.set(qint64(a.text(0).size())); }},
     {"dao_ucase", 1, [](const Arguments &a, const Result &r) { r.set(a.text(0).toUpper()); }},
     {"dao_lcase", 1, [](const Arguments &a, const Result &r) { r.set(a.text(0).toLower()); }},
@@ -268,6 +276,43 @@ void call(sqlite3_context *context, int count, sqlite3_value **values)
     }
 }
 
+/** One of the texts behind the pattern is like it. Null when none is and one is Null. */
+std::optional<bool> anyLike(const Arguments &arguments, const LikePattern &pattern)
+{
+    std::optional<bool> answer = false;
+    for (int i = 1; i < arguments.count(); ++i) {
+        if (arguments.isNull(i))
+            answer.reset();
+        else if (arguments.isLike(i, pattern))
+            return true;
+    }
+    return answer;
+}
+
+// SQLite keeps the pattern for the next row while it is a constant, and may drop it at once if not.
+void callLike(sqlite3_context *context, int count, sqlite3_value **values)
+{
+    const Arguments arguments(count, values);
+    if (arguments.isNull(0))
+        return sqlite3_result_null(context);
+    try {
+        const auto *kept = static_cast<const LikePattern *>(sqlite3_get_auxdata(context, 0));
+        std::unique_ptr<LikePattern> made;
+        if (kept == nullptr)
+            made = std::make_unique<LikePattern>(arguments.bytes(0));
+        const std::optional<bool> answer = anyLike(arguments, kept == nullptr ? *made : *kept);
+        if (answer)
+            sqlite3_result_int(context, *answer ? 1 : 0);
+        else
+            sqlite3_result_null(context);
+        if (made)
+            sqlite3_set_auxdata(context, 0, made.release(),
+                                [](void *held) { delete static_cast<LikePattern *>(held); });
+    } catch (const std::exception &e) {
+        sqlite3_result_error(context, e.what(), -1);
+    }
+}
+
 /** What First has seen so far: the value of the row with the lowest key. */
 struct FirstValue
 {
@@ -301,6 +346,8 @@ void registerFunctions(sqlite3 *db)
 {
     sqlite3_create_function_v2(db, "dao_first", 2, SQLITE_UTF8 | SQLITE_INNOCUOUS, nullptr, nullptr,
                                firstStep, firstFinal, nullptr);
+    sqlite3_create_function_v2(db, "dao_like", -1, SQLITE_UTF8 | SQLITE_INNOCUOUS | SQLITE_DETERMINISTIC,
+                               nullptr, callLike, nullptr, nullptr, nullptr);
     for (const Named &named : Functions) {
         const int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS | (named.constant ? SQLITE_DETERMINISTIC : 0);
         sqlite3_create_function_v2(db, named.name, named.arguments, flags, const_cast<Named *>(&named), call,
