@@ -6,8 +6,6 @@
 #include "platform/shell/Shell.h"
 #include "platform/text/Text.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 #include <deque>
 #include <set>
@@ -35,6 +33,12 @@ public:
     }
 
 private:
+    struct Below
+    {
+        QString path;
+        bool isLink;
+    };
+
     /** Links wait until no folder is left, so that a folder within the tree goes by its own path. */
     QString takeNext()
     {
@@ -53,10 +57,10 @@ private:
         if (folder.isEmpty())
             return;
         QStringList refused;
-        QStringList below;
+        std::vector<Below> below;
         for (const shell::Entry &entry : m_shell.search(folder, &refused)) {
             if (entry.kind == shell::EntryKind::Folder)
-                below.append(folder + entry.name + PathSeparator);
+                below.push_back({folder + entry.name + PathSeparator, entry.isLink});
             else if (entry.kind == shell::EntryKind::File)
                 ++m_result.plainFiles;
             if (m_cancelled)
@@ -67,17 +71,17 @@ private:
         for (const QString &name : refused)
             m_result.refused.append(folder + name);
         // The order that a directory search happens to have would make runs differ.
-        std::sort(below.begin(), below.end());
-        for (const QString &path : below)
-            addBelow(path);
+        std::sort(below.begin(), below.end(), [](const Below &a, const Below &b) { return a.path < b.path; });
+        for (const Below &found : below)
+            addBelow(found);
     }
 
-    void addBelow(const QString &path)
+    void addBelow(const Below &found)
     {
-        if (QFileInfo(path.chopped(1)).isSymLink())
-            m_links.push_back(path);
-        else if (enter(path))
-            m_queue.push_back(path);
+        if (found.isLink)
+            m_links.push_back(found.path);
+        else if (enter(found.path))
+            m_queue.push_back(found.path);
     }
 
     bool enter(const QString &path)

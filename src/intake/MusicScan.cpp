@@ -59,6 +59,7 @@ void MusicScan::run()
     });
     m_report.settle(m_parts.catalogue.DatabaseFile);
 
+    std::optional<shell::ListingsKept> listings(m_parts.shell);
     showStart();
     m_parts.mainScreen.setScreenEnabled(false);
     gather();
@@ -68,6 +69,7 @@ void MusicScan::run()
     std::optional<dao::BulkLoad> load;
     m_report.attempt([&] { load.emplace(database(), u"tblContacts"_s); });
     const Outcome outcome = loadFolders();
+    listings.reset();
     if (load)
         settle(*load);
     load.reset();
@@ -189,7 +191,9 @@ void MusicScan::loadItem(const shell::Item &item, const QString &folder)
         if (music->FileName != m_oneFile)
             return;
     }
-    if (!FileExists(folder + music->FileName)) {
+    // Where extensions are hidden, the item's own name is another one.
+    const bool exists = m_extensionsHidden ? FileExists(folder + music->FileName) : item.isFile();
+    if (!exists) {
         m_report.note(u"There is no plain file of that name"_s);
         return;
     }
@@ -225,8 +229,8 @@ void MusicScan::fillSong(const shell::Item &item, const MusicItem &music, const 
 
 void MusicScan::fillTags(const shell::Item &item, const MusicItem &music, const QString &fullPath)
 {
-    QFile file(fullPath);
     if (music.Extension == ".flac"_L1 || music.Extension == ".ogg"_L1) {
+        QFile file(fullPath);
         QByteArray head;
         m_report.attempt([&] {
             openForReading(file);
@@ -236,6 +240,7 @@ void MusicScan::fillTags(const shell::Item &item, const MusicItem &music, const 
         });
         fillFromVorbisComments(head, m_song, m_report);
     } else if (m_versionMajor <= LastVersionWithOldColumns && music.fileType() == "M4A"_L1) {
+        QFile file(fullPath);
         m_report.attempt([&] { openForReading(file); });
         fillFromM4aAtoms(file, m_song, m_report);
     } else {

@@ -44,6 +44,25 @@ const QList<VorbisKey> &vorbisKeys()
     return keys;
 }
 
+char upper(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+/** Where @p key stands, whose letters are upper case ones, in any case; -1 for nowhere. */
+qsizetype placeOfKey(const QByteArray &buffer, const QByteArray &key)
+{
+    // Its end, the "=", is rarer than its beginning.
+    const qsizetype last = key.size() - 1;
+    for (qsizetype end = buffer.indexOf('=', last); end >= 0; end = buffer.indexOf('=', end + 1)) {
+        const bool found = std::equal(key.begin(), key.end(), buffer.begin() + (end - last),
+                                      [](char wanted, char c) { return upper(c) == wanted; });
+        if (found)
+            return end - last;
+    }
+    return -1;
+}
+
 [[noreturn]] void throwInvalidCall()
 {
     throw dao::DaoError(5, u"The length of a comment or its number can't be right"_s);
@@ -111,7 +130,7 @@ qint32 HexBigEndian(QByteArray &Text)
 
 QString ReadVorbisComment(const QByteArray &Buffer, const QByteArray &Key)
 {
-    const qsizetype place = Buffer.toUpper().indexOf(Key);
+    const qsizetype place = placeOfKey(Buffer, Key);
     if (place < 3)
         return {};
     QByteArray length = Buffer.mid(place - 3, 4);

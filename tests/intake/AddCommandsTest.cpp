@@ -77,6 +77,7 @@ public:
     {
         return m_real->search(folder, refused);
     }
+    void keepListings(bool keep) override { m_real->keepListings(keep); }
     [[nodiscard]] std::optional<shell::FolderIdentity> identity(const QString &folder) override
     {
         return m_real->identity(folder);

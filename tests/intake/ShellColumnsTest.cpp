@@ -25,6 +25,7 @@ public:
         : m_name(std::move(name)), m_columns(std::move(columns))
     {}
     [[nodiscard]] QString name() const override { return m_name; }
+    [[nodiscard]] bool isFile() const override { return true; }
     [[nodiscard]] QString detail(int column) const override { return m_columns.value(column); }
     [[nodiscard]] QString readFailure() const override { return {}; }
 

@@ -45,14 +45,32 @@ const KnownType *knownType(const QString &extension)
     return found == KnownTypes.end() ? nullptr : found;
 }
 
+/** At least that many digits, with zeros in front. */
+void appendPadded(QString &text, qint64 number, int digits)
+{
+    qint64 limit = 10;
+    for (; digits > 1; --digits) {
+        if (number < limit)
+            text += u'0';
+        limit *= 10;
+    }
+    text += QString::number(number);
+}
+
 QString lengthText(const SongDetails &details)
 {
     if (!details.milliseconds)
         return {};
     // Whole seconds, cut; but 0.998 is a second whose last samples a writer left out.
     const qint64 seconds = (*details.milliseconds + 5) / 1000;
-    const auto two = [](qint64 n) { return QString::number(n).rightJustified(2, u'0'); };
-    return two(seconds / 3600) + u':' + two(seconds / 60 % 60) + u':' + two(seconds % 60);
+    QString text;
+    text.reserve(8);
+    appendPadded(text, seconds / 3600, 2);
+    text += u':';
+    appendPadded(text, seconds / 60 % 60, 2);
+    text += u':';
+    appendPadded(text, seconds % 60, 2);
+    return text;
 }
 
 QString bitRateText(const SongDetails &details)
@@ -69,7 +87,7 @@ template <QString SongDetails::*Field> QString field(const SongDetails &details)
 struct DetailColumn
 {
     int number;
-    QString (*text)(const SongDetails &);
+    DetailText text;
 };
 
 constexpr std::array ColumnsOfVersion5{
@@ -98,15 +116,6 @@ constexpr std::array ColumnsOfVersion6{
     DetailColumn{237, field<&SongDetails::beats>},
 };
 
-const DetailColumn *detailColumn(int column, int versionMajor)
-{
-    const std::span<const DetailColumn> table = versionMajor <= 5
-                                                    ? std::span<const DetailColumn>(ColumnsOfVersion5)
-                                                    : std::span<const DetailColumn>(ColumnsOfVersion6);
-    const auto found = std::ranges::find(table, column, &DetailColumn::number);
-    return found == table.end() ? nullptr : &*found;
-}
-
 } // namespace
 
 QString sizeText(qint64 bytes)
@@ -128,8 +137,10 @@ QString sizeText(qint64 bytes)
         scale *= 10;
     const auto digits = static_cast<qint64>(value * static_cast<long double>(scale));
     QString text = QString::number(digits / scale);
-    if (decimals > 0)
-        text += u'.' + QString::number(digits % scale).rightJustified(decimals, u'0');
+    if (decimals > 0) {
+        text += u'.';
+        appendPadded(text, digits % scale, decimals);
+    }
     return text + u' ' + units[index];
 }
 
@@ -163,15 +174,13 @@ QString withoutKnownExtension(const QString &name)
     return knownType(extension) ? name.chopped(extension.size() + 1) : name;
 }
 
-bool isDetailColumn(int column, int versionMajor)
+DetailText detailColumn(int column, int versionMajor)
 {
-    return detailColumn(column, versionMajor) != nullptr;
-}
-
-QString detailText(const SongDetails &details, int column, int versionMajor)
-{
-    const DetailColumn *found = detailColumn(column, versionMajor);
-    return found ? found->text(details) : QString();
+    const std::span<const DetailColumn> table = versionMajor <= 5
+                                                    ? std::span<const DetailColumn>(ColumnsOfVersion5)
+                                                    : std::span<const DetailColumn>(ColumnsOfVersion6);
+    const auto found = std::ranges::find(table, column, &DetailColumn::number);
+    return found == table.end() ? nullptr : found->text;
 }
 
 } // namespace shell

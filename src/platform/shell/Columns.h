@@ -20,9 +20,9 @@ enum Column { SizeColumn = 1, TypeColumn = 2, AttributesColumn = 6 };
 /** The name without its extension where the system knows files of that type. */
 [[nodiscard]] QString withoutKnownExtension(const QString &name);
 
-/** True for a column that is read from inside the file. */
-[[nodiscard]] bool isDetailColumn(int column, int versionMajor);
-/** The text of such a column; the numbers of version 5 and those from version 6 on differ. */
-[[nodiscard]] QString detailText(const SongDetails &details, int column, int versionMajor);
+/** How a column that is read from inside the file shows. */
+using DetailText = QString (*)(const SongDetails &);
+/** Null for any other column; the numbers of version 5 and those from version 6 on differ. */
+[[nodiscard]] DetailText detailColumn(int column, int versionMajor);
 
 } // namespace shell

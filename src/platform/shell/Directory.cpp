@@ -45,12 +45,42 @@ EntryKind kindOf(int directory, const dirent &entry)
     }
 }
 
+bool isLink(int directory, const dirent &entry)
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_LNK;
+    struct stat about;
+    return ::fstatat(directory, entry.d_name, &about, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(about.st_mode);
+}
+
+// Kind and link in one byte, which no name follows without.
+char packed(EntryKind kind, bool link)
+{
+    return static_cast<char>((link ? 'a' : 'A') + static_cast<int>(kind));
+}
+
+Entry unpacked(char kind, QString name)
+{
+    const bool link = kind >= 'a';
+    return {std::move(name), static_cast<EntryKind>(kind - (link ? 'a' : 'A')), link};
+}
+
+qint64 nanoseconds(const timespec &time)
+{
+    return qint64(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
+
+FolderState folderState(const struct stat &about)
+{
+    return {{about.st_dev, about.st_ino}, nanoseconds(about.st_mtim), nanoseconds(about.st_ctim)};
+}
+
 /** Nothing for bytes that would not come back the same; a byte order mark is part of a name. */
-std::optional<QString> nameOf(const char *bytes)
+std::optional<QString> nameOf(QByteArrayView bytes)
 {
     QStringDecoder utf8(QStringDecoder::Utf8,
                         QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
-    QString name = utf8(QByteArrayView(bytes));
+    QString name = utf8(bytes);
     if (utf8.hasError())
         return {};
     return name;
@@ -100,34 +130,69 @@ QByteArray systemPath(const QString &path)
     return path.contains(QChar(u'\0')) ? QByteArray() : path.toUtf8();
 }
 
-std::optional<std::vector<Entry>> listFolder(const QString &folder, QStringList *refused)
+bool Listing::isSettled() const
+{
+    // Some file systems keep times by two seconds.
+    constexpr qint64 grain = 3'000'000'000;
+    return read - state.modified > grain && read - state.changed > grain;
+}
+
+std::optional<Listing> listFolder(const QString &folder)
 {
     const std::unique_ptr<DIR, CloseDirectory> directory(::opendir(systemPath(folder).constData()));
     if (!directory)
         return {};
     const int handle = ::dirfd(directory.get());
-    std::vector<Entry> entries;
+    Listing listing;
+    struct stat about;
+    timespec now;
+    if (::fstat(handle, &about) == 0 && ::clock_gettime(CLOCK_REALTIME_COARSE, &now) == 0) {
+        listing.state = folderState(about);
+        listing.read = nanoseconds(now);
+    }
     while (const dirent *entry = ::readdir(directory.get())) {
         const QByteArrayView bytes(entry->d_name);
         if (bytes == "." || bytes == "..")
             continue;
-        if (auto name = nameOf(entry->d_name))
-            entries.push_back({std::move(*name), kindOf(handle, *entry)});
+        listing.names += packed(kindOf(handle, *entry), isLink(handle, *entry));
+        listing.names.append(bytes).append('\0');
+    }
+    return listing;
+}
+
+std::vector<Entry> entriesOf(const Listing &listing, QStringList *refused)
+{
+    std::vector<Entry> entries;
+    entries.reserve(static_cast<size_t>(listing.names.count('\0')));
+    const QByteArrayView names = listing.names;
+    for (qsizetype at = 0; at < names.size();) {
+        const qsizetype end = names.indexOf('\0', at);
+        const QByteArrayView bytes = names.sliced(at + 1, end - at - 1);
+        if (auto name = nameOf(bytes))
+            entries.push_back(unpacked(names[at], std::move(*name)));
         else if (refused)
             refused->append(QString::fromUtf8(bytes));
+        at = end + 1;
     }
     return entries;
 }
 
-std::optional<FolderIdentity> identityOf(const QString &folder)
+std::optional<FolderState> stateOf(const QString &folder)
 {
-    const QByteArray path = systemPath(folder);
     struct stat about;
-    if (::stat(path.constData(), &about) != 0 || !S_ISDIR(about.st_mode))
+    if (::stat(systemPath(folder).constData(), &about) != 0 || !S_ISDIR(about.st_mode))
         return {};
-    if (isPseudoFileSystem(path, about.st_dev))
-        return {};
-    return FolderIdentity{about.st_dev, about.st_ino};
+    return folderState(about);
+}
+
+bool PseudoFileSystems::hold(const QString &folder, const FolderIdentity &identity)
+{
+    const auto known = m_known.find(identity.device);
+    if (known != m_known.end())
+        return known->second;
+    const bool pseudo = isPseudoFileSystem(systemPath(folder), identity.device);
+    m_known.emplace(identity.device, pseudo);
+    return pseudo;
 }
 
 std::optional<qint64> fileSize(const QByteArray &path)

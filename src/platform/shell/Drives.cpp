@@ -16,6 +16,12 @@ bool isBelow(const QString &path, QLatin1StringView folder)
     return path == folder || (path.startsWith(folder) && path.at(folder.size()) == u'/');
 }
 
+bool holdsFiles(const QString &root)
+{
+    const auto state = stateOf(root);
+    return state && !PseudoFileSystems().hold(root, state->identity);
+}
+
 /** Where the system keeps what it runs on; sticks and discs are mounted below /run/media. */
 bool isSystemPlace(const QString &path)
 {
@@ -36,7 +42,7 @@ std::vector<Drive> mountedDrives()
     std::vector<Drive> drives;
     for (const QStorageInfo &volume : QStorageInfo::mountedVolumes()) {
         const QString root = volume.rootPath();
-        if (!volume.isValid() || !volume.isReady() || isSystemPlace(root) || !identityOf(root))
+        if (!volume.isValid() || !volume.isReady() || isSystemPlace(root) || !holdsFiles(root))
             continue;
         drives.push_back({root == "/"_L1 ? QString() : root, volume.name(),
                           static_cast<quint64>(std::max<qint64>(volume.bytesTotal(), 0))});

@@ -33,7 +33,28 @@ bool isWanted(const TagLib::ByteVector &id)
     return std::ranges::find(WantedIds, std::string_view(id.data(), id.size())) != WantedIds.end();
 }
 
-TagLib::StringList values(const TagLib::ID3v2::Tag &tag, const char *id)
+/** The names of the frames that are read, as TagLib looks them up. */
+struct FrameIds
+{
+    using Id = TagLib::ByteVector;
+    Id title{"TIT2"};
+    Id artist{"TPE1"};
+    Id album{"TALB"};
+    Id genre{"TCON"};
+    std::array<Id, 3> dates{"TDRC", "TDRL", "TDOR"};
+    Id track{"TRCK"};
+    Id composer{"TCOM"};
+    Id beats{"TBPM"};
+    Id comment{"COMM"};
+};
+
+const FrameIds &frameIds()
+{
+    static const FrameIds ids;
+    return ids;
+}
+
+TagLib::StringList values(const TagLib::ID3v2::Tag &tag, const TagLib::ByteVector &id)
 {
     const auto &frames = tag.frameListMap();
     const auto found = frames.find(id);
@@ -43,7 +64,7 @@ TagLib::StringList values(const TagLib::ID3v2::Tag &tag, const char *id)
     return frame ? frame->fieldList() : TagLib::StringList();
 }
 
-QString firstValue(const TagLib::ID3v2::Tag &tag, const char *id)
+QString firstValue(const TagLib::ID3v2::Tag &tag, const TagLib::ByteVector &id)
 {
     const TagLib::StringList list = values(tag, id);
     return list.isEmpty() ? QString() : fromTag(list.front()).trimmed();
@@ -53,7 +74,7 @@ QString firstValue(const TagLib::ID3v2::Tag &tag, const char *id)
 QString comment(const TagLib::ID3v2::Tag &tag)
 {
     const auto &frames = tag.frameListMap();
-    const auto found = frames.find("COMM");
+    const auto found = frames.find(frameIds().comment);
     if (found == frames.end())
         return {};
     QString described;
@@ -98,15 +119,16 @@ bool WantedFrames::updateFrame(FrameAccess::FrameHeader *header) const
 
 void fillFromId3v2(const TagLib::ID3v2::Tag &tag, SongDetails &details)
 {
-    fill(details.title, joined(values(tag, "TIT2")));
-    fill(details.artist, joined(values(tag, "TPE1")));
-    fill(details.album, joined(values(tag, "TALB")));
-    fill(details.genre, genres(values(tag, "TCON")));
-    for (const char *id : {"TDRC", "TDRL", "TDOR"})
+    const FrameIds &ids = frameIds();
+    fill(details.title, joined(values(tag, ids.title)));
+    fill(details.artist, joined(values(tag, ids.artist)));
+    fill(details.album, joined(values(tag, ids.album)));
+    fill(details.genre, genres(values(tag, ids.genre)));
+    for (const TagLib::ByteVector &id : ids.dates)
         fill(details.year, yearOf(firstValue(tag, id)));
-    fill(details.track, firstValue(tag, "TRCK"));
-    fill(details.composer, joined(values(tag, "TCOM")));
-    fill(details.beats, beatsOf(firstValue(tag, "TBPM")));
+    fill(details.track, firstValue(tag, ids.track));
+    fill(details.composer, joined(values(tag, ids.composer)));
+    fill(details.beats, beatsOf(firstValue(tag, ids.beats)));
     fill(details.comment, comment(tag));
 }
 

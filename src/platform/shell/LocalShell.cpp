@@ -1,199 +1,116 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/shell/Columns.h"
 #include "platform/shell/Directory.h"
-#include "platform/shell/NaturalOrder.h"
-#include "platform/shell/ReadAhead.h"
+#include "platform/shell/LocalFolder.h"
 
-#include "platform/text/Text.h"
+#include <QHash>
 
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
+#include <deque>
 
 namespace shell {
 
 namespace {
 
-// Details are kept for items near the last one asked for; others are read again when they must.
-constexpr size_t MostKept = 128;
-constexpr qsizetype MostAhead = 32;
+/** Listings that are kept take up no more memory than this. */
+constexpr qsizetype MostKeptBytes = 64 << 20;
+/** Folders that are opened before they are asked for. */
+constexpr size_t MostUpcoming = 16;
 
-class LocalFolder;
-
-class LocalItem final : public Item
+/** The listings of a walk, in its order. */
+class KeptListings final
 {
 public:
-    LocalItem(LocalFolder &folder, qsizetype index, Entry entry)
-        : m_folder(&folder), m_index(index), m_entry(std::move(entry))
-    {}
-    [[nodiscard]] const Entry &entry() const { return m_entry; }
-    [[nodiscard]] bool isSong() const
+    void add(const QString &folder, const Listing &listing)
     {
-        return m_entry.kind != EntryKind::Folder && isSongName(m_entry.name);
+        if (!listing.isSettled() || m_bytes + listing.names.size() > MostKeptBytes)
+            return;
+        m_bytes += listing.names.size();
+        m_places.insert(folder, m_listings.size());
+        m_listings.push_back({folder, listing});
     }
+    void clear() { *this = KeptListings(); }
 
-    [[nodiscard]] QString name() const override;
-    [[nodiscard]] QString detail(int column) const override;
-    [[nodiscard]] QString readFailure() const override;
-
-private:
-    LocalFolder *m_folder;
-    qsizetype m_index;
-    Entry m_entry;
-};
-
-class LocalFolder final : public Folder
-{
-public:
-    LocalFolder(const QString &path, std::vector<Entry> entries, const NaturalOrder &order,
-                const ShellTraits &traits, std::shared_ptr<ReadAhead> ahead);
-    ~LocalFolder() override;
-    Q_DISABLE_COPY_MOVE(LocalFolder)
-
-    [[nodiscard]] qsizetype count() const override { return std::ssize(m_items); }
-    [[nodiscard]] const Item &item(qsizetype index) override
+    /** The listing, unless the folder has changed since; what follows it comes next. */
+    [[nodiscard]] std::optional<Listing> take(const QString &folder)
     {
-        return m_items.at(static_cast<size_t>(index));
+        const auto place = m_places.constFind(folder);
+        if (place == m_places.cend())
+            return {};
+        m_next = *place + 1;
+        return takeAt(*place);
     }
-
-    [[nodiscard]] const ShellTraits &traits() const { return m_traits; }
-    [[nodiscard]] int versionMajor() const { return static_cast<int>(m_traits.version); }
-    [[nodiscard]] QByteArray pathOf(const QString &name) const { return systemPath(m_path + name); }
-    [[nodiscard]] const SongDetails &detailsOf(qsizetype index);
-
-private:
-    std::shared_ptr<DetailSlot> &slotOf(qsizetype index);
-    void readAheadOf(qsizetype index);
-    void keep(qsizetype index);
-
-    QString m_path;
-    ShellTraits m_traits;
-    std::shared_ptr<ReadAhead> m_ahead;
-    std::vector<LocalItem> m_items;
-    std::vector<std::shared_ptr<DetailSlot>> m_slots;
-    std::deque<qsizetype> m_kept;
-    qsizetype m_window = 1;
-    qsizetype m_aheadUpTo = 0;
-};
-
-QString LocalItem::name() const
-{
-    const bool shortened = m_folder->traits().hideFileExt && m_entry.kind != EntryKind::Folder;
-    return shortened ? withoutKnownExtension(m_entry.name) : m_entry.name;
-}
-
-QString LocalItem::detail(int column) const
-{
-    switch (column) {
-    case SizeColumn: {
-        const auto size = fileSize(m_folder->pathOf(m_entry.name));
-        return size ? sizeText(*size) : QString();
-    }
-    case TypeColumn:
-        return typeText(m_entry.name, m_entry.kind);
-    case AttributesColumn:
-        return attributesText(m_entry.name, m_entry.kind);
-    default:
-        break;
-    }
-    const int version = m_folder->versionMajor();
-    if (!isSong() || !isDetailColumn(column, version))
+    /** The one behind the last one taken. */
+    [[nodiscard]] std::optional<std::pair<QString, Listing>> takeNext()
+    {
+        if (m_next >= m_listings.size())
+            return {};
+        const QString folder = m_listings[m_next].first;
+        if (auto listing = takeAt(m_next++))
+            return std::pair(folder, std::move(*listing));
         return {};
-    return detailText(m_folder->detailsOf(m_index), column, version);
-}
-
-QString LocalItem::readFailure() const
-{
-    return isSong() ? m_folder->detailsOf(m_index).failure : u"Not a sound file"_s;
-}
-
-LocalFolder::LocalFolder(const QString &path, std::vector<Entry> entries, const NaturalOrder &order,
-                         const ShellTraits &traits, std::shared_ptr<ReadAhead> ahead)
-    : m_path(path.endsWith(quaverly::PathSeparator) ? path : path + quaverly::PathSeparator),
-      m_traits(traits), m_ahead(std::move(ahead)), m_slots(entries.size())
-{
-    std::vector<std::pair<QByteArray, size_t>> keys;
-    keys.reserve(entries.size());
-    for (size_t i = 0; i < entries.size(); ++i)
-        keys.emplace_back(order.key(entries[i].name), i);
-    std::ranges::sort(keys);
-    m_items.reserve(entries.size());
-    for (const auto &[key, i] : keys)
-        m_items.emplace_back(*this, std::ssize(m_items), std::move(entries[i]));
-}
-
-LocalFolder::~LocalFolder()
-{
-    for (const auto &slot : m_slots) {
-        if (slot)
-            slot->abandon();
     }
-}
 
-std::shared_ptr<DetailSlot> &LocalFolder::slotOf(qsizetype index)
-{
-    auto &slot = m_slots[static_cast<size_t>(index)];
-    if (!slot) {
-        slot = std::make_shared<DetailSlot>(pathOf(m_items[static_cast<size_t>(index)].entry().name));
-        keep(index);
+private:
+    [[nodiscard]] std::optional<Listing> takeAt(size_t place)
+    {
+        auto &[folder, listing] = m_listings[place];
+        if (stateOf(folder) != listing.state)
+            return {};
+        return std::exchange(listing, Listing());
     }
-    return slot;
-}
 
-void LocalFolder::keep(qsizetype index)
-{
-    m_kept.push_back(index);
-    if (m_kept.size() <= MostKept)
-        return;
-    auto &oldest = m_slots[static_cast<size_t>(m_kept.front())];
-    oldest->abandon();
-    oldest.reset();
-    m_kept.pop_front();
-}
-
-const SongDetails &LocalFolder::detailsOf(qsizetype index)
-{
-    if (m_ahead->isOn())
-        readAheadOf(index);
-    return slotOf(index)->details();
-}
-
-void LocalFolder::readAheadOf(qsizetype index)
-{
-    // The items in front say whether the next ones will be asked for, so the reach grows with each.
-    if (index >= m_aheadUpTo || index + m_window > m_aheadUpTo)
-        m_window = std::min(2 * m_window, MostAhead);
-    slotOf(index);
-    m_aheadUpTo = std::max(m_aheadUpTo, index + 1);
-    for (; m_aheadUpTo < count() && m_aheadUpTo <= index + m_window; ++m_aheadUpTo) {
-        if (m_items[static_cast<size_t>(m_aheadUpTo)].isSong() && !m_slots[static_cast<size_t>(m_aheadUpTo)])
-            m_ahead->enqueue(slotOf(m_aheadUpTo));
-    }
-}
+    std::deque<std::pair<QString, Listing>> m_listings;
+    QHash<QString, size_t> m_places;
+    size_t m_next = 0;
+    qsizetype m_bytes = 0;
+};
 
 class LocalShell final : public Shell
 {
 public:
     explicit LocalShell(const ShellTraits &traits)
-        : m_traits(traits), m_ahead(std::make_shared<ReadAhead>(traits.readAheadThreads))
-    {}
+        : m_traits(traits), m_ahead(std::make_shared<Lookahead>(traits.readAheadThreads))
+    {
+        m_ahead->setNextFolder([this] { return openNext(); });
+    }
+    ~LocalShell() override { m_ahead->setNextFolder({}); }
+    Q_DISABLE_COPY_MOVE(LocalShell)
 
     [[nodiscard]] std::unique_ptr<Folder> NameSpace(const QString &folder) override
     {
-        if (!identityOf(folder))
+        if (auto opened = takeUpcoming(folder))
+            return opened;
+        if (const auto kept = m_listings.take(folder))
+            return open(folder, *kept);
+        if (!identity(folder))
             return nullptr;
-        auto entries = listFolder(folder, nullptr);
-        if (!entries)
-            return nullptr;
-        return std::make_unique<LocalFolder>(folder, std::move(*entries), m_order, m_traits, m_ahead);
+        const auto listing = listFolder(folder);
+        return listing ? open(folder, *listing) : nullptr;
     }
     [[nodiscard]] std::vector<Entry> search(const QString &folder, QStringList *refused) override
     {
-        return listFolder(folder, refused).value_or(std::vector<Entry>());
+        const auto listing = listFolder(folder);
+        if (!listing)
+            return {};
+        if (m_keeping)
+            m_listings.add(folder, *listing);
+        return entriesOf(*listing, refused);
     }
     [[nodiscard]] std::optional<FolderIdentity> identity(const QString &folder) override
     {
-        return identityOf(folder);
+        const auto state = stateOf(folder);
+        if (!m_keeping)
+            m_pseudo.forget();
+        if (!state || m_pseudo.hold(folder, state->identity))
+            return {};
+        return state->identity;
+    }
+    void keepListings(bool keep) override
+    {
+        m_keeping = keep;
+        m_listings.clear();
+        m_upcoming.clear();
+        m_pseudo.forget();
     }
     [[nodiscard]] std::vector<Drive> drives() override { return mountedDrives(); }
     [[nodiscard]] int versionMajor() const override { return static_cast<int>(m_traits.version); }
@@ -201,9 +118,52 @@ public:
     [[nodiscard]] bool hideFileExt() const override { return m_traits.hideFileExt; }
 
 private:
+    struct Upcoming
+    {
+        QString path;
+        FolderState state;
+        std::unique_ptr<LocalFolder> folder;
+    };
+
+    [[nodiscard]] std::unique_ptr<LocalFolder> open(const QString &folder, const Listing &listing)
+    {
+        return std::make_unique<LocalFolder>(folder, entriesOf(listing, nullptr), m_order, m_traits, m_ahead);
+    }
+
+    [[nodiscard]] LocalFolder *openNext()
+    {
+        if (m_upcoming.size() >= MostUpcoming)
+            return nullptr;
+        auto next = m_listings.takeNext();
+        if (!next)
+            return nullptr;
+        auto &[path, listing] = *next;
+        m_upcoming.push_back({path, listing.state, open(path, listing)});
+        m_upcoming.back().folder->setUpcoming(true);
+        return m_upcoming.back().folder.get();
+    }
+
+    /** Those in front of the one asked for are not wanted any more. */
+    [[nodiscard]] std::unique_ptr<LocalFolder> takeUpcoming(const QString &path)
+    {
+        const auto found = std::ranges::find(m_upcoming, path, &Upcoming::path);
+        if (found == m_upcoming.end())
+            return nullptr;
+        Upcoming upcoming = std::move(*found);
+        m_upcoming.erase(m_upcoming.begin(), std::next(found));
+        if (stateOf(path) != upcoming.state)
+            return nullptr;
+        upcoming.folder->setUpcoming(false);
+        return std::move(upcoming.folder);
+    }
+
     ShellTraits m_traits;
     NaturalOrder m_order;
-    std::shared_ptr<ReadAhead> m_ahead;
+    std::shared_ptr<Lookahead> m_ahead;
+    bool m_keeping = false;
+    PseudoFileSystems m_pseudo;
+    KeptListings m_listings;
+    std::deque<Upcoming> m_upcoming;
 };
 
 } // namespace

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -24,43 +23,52 @@ constexpr qint64 LongestText = 64 * 1024;
 constexpr qsizetype LongestSoundEntry = 256;
 enum DataType { Utf16 = 2 };
 
+/** The four characters of an atom's name as one number. */
+using Name = quint32;
+
+Name nameOf(QByteArrayView four)
+{
+    return qFromBigEndian<Name>(four.data());
+}
+
 struct Atom
 {
-    QByteArray name;
+    Name name = 0;
     qint64 content = 0;
     qint64 end = 0;
 };
 
 std::optional<Atom> atomAt(SongStream &stream, qint64 offset)
 {
-    const QByteArray head = stream.bytesAt(offset, 2 * AtomHead);
+    const QByteArrayView head = stream.viewAt(offset, 2 * AtomHead);
     if (head.size() < AtomHead)
         return {};
-    qint64 length = qFromBigEndian<quint32>(head.constData());
+    qint64 length = qFromBigEndian<quint32>(head.data());
     qint64 headLength = AtomHead;
     if (length == 1 && head.size() == 2 * AtomHead) {
         headLength = 2 * AtomHead;
-        length = qFromBigEndian<qint64>(head.constData() + AtomHead);
+        length = qFromBigEndian<qint64>(head.data() + AtomHead);
     } else if (length == 0) {
         length = stream.size() - offset;
     }
     if (length < headLength)
         return {};
-    return Atom{head.mid(4, 4), offset + headLength, offset + std::min(length, stream.size() - offset)};
+    return Atom{nameOf(head.sliced(4)), offset + headLength,
+                offset + std::min(length, stream.size() - offset)};
 }
 
 /** Bytes between an atom's head and its first child; nothing for an atom without children. */
 std::optional<qint64> beforeChildren(SongStream &stream, const Atom &atom)
 {
-    static constexpr std::array<std::string_view, 9> plain{"moov", "udta", "mdia", "ilst", "stbl",
-                                                           "minf", "moof", "traf", "trak"};
-    const std::string_view name(atom.name.constData(), 4);
-    if (name == "stsd")
+    static const std::array plain{nameOf("moov"), nameOf("udta"), nameOf("mdia"),
+                                  nameOf("ilst"), nameOf("stbl"), nameOf("minf"),
+                                  nameOf("moof"), nameOf("traf"), nameOf("trak")};
+    if (atom.name == nameOf("stsd"))
         return 8;
     // Usually four bytes of version stand in front; some writers leave them out.
-    if (name == "meta")
-        return stream.bytesAt(atom.content + 4, 4) == "hdlr" ? 0 : 4;
-    if (std::ranges::find(plain, name) != plain.end())
+    if (atom.name == nameOf("meta"))
+        return stream.viewAt(atom.content + 4, 4) == "hdlr" ? 0 : 4;
+    if (std::ranges::find(plain, atom.name) != plain.end())
         return 0;
     return {};
 }
@@ -108,11 +116,11 @@ public:
 
     [[nodiscard]] qint64 number(const char *name) const
     {
-        const QByteArray bytes = value(name).mid(AtomHead);
-        if (bytes.size() > 8)
+        const QByteArrayView bytes = value(name);
+        if (bytes.size() <= AtomHead || bytes.size() > AtomHead + 8)
             return 0;
         qint64 result = 0;
-        for (const char c : bytes)
+        for (const char c : bytes.sliced(AtomHead))
             result = result << 8 | static_cast<uchar>(c);
         return result;
     }
@@ -120,10 +128,10 @@ public:
     /** A text that claims to be UTF-8 and is not, too. */
     [[nodiscard]] QString text(const char *name) const
     {
-        const QByteArray bytes = value(name);
+        const QByteArrayView bytes = value(name);
         if (bytes.size() <= AtomHead)
             return {};
-        const QByteArray content = bytes.mid(AtomHead);
+        const QByteArrayView content = bytes.sliced(AtomHead);
         if (bytes[3] == Utf16)
             return QStringDecoder(QStringDecoder::Utf16BE)(content);
         return fromTagBytes(content);
@@ -140,29 +148,29 @@ private:
                 return;
             if (inTagList && !m_entries.contains(atom->name))
                 m_entries.insert(atom->name, atom->content);
-            if (m_sound < 0 && atom->name == "mp4a")
+            if (m_sound < 0 && atom->name == nameOf("mp4a"))
                 m_sound = atom->content;
             if (const auto skipped = beforeChildren(m_stream, *atom))
-                walk(atom->content + *skipped, atom->end, depth + 1, atom->name == "ilst");
+                walk(atom->content + *skipped, atom->end, depth + 1, atom->name == nameOf("ilst"));
             offset = atom->end;
         }
     }
 
     /** Four bytes of type, four of country, and the value itself. */
-    [[nodiscard]] QByteArray value(const char *name) const
+    [[nodiscard]] QByteArrayView value(const char *name) const
     {
-        const auto found = m_entries.constFind(name);
+        const auto found = m_entries.constFind(nameOf(name));
         if (found == m_entries.constEnd())
             return {};
         const auto data = atomAt(m_stream, *found);
-        if (!data || data->name != "data")
+        if (!data || data->name != nameOf("data"))
             return {};
-        return m_stream.bytesAt(data->content, std::min(data->end - data->content, LongestText));
+        return m_stream.viewAt(data->content, std::min(data->end - data->content, LongestText));
     }
 
     SongStream &m_stream;
     qint64 m_sound = -1;
-    QHash<QByteArray, qint64> m_entries;
+    QHash<Name, qint64> m_entries;
 };
 
 QString textOf(const TagLib::MP4::ItemMap &items, const TagList &list, const char *name)

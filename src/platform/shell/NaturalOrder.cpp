@@ -3,6 +3,8 @@
 
 #include <unicode/ucol.h>
 
+#include <algorithm>
+
 namespace shell {
 
 void NaturalOrder::Close::operator()(UCollator *collator) const
@@ -19,25 +21,19 @@ NaturalOrder::NaturalOrder()
 
 NaturalOrder::~NaturalOrder() = default;
 
-QByteArray NaturalOrder::key(const QString &name) const
+bool NaturalOrder::isLess(const QString &left, const QString &right) const
 {
-    QByteArray tieBreak = name.toUtf8();
-    if (!m_collator)
-        return tieBreak;
-    const auto *units = reinterpret_cast<const UChar *>(name.utf16());
-    const auto length = static_cast<int32_t>(name.size());
-    QByteArray key(4 * name.size() + 16, Qt::Uninitialized);
-    const auto fill = [&] {
-        return ucol_getSortKey(m_collator.get(), units, length, reinterpret_cast<uint8_t *>(key.data()),
-                               static_cast<int32_t>(key.size()));
-    };
-    int32_t needed = fill();
-    if (needed > key.size()) {
-        key.resize(needed);
-        needed = fill();
-    }
-    key.truncate(needed);
-    return key + tieBreak;
+    const auto units = [](const QString &name) { return reinterpret_cast<const UChar *>(name.utf16()); };
+    const int order = m_collator
+                          ? ucol_strcoll(m_collator.get(), units(left), static_cast<int32_t>(left.size()),
+                                         units(right), static_cast<int32_t>(right.size()))
+                          : UCOL_EQUAL;
+    return order == UCOL_EQUAL ? left.toUtf8() < right.toUtf8() : order == UCOL_LESS;
+}
+
+void NaturalOrder::sort(std::vector<Entry> &entries) const
+{
+    std::ranges::sort(entries, [this](const Entry &a, const Entry &b) { return isLess(a.name, b.name); });
 }
 
 } // namespace shell

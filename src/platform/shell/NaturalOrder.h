@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include "platform/shell/Shell.h"
 
 #include <memory>
 
@@ -21,10 +20,11 @@ public:
     ~NaturalOrder();
     Q_DISABLE_COPY_MOVE(NaturalOrder)
 
-    /** Keys compare byte by byte as their names do. */
-    [[nodiscard]] QByteArray key(const QString &name) const;
+    void sort(std::vector<Entry> &entries) const;
 
 private:
+    [[nodiscard]] bool isLess(const QString &left, const QString &right) const;
+
     struct Close
     {
         void operator()(UCollator *collator) const;

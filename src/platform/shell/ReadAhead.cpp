@@ -18,12 +18,10 @@ void DetailSlot::prepare()
     m_state.notify_all();
 }
 
-const SongDetails &DetailSlot::details()
+void DetailSlot::wait() const
 {
-    prepare();
     for (State state = m_state.load(); state != Done; state = m_state.load())
         m_state.wait(state);
-    return m_details;
 }
 
 void DetailSlot::abandon()
@@ -34,30 +32,62 @@ void DetailSlot::abandon()
 
 ReadAhead::~ReadAhead()
 {
-    for (std::jthread &thread : m_threads)
-        thread.request_stop();
-}
-
-void ReadAhead::enqueue(std::shared_ptr<DetailSlot> slot)
-{
     {
         const std::scoped_lock lock(m_mutex);
-        m_queue.push_back(std::move(slot));
+        m_stopped = true;
     }
-    while (std::ssize(m_threads) < m_threadCount)
-        m_threads.emplace_back([this](const std::stop_token &stop) { run(stop); });
-    m_arrived.notify_one();
+    m_arrived.notify_all();
+    for (std::thread &thread : m_threads)
+        thread.join();
 }
 
-void ReadAhead::run(const std::stop_token &stop)
+void ReadAhead::enqueue(const Slots &more)
+{
+    bool sleeping = false;
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_queue.insert(m_queue.end(), more.begin(), more.end());
+        sleeping = m_idle > 0;
+    }
+    while (std::ssize(m_threads) < m_threadCount)
+        m_threads.emplace_back([this] { run(); });
+    if (sleeping)
+        m_arrived.notify_one();
+}
+
+const SongDetails &ReadAhead::detailsOf(DetailSlot &slot)
+{
+    slot.prepare();
+    // To sleep until the other thread is done would cost more than to do some of what comes next.
+    while (!slot.isDone()) {
+        if (const auto next = takeNext())
+            next->prepare();
+        else
+            slot.wait();
+    }
+    return slot.details();
+}
+
+std::shared_ptr<DetailSlot> ReadAhead::takeNext()
+{
+    const std::scoped_lock lock(m_mutex);
+    if (m_queue.empty())
+        return nullptr;
+    auto next = std::move(m_queue.front());
+    m_queue.pop_front();
+    return next;
+}
+
+void ReadAhead::run()
 {
     for (;;) {
         std::shared_ptr<DetailSlot> slot;
         {
             std::unique_lock lock(m_mutex);
-            if (!m_arrived.wait(lock, stop, [this] { return !m_queue.empty(); }))
-                return;
-            if (stop.stop_requested())
+            ++m_idle;
+            m_arrived.wait(lock, [this] { return m_stopped || !m_queue.empty(); });
+            --m_idle;
+            if (m_stopped)
                 return;
             slot = std::move(m_queue.front());
             m_queue.pop_front();

@@ -8,7 +8,6 @@
 #include <deque>
 #include <memory>
 #include <mutex>
-#include <stop_token>
 #include <thread>
 #include <vector>
 
@@ -20,10 +19,13 @@ class DetailSlot final
 public:
     explicit DetailSlot(QByteArray path) : m_path(std::move(path)) {}
 
-    /** Reads the file, or waits until the thread that has begun is done. */
-    [[nodiscard]] const SongDetails &details();
     /** Reads the file unless that has been begun or isn't wanted any more. */
     void prepare();
+    [[nodiscard]] bool isDone() const { return m_state.load(std::memory_order_acquire) == Done; }
+    /** Until the thread that has begun is done. */
+    void wait() const;
+    /** Once it is done. */
+    [[nodiscard]] const SongDetails &details() const { return m_details; }
     /** From here on nobody will ask; a reading under way ends by itself. */
     void abandon();
 
@@ -40,21 +42,28 @@ private:
 class ReadAhead final
 {
 public:
+    using Slots = std::vector<std::shared_ptr<DetailSlot>>;
+
     explicit ReadAhead(int threads) : m_threadCount(threads) {}
     ~ReadAhead();
     Q_DISABLE_COPY_MOVE(ReadAhead)
 
     [[nodiscard]] bool isOn() const { return m_threadCount > 0; }
-    void enqueue(std::shared_ptr<DetailSlot> slot);
+    void enqueue(const Slots &more);
+    /** Reads the slot's file, or others that are queued while a thread does so. */
+    [[nodiscard]] const SongDetails &detailsOf(DetailSlot &slot);
 
 private:
-    void run(const std::stop_token &stop);
+    void run();
+    [[nodiscard]] std::shared_ptr<DetailSlot> takeNext();
 
     int m_threadCount;
     std::mutex m_mutex;
-    std::condition_variable_any m_arrived;
+    std::condition_variable m_arrived;
     std::deque<std::shared_ptr<DetailSlot>> m_queue;
-    std::vector<std::jthread> m_threads;
+    int m_idle = 0;
+    bool m_stopped = false;
+    std::vector<std::thread> m_threads;
 };
 
 } // namespace shell

@@ -20,6 +20,8 @@ struct Entry
 {
     QString name;
     EntryKind kind = EntryKind::Other;
+    /** A link; the kind is that of what it leads to. */
+    bool isLink = false;
 };
 
 /** A folder as the file system knows it, whatever path led there. */
@@ -46,6 +48,8 @@ class Item
 public:
     virtual ~Item() = default;
     [[nodiscard]] virtual QString name() const = 0;
+    /** True when there is a plain file of that name as this is first asked. */
+    [[nodiscard]] virtual bool isFile() const = 0;
     /**
      * The text of a property column, empty when the file doesn't have it or can't be read.
      * Columns: 1 size, 2 type, 6 attributes (a "D" for a folder); of version 5: 10, 14, 16 to 22;
@@ -83,6 +87,9 @@ public:
     [[nodiscard]] virtual std::vector<Entry> search(const QString &folder,
                                                     QStringList *refused = nullptr) = 0;
 
+    /** See ListingsKept. */
+    virtual void keepListings(bool) {}
+
     /** Nothing when the folder is gone, or is on a pseudo file system (proc, sysfs, devtmpfs ...). */
     [[nodiscard]] virtual std::optional<FolderIdentity> identity(const QString &folder) = 0;
 
@@ -94,6 +101,23 @@ public:
     [[nodiscard]] virtual double version() const = 0;
     /** True when the shell shows names without their extensions. */
     [[nodiscard]] virtual bool hideFileExt() const = 0;
+};
+
+/**
+ * For the length of a walk, which calls search() for its folders and later NameSpace() in the same order:
+ * a folder that hasn't changed in between is not listed again, and the details of the next folders' files
+ * may be read ahead.
+ */
+class ListingsKept final
+{
+public:
+    explicit ListingsKept(Shell &shell) : m_shell(shell) { m_shell.keepListings(true); }
+    ~ListingsKept() { m_shell.keepListings(false); }
+    ListingsKept(const ListingsKept &) = delete;
+    ListingsKept &operator=(const ListingsKept &) = delete;
+
+private:
+    Shell &m_shell;
 };
 
 /** What a run may set otherwise; the defaults are what this platform reports. */

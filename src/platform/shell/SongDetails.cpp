@@ -22,7 +22,7 @@ struct Type
     Reader read;
 };
 
-constexpr std::array Types{
+constexpr std::array<Type, SongTypes> Types{
     Type{"mp3"_L1, readMpeg}, Type{"m4a"_L1, readMp4}, Type{"wma"_L1, readAsf},   Type{"wav"_L1, readWav},
     Type{"aac"_L1, readAdts}, Type{"ogg"_L1, readOgg}, Type{"flac"_L1, readFlac}, Type{"mp4"_L1, readMp4},
 };
@@ -60,10 +60,10 @@ Reader readerByHead(SongStream &stream)
     return isAdtsHead(sound) ? readAdts : nullptr;
 }
 
-QString extensionOf(const QString &name)
+QStringView extensionOf(QStringView name)
 {
     const qsizetype dot = name.lastIndexOf(u'.');
-    return dot < 0 ? QString() : name.mid(dot + 1);
+    return dot < 0 ? QStringView() : name.sliced(dot + 1);
 }
 
 void read(const QByteArray &path, SongDetails &details)
@@ -118,9 +118,10 @@ SongDetails readSongDetails(const QByteArray &path)
     return details;
 }
 
-bool isSongName(const QString &fileName)
+int songTypeOf(QStringView fileName)
 {
-    return typeByExtension(extensionOf(fileName)) != nullptr;
+    const Type *type = typeByExtension(extensionOf(fileName));
+    return type ? static_cast<int>(type - Types.data()) : -1;
 }
 
 } // namespace shell

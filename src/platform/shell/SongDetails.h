@@ -35,7 +35,8 @@ struct SongDetails
  */
 [[nodiscard]] SongDetails readSongDetails(const QByteArray &path);
 
-/** True for the extensions of the eight types; case doesn't matter. */
-[[nodiscard]] bool isSongName(const QString &fileName);
+inline constexpr int SongTypes = 8;
+/** Which of the types the extension tells, from 0 on; -1 for none. Case doesn't matter. */
+[[nodiscard]] int songTypeOf(QStringView fileName);
 
 } // namespace shell

@@ -40,7 +40,26 @@ int openForReading(const QByteArray &path)
     return fd;
 }
 
+/** The memory of a stream that is gone, for the next one of the same thread. */
+std::unique_ptr<char[]> &spareMemory()
+{
+    thread_local std::unique_ptr<char[]> spare;
+    return spare;
+}
+
 } // namespace
+
+// Fresh memory of that size for every file would have the allocator tidy up after each.
+SongStream::Buffer::Buffer() : m_bytes(std::move(spareMemory()))
+{
+    if (!m_bytes)
+        m_bytes = std::make_unique_for_overwrite<char[]>(HeadSize + LargestWindow);
+}
+
+SongStream::Buffer::~Buffer()
+{
+    spareMemory() = std::move(m_bytes);
+}
 
 SongStream::Descriptor::~Descriptor()
 {
@@ -62,15 +81,16 @@ SongStream::SongStream(const QByteArray &path)
     if (!S_ISREG(about.st_mode))
         throw Unreadable(u"Not a regular file"_s);
     m_size = about.st_size;
-    m_head.bytes = std::make_unique_for_overwrite<char[]>(HeadSize);
-    m_head.length = readInto(m_head.bytes.get(), 0, std::min<qint64>(HeadSize, m_size));
+    m_head.bytes = m_buffer.bytes();
+    m_head.length = readInto(m_head.bytes, 0, std::min<qint64>(HeadSize, m_size));
+    m_window.bytes = m_head.bytes + HeadSize;
 }
 
 SongStream::~SongStream() = default;
 
 QByteArrayView SongStream::head(qsizetype length) const
 {
-    return {m_head.bytes.get(), std::min(length, m_head.length)};
+    return {m_head.bytes, std::min(length, m_head.length)};
 }
 
 qsizetype SongStream::readInto(char *to, qint64 offset, qsizetype count) const
@@ -99,10 +119,8 @@ void SongStream::moveWindow(qint64 offset, qsizetype count)
     if (offset < m_window.start && m_window.length > 0)
         start = offset + count - length;
     start = std::max<qint64>(0, std::min(start, m_size - length));
-    if (!m_window.bytes)
-        m_window.bytes = std::make_unique_for_overwrite<char[]>(LargestWindow);
     m_window.length = 0;
-    m_window.length = readInto(m_window.bytes.get(), start, std::min<qint64>(length, m_size - start));
+    m_window.length = readInto(m_window.bytes, start, std::min<qint64>(length, m_size - start));
     m_window.start = start;
 }
 
@@ -120,23 +138,32 @@ bool SongStream::spend(qsizetype count)
 
 QByteArray SongStream::bytesAt(qint64 offset, qsizetype length)
 {
-    if (offset < 0 || offset >= m_size || length <= 0)
+    if (length <= LargestWindow)
+        return viewAt(offset, length).toByteArray();
+    if (offset < 0 || offset >= m_size)
         return {};
     length = std::min<qint64>({length, m_size - offset, LargestBlock});
     if (!spend(length))
         return {};
+    QByteArray bytes(length, Qt::Uninitialized);
+    bytes.truncate(readInto(bytes.data(), offset, length));
+    return bytes;
+}
+
+QByteArrayView SongStream::viewAt(qint64 offset, qsizetype length)
+{
+    if (offset < 0 || offset >= m_size || length <= 0)
+        return {};
+    length = std::min<qint64>({length, m_size - offset, LargestWindow});
+    if (!spend(length))
+        return {};
     if (m_head.holds(offset, length))
-        return {m_head.bytes.get() + offset, length};
-    if (length > LargestWindow) {
-        QByteArray bytes(length, Qt::Uninitialized);
-        bytes.truncate(readInto(bytes.data(), offset, length));
-        return bytes;
-    }
+        return {m_head.bytes + offset, length};
     if (!m_window.holds(offset, length))
         moveWindow(offset, length);
     if (!m_window.holds(offset, length))
         return {};
-    return {m_window.bytes.get() + (offset - m_window.start), length};
+    return {m_window.bytes + (offset - m_window.start), length};
 }
 
 TagLib::ByteVector SongStream::readBlock(unsigned long length)
@@ -152,7 +179,7 @@ TagLib::ByteVector SongStream::readBlock(unsigned long length)
         return {};
     m_position += count;
     if (m_head.holds(offset, count))
-        return {m_head.bytes.get() + offset, static_cast<unsigned>(count)};
+        return {m_head.bytes + offset, static_cast<unsigned>(count)};
     if (count > LargestWindow) {
         TagLib::ByteVector block(static_cast<unsigned>(count));
         block.resize(static_cast<unsigned>(readInto(block.data(), offset, count)));
@@ -162,7 +189,7 @@ TagLib::ByteVector SongStream::readBlock(unsigned long length)
         moveWindow(offset, count);
     if (!m_window.holds(offset, count))
         return {};
-    return {m_window.bytes.get() + (offset - m_window.start), static_cast<unsigned>(count)};
+    return {m_window.bytes + (offset - m_window.start), static_cast<unsigned>(count)};
 }
 
 void SongStream::seek(long offset, Position from)

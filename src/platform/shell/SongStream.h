@@ -43,6 +43,8 @@ public:
     [[nodiscard]] QByteArrayView head(qsizetype length) const;
     /** Bytes from anywhere, cut at the file's end, without moving the position. */
     [[nodiscard]] QByteArray bytesAt(qint64 offset, qsizetype length);
+    /** The same without a copy, for no more than 64 KB; valid until the next reading. */
+    [[nodiscard]] QByteArrayView viewAt(qint64 offset, qsizetype length);
 
     TagLib::FileName name() const override { return m_path.constData(); }
     TagLib::ByteVector readBlock(unsigned long length) override;
@@ -57,9 +59,21 @@ public:
     void truncate(long) override {}
 
 private:
+    /** Room for the head and the largest window. */
+    class Buffer
+    {
+    public:
+        Buffer();
+        ~Buffer();
+        Q_DISABLE_COPY_MOVE(Buffer)
+        [[nodiscard]] char *bytes() const { return m_bytes.get(); }
+
+    private:
+        std::unique_ptr<char[]> m_bytes;
+    };
     struct Window
     {
-        std::unique_ptr<char[]> bytes;
+        char *bytes = nullptr;
         qint64 start = 0;
         qsizetype length = 0;
         [[nodiscard]] bool holds(qint64 offset, qsizetype count) const;
@@ -84,6 +98,7 @@ private:
     Descriptor m_file;
     qint64 m_size = 0;
     qint64 m_position = 0;
+    Buffer m_buffer;
     Window m_head;
     Window m_window;
     qsizetype m_windowSize;

@@ -10,6 +10,7 @@
 
 #include <QtMath>
 
+#include <algorithm>
 #include <mutex>
 
 using namespace Qt::StringLiterals;
@@ -73,13 +74,14 @@ struct InfoText final : TagLib::RIFF::Info::StringHandler
 
 QString fromTag(const TagLib::String &text)
 {
-    QString result;
-    result.reserve(text.size());
-    for (const wchar_t unit : text) {
-        if (unit == L'\0')
-            break;
-        result += QChar::fromUcs4(static_cast<char32_t>(unit));
-    }
+    const auto *units = text.toCWString();
+    const auto count = static_cast<qsizetype>(text.size());
+    const auto *end = std::find(units, units + count, L'\0');
+    // TagLib's characters are UTF-16 units, though each has room for more.
+    if (std::any_of(units, end, [](wchar_t unit) { return static_cast<char32_t>(unit) > 0xFFFF; }))
+        return QString::fromWCharArray(units, end - units);
+    QString result(end - units, Qt::Uninitialized);
+    std::copy(units, end, reinterpret_cast<char16_t *>(result.data()));
     return result;
 }
 

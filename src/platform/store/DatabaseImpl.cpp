@@ -132,6 +132,7 @@ DatabaseImpl::DatabaseImpl(const QString &path, const Schema &schema, Workspace 
 
 DatabaseImpl::~DatabaseImpl()
 {
+    m_walks.abandon();
     // While one is open, the log stays beside the file.
     for (const auto &probe : m_probes) {
         if (const auto open = probe.lock())
@@ -283,6 +284,7 @@ void DatabaseImpl::assertPresent() const
 
 void DatabaseImpl::change(const std::function<void()> &run)
 {
+    m_walks.finish();
     const bool ownTransaction = !m_connection->inTransaction();
     if (ownTransaction) {
         assertWritable();
@@ -318,23 +320,44 @@ bool DatabaseImpl::unchangedSince(quint64 stamp, const QString &table, const QSt
 
 void DatabaseImpl::begin(int depth)
 {
+    m_walks.finish();
     if (!m_connection->inTransaction()) {
         assertWritable();
         m_connection->execute("BEGIN IMMEDIATE");
     }
-    m_connection->execute("SAVEPOINT level" + QByteArray::number(depth));
+    Level &level = levelAt(depth);
+    level.begin.step();
+    level.begin.reset();
+}
+
+DatabaseImpl::Level &DatabaseImpl::levelAt(int depth)
+{
+    const auto index = static_cast<std::size_t>(depth);
+    if (m_levels.size() <= index)
+        m_levels.resize(index + 1);
+    Level &level = m_levels[index];
+    if (!level.begin) {
+        const QByteArray name = "level" + QByteArray::number(depth);
+        level.begin = m_connection->prepare("SAVEPOINT " + name, true);
+        level.release = m_connection->prepare("RELEASE " + name, true);
+    }
+    return level;
 }
 
 void DatabaseImpl::commit(int depth)
 {
-    if (m_connection->inTransaction())
-        m_connection->execute("RELEASE level" + QByteArray::number(depth));
+    if (m_connection->inTransaction()) {
+        Level &level = levelAt(depth);
+        level.release.step();
+        level.release.reset();
+    }
     if (depth == 1)
         commitWhenDue();
 }
 
 void DatabaseImpl::rollback(int depth)
 {
+    m_walks.finish();
     everythingTouched();
     if (!m_connection->inTransaction())
         return;
@@ -358,6 +381,7 @@ void DatabaseImpl::commitPhysically()
     m_rowsAtCommit = m_connection->totalChanges();
     if (!m_connection->inTransaction())
         return;
+    m_walks.finish();
     try {
         m_connection->execute("COMMIT");
     } catch (...) {
@@ -371,6 +395,7 @@ void DatabaseImpl::commitPhysically()
 void DatabaseImpl::startBulk(const QString &table)
 {
     commitPhysically();
+    m_walks.finish();
     assertWritable();
     m_connection->execute("PRAGMA synchronous = NORMAL; PRAGMA wal_autocheckpoint = 20000");
     const TableInfo *info = this->table(table);
@@ -395,6 +420,7 @@ bool DatabaseImpl::bulkStep()
     const QByteArray index = nextMissingIndex();
     if (index.isEmpty())
         return false;
+    m_walks.finish();
     m_connection->execute(index);
     return true;
 }

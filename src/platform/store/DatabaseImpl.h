@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/store/Dao.h"
+#include "platform/store/KeyWalk.h"
 #include "platform/store/Scope.h"
 #include "platform/store/Sqlite.h"
 
@@ -52,6 +53,9 @@ public:
     [[nodiscard]] Workspace &workspace() { return m_workspace; }
     [[nodiscard]] const Schema &schema() const { return m_schema; }
 
+    /** The walks of recordsets that are not read to their end; every change ends them first. */
+    [[nodiscard]] OpenWalks &walks() { return m_walks; }
+
     /** Runs one changing statement: in the pending transaction, or in one of its own. @throws 3027, 3024. */
     void change(const std::function<void()> &run);
 
@@ -73,6 +77,13 @@ public:
     void setPassword(const QString &oldPassword, const QString &newPassword);
 
 private:
+    /** The statements of a transaction within others; there is one for every folder of a scan. */
+    struct Level
+    {
+        Statement begin;
+        Statement release;
+    };
+    [[nodiscard]] Level &levelAt(int depth);
     void prepareConnection();
     void migrate();
     void checkPassword(const QString &password);
@@ -87,6 +98,8 @@ private:
     Workspace &m_workspace;
     CatalogueFile m_file;
     std::unique_ptr<Connection> m_connection;
+    std::vector<Level> m_levels;
+    OpenWalks m_walks;
     quint64 m_inode = 0;
     LoadedNames m_names;
     std::vector<std::weak_ptr<ProbeConnection>> m_probes;

@@ -53,6 +53,22 @@ QString literalPrefix(const QString &pattern)
 
 } // namespace
 
+bool leavesIndexesUnused(const Expr &condition)
+{
+    const auto does = [](const auto &arg) { return leavesIndexesUnused(*arg); };
+    switch (condition.kind) {
+    case ExprKind::Like:
+        return condition.negated || (condition.args[1]->kind == ExprKind::Text &&
+                                     literalPrefix(condition.args[1]->text).isEmpty());
+    case ExprKind::AndOr:
+        // One such term of an OR is enough to ask for every row.
+        return condition.text == "OR"_L1 ? std::any_of(condition.args.begin(), condition.args.end(), does)
+                                         : std::all_of(condition.args.begin(), condition.args.end(), does);
+    default:
+        return false;
+    }
+}
+
 Emitted ExprEmitter::emit(const Expr &expr)
 {
     switch (expr.kind) {

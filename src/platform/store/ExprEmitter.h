@@ -17,6 +17,9 @@ struct Emitted
     bool isColumn = false;
 };
 
+/** True for a condition that has to look at every row, such as a Like that begins with a star. */
+[[nodiscard]] bool leavesIndexesUnused(const ast::Expr &condition);
+
 /** Writes expressions for SQLite. */
 class ExprEmitter final
 {

@@ -111,8 +111,11 @@ SelectPlan Planner::select(const ast::Select &select, const Scope *outer)
     plan.from = from(*select.from, plan, mentionsOf(select));
     ExprEmitter emitter(plan.scope, m_names, subselectWriter());
     outputs(select, plan, emitter);
-    if (select.where)
+    if (select.where) {
         plan.where = emitter.emit(*select.where).sql;
+        const bool oneTable = plan.scope.sources.size() == 1 && plan.from.startsWith('"');
+        plan.scansTable = oneTable && leavesIndexesUnused(*select.where);
+    }
     for (const auto &expr : select.groupBy)
         plan.groupBy += (plan.groupBy.isEmpty() ? "" : ", ") + emitter.emitCollated(*expr);
     if (select.having)

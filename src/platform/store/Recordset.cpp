@@ -115,7 +115,7 @@ qint64 Recordset::positionOf(Bookmark mark)
 {
     m_impl->ensureRows();
     if (m_impl->rows.isKeyed())
-        return m_impl->rows.keys().positionOf(mark.key);
+        return m_impl->rows.positionOf(mark.key);
     return mark.key >= 0 && mark.key < m_impl->rows.count() ? mark.key : -1;
 }
 
@@ -123,7 +123,7 @@ Bookmark Recordset::bookmarkAt(qint64 position)
 {
     if (position < 0 || position >= m_impl->count())
         throw DaoError(NoCurrentRecord, u"No current record."_s);
-    return {m_impl->rows.isKeyed() ? m_impl->rows.keys().at(position) : position};
+    return {m_impl->rows.isKeyed() ? m_impl->rows.keyAt(position) : position};
 }
 
 void Recordset::FindFirst(const QString &criteria)

@@ -10,6 +10,21 @@ using namespace Qt::StringLiterals;
 
 namespace dao {
 
+void EditBuffer::set(int field, const QVariant &stored)
+{
+    const auto place = std::ranges::find(m_values, field, &Value::field);
+    if (place != m_values.end())
+        place->stored = stored;
+    else
+        m_values.push_back({field, stored});
+}
+
+const QVariant *EditBuffer::find(int field) const
+{
+    const auto place = std::ranges::find(m_values, field, &Value::field);
+    return place != m_values.end() ? &place->stored : nullptr;
+}
+
 RecordsetImpl::RecordsetImpl(DatabaseImpl &db, SelectPlan plan, RecordsetType recordsetType)
     : database(db), rows(db, std::move(plan), recordsetType), type(recordsetType)
 {}
@@ -50,12 +65,12 @@ void RecordsetImpl::ensureRows()
     place = before;
     if (key) {
         m_key = key;
-        const qint64 found = rows.keys().positionOf(*key);
+        const qint64 found = rows.positionOf(*key);
         m_position = found < 0 ? m_position : found;
         deletedCurrent = found < 0;
     } else if (deleted) {
         deletedCurrent = true;
-        const qint64 next = m_behind && *m_behind ? rows.keys().positionOf(**m_behind) : -1;
+        const qint64 next = m_behind && *m_behind ? rows.positionOf(**m_behind) : -1;
         if (m_behind)
             m_position = next < 0 ? rows.count() : next;
         m_behind.reset();
@@ -91,7 +106,7 @@ void RecordsetImpl::goTo(qint64 target)
     m_position = std::clamp<qint64>(target, 0, std::max<qint64>(0, rows.count()));
     place = target < 0 ? Place::Before : target >= rows.count() ? Place::Behind : Place::Row;
     if (place == Place::Row && type == RecordsetType::Table)
-        m_key = rows.keys().at(m_position);
+        m_key = rows.keyAt(m_position);
 }
 
 qint64 RecordsetImpl::position()
@@ -116,7 +131,7 @@ qint64 RecordsetImpl::currentKey()
     assertRow();
     if (!rows.isKeyed())
         return m_position;
-    return m_key ? *m_key : rows.keys().at(m_position);
+    return m_key ? *m_key : rows.keyAt(m_position);
 }
 
 int RecordsetImpl::requireField(const QString &name)
@@ -130,10 +145,12 @@ int RecordsetImpl::requireField(const QString &name)
 QVariant RecordsetImpl::value(const QString &name)
 {
     const int field = requireField(name);
-    if (mode == Mode::Add)
-        return m_buffer.value(field);
-    if (mode == Mode::Edit && m_buffer.contains(field))
-        return m_buffer.value(field);
+    if (mode != Mode::None) {
+        if (const QVariant *written = m_buffer.find(field))
+            return RecordsetRows::typed(*written, rows.fields()[field].type);
+        if (mode == Mode::Add)
+            return {};
+    }
     assertRow();
     if (type == RecordsetType::Table && m_key)
         return rows.storedValue(*m_key, field);
@@ -210,10 +227,7 @@ void RecordsetImpl::setValue(const QString &name, const QVariant &value)
     const Field &field = rows.fields()[place_];
     if (field.sourceField.isEmpty())
         throw DaoError(ReadOnly, u"Cannot update.  The field '%1' is read-only."_s.arg(name));
-    const QVariant stored = toStored(field, value);
-    m_buffer.insert(place_, field.type == FieldType::Date && !stored.isNull()
-                                ? QVariant(dateFromStored(stored.toString()))
-                                : stored);
+    m_buffer.set(place_, toStored(field, value));
 }
 
 void RecordsetImpl::update()
@@ -224,13 +238,15 @@ void RecordsetImpl::update()
         insertRow();
     else
         updateRow();
-    QStringList fields;
-    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
-        fields.append(rows.fields()[it.key()].sourceField);
     const bool added = mode == Mode::Add;
+    QStringList changed;
+    for (const EditBuffer::Value &value : m_buffer) {
+        if (!added)
+            changed.append(rows.fields()[value.field].sourceField);
+    }
     cancelUpdate();
     if (!added)
-        database.touched(rows.plan().baseTable, fields);
+        database.touched(rows.plan().baseTable, changed);
     else if (type != RecordsetType::Table)
         rows.appendKey(lastModified.key);
     if (added && place == Place::Behind && rows.count() == 1)
@@ -239,16 +255,16 @@ void RecordsetImpl::update()
 
 Statement &RecordsetImpl::insertStatement()
 {
-    QString set = u"insert"_s;
-    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
-        set += QChar(it.key() + 1);
-    Statement &statement = m_statements[set];
+    m_insertFields.clear();
+    for (const EditBuffer::Value &value : m_buffer)
+        m_insertFields.push_back(value.field);
+    Statement &statement = m_inserts[m_insertFields];
     if (statement)
         return statement;
     QByteArrayList names;
     QByteArrayList marks;
-    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it) {
-        names.append(quotedName(rows.fields()[it.key()].sourceField));
+    for (const int field : m_insertFields) {
+        names.append(quotedName(rows.fields()[field].sourceField));
         marks.append("?" + QByteArray::number(marks.size() + 1));
     }
     const QByteArray values = names.isEmpty()
@@ -264,8 +280,8 @@ void RecordsetImpl::insertRow()
     database.change([this] {
         Statement &insert = insertStatement();
         int parameter = 1;
-        for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
-            insert.bind(parameter++, toStored(rows.fields()[it.key()], it.value()));
+        for (const EditBuffer::Value &value : m_buffer)
+            insert.bind(parameter++, value.stored);
         insert.step();
         insert.reset();
         lastModified = {database.connection().lastInsertKey()};
@@ -276,9 +292,9 @@ void RecordsetImpl::updateRow()
 {
     const TableInfo *table = database.table(rows.plan().baseTable);
     QByteArray assignments;
-    for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
+    for (const EditBuffer::Value &value : m_buffer)
         assignments +=
-            (assignments.isEmpty() ? "" : ", ") + quotedName(rows.fields()[it.key()].sourceField) + " = ?";
+            (assignments.isEmpty() ? "" : ", ") + quotedName(rows.fields()[value.field].sourceField) + " = ?";
     database.change([&] {
         if (rows.freshRow(m_editedKey) != std::optional(m_original))
             throw DaoError(ChangedByAnother,
@@ -290,8 +306,8 @@ void RecordsetImpl::updateRow()
             database.connection().prepare("UPDATE " + quotedName(table->name) + " SET " + assignments +
                                           " WHERE " + quotedName(table->keyColumn) + " = ?");
         int parameter = 1;
-        for (auto it = m_buffer.cbegin(); it != m_buffer.cend(); ++it)
-            change.bind(parameter++, toStored(rows.fields()[it.key()], it.value()));
+        for (const EditBuffer::Value &value : m_buffer)
+            change.bind(parameter++, value.stored);
         change.bind(parameter, m_editedKey);
         change.step();
     });

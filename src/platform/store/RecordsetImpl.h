@@ -22,17 +22,21 @@ public:
     void release();
     [[nodiscard]] const QList<Field> &fields() const { return m_fields; }
     [[nodiscard]] int fieldIndex(const QString &name) const;
-    [[nodiscard]] qint64 count() const { return m_plan.isKeyed() ? m_keys.size() : m_count; }
+    [[nodiscard]] qint64 count() const;
     [[nodiscard]] const SelectPlan &plan() const { return m_plan; }
     [[nodiscard]] bool isKeyed() const { return m_plan.isKeyed(); }
-    [[nodiscard]] const KeySet &keys() const { return m_keys; }
-    void appendKey(qint64 key) { m_keys.append(key); }
+    [[nodiscard]] qint64 keyAt(qint64 position) const;
+    /** The first place of a key, -1 without it. */
+    [[nodiscard]] qint64 positionOf(qint64 key) const;
+    void appendKey(qint64 key);
     void remove(qint64 position);
 
     /** @throws 3167 when the row was deleted. */
     [[nodiscard]] QVariant value(qint64 position, int field) const;
     /** A stored field of the row of that key, in the set or not. */
     [[nodiscard]] QVariant storedValue(qint64 key, int field) const;
+    /** What is stored in a field of that type, as its readers see it. */
+    [[nodiscard]] static QVariant typed(const QVariant &stored, FieldType type);
     /** The key of the row that follows in the order of `columns`; nothing behind the last one. */
     [[nodiscard]] std::optional<qint64> keyBehind(qint64 key, const QStringList &columns) const;
     /** The base row's stored values in the order of its fields; nothing when it is gone. */
@@ -52,7 +56,9 @@ public:
 private:
     [[nodiscard]] Connection &connection() const { return m_reader ? *m_reader : m_database.connection(); }
     void chooseColumns();
-    [[nodiscard]] QVariant typed(const QVariant &stored, FieldType type) const;
+    void leaveRestForLater(Statement rows);
+    /** Reads what the opening left for later. */
+    void completeKeys() const;
     [[nodiscard]] const QVariantList *cachedRow(qint64 key) const;
     [[nodiscard]] std::vector<qint64> findKeyed(const QString &criteria, bool firstOnly) const;
     [[nodiscard]] std::vector<qint64> findComputed(const QString &criteria) const;
@@ -69,13 +75,36 @@ private:
     QList<int> m_places;
     QStringList m_baseFields;
     QList<int> m_heldOutputs;
-    KeySet m_keys;
+    mutable KeySet m_keys;
+    /** While not all keys have been asked for. */
+    mutable std::shared_ptr<KeyWalk> m_walk;
     std::vector<RunColumn> m_held;
     qint64 m_count = 0;
     quint64 m_openedAt = 0;
     mutable Statement m_fetch;
     mutable QCache<qint64, QVariantList> m_cache{1024};
     mutable qint64 m_cachedChanges = -1;
+};
+
+/** What an Edit or AddNew has written so far: values as they are stored, in the order of their coming. */
+class EditBuffer
+{
+public:
+    struct Value
+    {
+        int field;
+        QVariant stored;
+    };
+
+    void clear() { m_values.clear(); }
+    void set(int field, const QVariant &stored);
+    /** Null for a field not written. */
+    [[nodiscard]] const QVariant *find(int field) const;
+    [[nodiscard]] auto begin() const { return m_values.begin(); }
+    [[nodiscard]] auto end() const { return m_values.end(); }
+
+private:
+    std::vector<Value> m_values;
 };
 
 /** A recordset's state: where it stands and what is being edited. */
@@ -126,6 +155,7 @@ private:
     [[nodiscard]] Statement &insertStatement();
     void insertRow();
     void updateRow();
+    void prepareSeek(const QString &comparison, qsizetype columns);
     [[nodiscard]] QVariant toStored(const Field &field, const QVariant &value) const;
 
     qint64 m_position = 0;
@@ -138,8 +168,13 @@ private:
     qint64 m_loadedChanges = -1;
     QVariantList m_original;
     qint64 m_editedKey = 0;
-    QMap<int, QVariant> m_buffer;
-    std::map<QString, Statement> m_statements;
+    EditBuffer m_buffer;
+    /** By the fields that they fill. */
+    std::map<std::vector<int>, Statement> m_inserts;
+    std::vector<int> m_insertFields;
+    Statement m_seek;
+    QString m_seekComparison;
+    qsizetype m_seekColumns = 0;
     QStringList m_indexColumns;
     QStringList m_exactColumns;
 };

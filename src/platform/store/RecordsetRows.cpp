@@ -9,6 +9,13 @@ using namespace Qt::StringLiterals;
 
 namespace dao {
 
+namespace {
+
+/** A large table's list opens with so many keys: more than a screen shows. */
+constexpr qint64 FirstKeys = 1000;
+
+} // namespace
+
 RecordsetRows::RecordsetRows(DatabaseImpl &database, SelectPlan plan, RecordsetType type)
     : m_database(database), m_plan(std::move(plan)), m_type(type)
 {
@@ -56,6 +63,7 @@ void RecordsetRows::load()
         m_holdAll = m_reader == nullptr;
     }
     chooseColumns();
+    m_walk.reset();
     m_keys.clear();
     m_held.assign(static_cast<std::size_t>(m_heldOutputs.size()), RunColumn());
     m_count = 0;
@@ -66,33 +74,88 @@ void RecordsetRows::load()
         columns += (columns.isEmpty() ? "" : ", ") + m_plan.outputs[output].sql;
     Statement rows = connection().prepare(m_plan.sql(columns));
     const int first = m_plan.isKeyed() ? 1 : 0;
+    const bool mayWait =
+        m_type == RecordsetType::Dynaset && m_heldOutputs.isEmpty() && m_plan.showsWholeTable();
     while (rows.step()) {
         if (m_plan.isKeyed())
             m_keys.append(rows.integer(0));
         for (int i = 0; i < m_heldOutputs.size(); ++i)
             m_held[static_cast<std::size_t>(i)].append(rows.variant(first + i));
         ++m_count;
+        if (mayWait && m_count == FirstKeys)
+            return leaveRestForLater(std::move(rows));
     }
     m_keys.finish();
+}
+
+void RecordsetRows::leaveRestForLater(Statement rows)
+{
+    const qint64 total =
+        connection().scalar("SELECT count(*) FROM " + quotedName(m_plan.baseTable)).toLongLong();
+    m_walk = std::make_shared<KeyWalk>(std::move(rows), m_keys, total);
+    m_database.walks().add(m_walk);
+}
+
+void RecordsetRows::completeKeys() const
+{
+    if (!m_walk)
+        return;
+    m_walk->finish();
+    m_walk->assertWhole();
+    m_walk.reset();
+}
+
+qint64 RecordsetRows::count() const
+{
+    if (m_walk)
+        return m_walk->total();
+    return m_plan.isKeyed() ? m_keys.size() : m_count;
+}
+
+qint64 RecordsetRows::keyAt(qint64 position) const
+{
+    if (position >= m_keys.size())
+        completeKeys();
+    return m_keys.at(position);
+}
+
+qint64 RecordsetRows::positionOf(qint64 key) const
+{
+    if (m_walk) {
+        for (qint64 i = 0; i < std::min(m_keys.size(), FirstKeys); ++i) {
+            if (m_keys.at(i) == key)
+                return i;
+        }
+    }
+    completeKeys();
+    return m_keys.positionOf(key);
+}
+
+void RecordsetRows::appendKey(qint64 key)
+{
+    completeKeys();
+    m_keys.append(key);
 }
 
 void RecordsetRows::release()
 {
     m_fetch = Statement();
     m_reader.reset();
+    m_walk.reset();
     m_keys.clear();
     m_cache.clear();
 }
 
 void RecordsetRows::remove(qint64 position)
 {
+    completeKeys();
     m_keys.remove(position);
     for (RunColumn &column : m_held)
         column.remove(position);
     --m_count;
 }
 
-QVariant RecordsetRows::typed(const QVariant &stored, FieldType type) const
+QVariant RecordsetRows::typed(const QVariant &stored, FieldType type)
 {
     if (type != FieldType::Date || stored.typeId() != QMetaType::QString)
         return stored;
@@ -145,7 +208,7 @@ QVariant RecordsetRows::value(qint64 position, int field) const
     const int place = m_places[field];
     if (place < 0)
         return typed(m_held[static_cast<std::size_t>(-1 - place)].at(position), m_fields[field].type);
-    return storedValue(m_keys.at(position), field);
+    return storedValue(keyAt(position), field);
 }
 
 QVariant RecordsetRows::storedValue(qint64 key, int field) const
@@ -202,10 +265,12 @@ QByteArray RecordsetRows::seekSql(const QStringList &columns, const QString &com
     // The index of files leaves out songs without one: it is used when the statement says so too.
     if (exact.contains("FileName"_L1))
         presence = " AND FileName > ''";
-    const QByteArray condition =
-        comparison == "="_L1 ? equal : "(" + left + ") " + comparison.toLatin1() + " (" + right + ")";
+    // Rows that are equal need no order; asked for one, SQLite would sort them.
+    const QByteArray condition = comparison == "="_L1 ? equal + presence
+                                                      : "(" + left + ") " + comparison.toLatin1() + " (" +
+                                                            right + ")" + presence + " ORDER BY " + order;
     return "SELECT " + quotedName(table->keyColumn) + " FROM " + quotedName(table->name) + " WHERE " +
-           condition + presence + " ORDER BY " + order + " LIMIT 1";
+           condition + " LIMIT 1";
 }
 
 std::vector<qint64> RecordsetRows::find(const QString &criteria, bool firstOnly) const
@@ -222,6 +287,7 @@ std::vector<qint64> RecordsetRows::find(const QString &criteria, bool firstOnly)
 std::vector<qint64> RecordsetRows::findKeyed(const QString &criteria, bool firstOnly) const
 {
     const Criteria planned = planCriteria(criteria, m_plan, m_database);
+    completeKeys();
     const bool inOrder =
         m_plan.top < 0 &&
         (m_reader || m_database.unchangedSince(m_openedAt, m_plan.baseTable, m_plan.fieldsUsed));

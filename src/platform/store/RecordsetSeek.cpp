@@ -32,7 +32,7 @@ void RecordsetImpl::setIndex(const QString &name)
     index = name;
     m_indexColumns = columns;
     m_exactColumns = exact;
-    m_statements.clear();
+    m_seek = Statement();
     rows.setOrder(order);
     m_loaded = false;
     m_looked = false;
@@ -40,31 +40,38 @@ void RecordsetImpl::setIndex(const QString &name)
     deletedCurrent = false;
 }
 
+void RecordsetImpl::prepareSeek(const QString &comparison, qsizetype columns)
+{
+    static const QStringList known{u"="_s, u">="_s, u">"_s, u"<="_s, u"<"_s};
+    if (!known.contains(comparison) || columns == 0)
+        throw DaoError(InvalidOperation, u"Invalid argument."_s);
+    m_seek = database.connection().prepare(
+        rows.seekSql(m_indexColumns.first(columns), comparison, m_exactColumns), true);
+    m_seekComparison = comparison;
+    m_seekColumns = columns;
+}
+
 void RecordsetImpl::seek(const QString &comparison, const QVariantList &keys)
 {
     if (m_indexColumns.isEmpty())
         throw DaoError(InvalidOperation, u"Operation invalid without a current index."_s);
-    const QStringList columns = m_indexColumns.first(std::min(keys.size(), m_indexColumns.size()));
-    static const QStringList known{u"="_s, u">="_s, u">"_s, u"<="_s, u"<"_s};
-    if (!known.contains(comparison) || columns.isEmpty())
-        throw DaoError(InvalidOperation, u"Invalid argument."_s);
-    Statement &statement = m_statements[u"seek"_s + comparison + QString::number(columns.size())];
-    if (!statement)
-        statement = database.connection().prepare(rows.seekSql(columns, comparison, m_exactColumns), true);
-    for (int i = 0; i < columns.size(); ++i) {
-        const Field &field = rows.fields()[requireField(columns[i])];
-        statement.bind(i + 1, toStored(field, keys[i]));
+    const qsizetype count = std::min(keys.size(), m_indexColumns.size());
+    if (!m_seek || m_seekComparison != comparison || m_seekColumns != count)
+        prepareSeek(comparison, count);
+    for (int i = 0; i < count; ++i) {
+        const Field &field = rows.fields()[requireField(m_indexColumns[i])];
+        m_seek.bind(i + 1, toStored(field, keys[i]));
     }
-    const bool found = statement.step();
+    const bool found = m_seek.step();
     if (found) {
-        m_key = statement.integer(0);
+        m_key = m_seek.integer(0);
         place = Place::Row;
         deletedCurrent = false;
         m_behind.reset();
         m_looked = true;
         m_loaded = false;
     }
-    statement.reset();
+    m_seek.reset();
     noMatch = !found;
     cancelUpdate();
 }

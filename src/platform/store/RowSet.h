@@ -30,6 +30,7 @@ class KeySet
 {
 public:
     void clear();
+    void reserve(qint64 count) { m_keys.reserve(static_cast<std::size_t>(count)); }
     void append(qint64 key);
     [[nodiscard]] qint64 size() const { return static_cast<qint64>(m_keys.size()); }
     [[nodiscard]] qint64 at(qint64 position) const { return m_keys[static_cast<std::size_t>(position)]; }

@@ -11,6 +11,13 @@ using namespace Qt::StringLiterals;
 
 namespace dao {
 
+bool SelectPlan::showsWholeTable() const
+{
+    const bool plain = where.isEmpty() && groupBy.isEmpty() && having.isEmpty() && !distinct && !collapsed;
+    // The SQL of a stored query or a nested one begins with a bracket.
+    return isKeyed() && plain && top < 0 && scope.sources.size() == 1 && from.startsWith('"');
+}
+
 bool SelectPlan::isBaseField(const Output &output) const
 {
     return isKeyed() && !output.column.field.isEmpty() &&
@@ -21,6 +28,8 @@ QByteArray SelectPlan::sql(const QByteArray &columns, const QByteArray &extraWhe
                            bool restricted) const
 {
     QByteArray made = (distinct ? "SELECT DISTINCT " : "SELECT ") + columns + " FROM " + from;
+    if (scansTable && restricted && extraWhere.isEmpty())
+        made += " NOT INDEXED";
     const QByteArray kept = restricted ? where : QByteArray();
     if (!kept.isEmpty() || !extraWhere.isEmpty())
         made += " WHERE " + kept + (kept.isEmpty() || extraWhere.isEmpty() ? "" : " AND ") + extraWhere;

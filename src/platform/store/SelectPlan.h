@@ -30,6 +30,11 @@ struct SelectPlan
     bool grouped = false;
     /** DISTINCTROW over more than one source: rows of the first table once each. */
     bool collapsed = false;
+    /**
+     * Every row of the one table is looked at: faster in the table's own order, with the rows found sorted
+     * afterwards, than in the order of an index.
+     */
+    bool scansTable = false;
     qint64 top = -1;
     /** The table whose row a row of this stands for, and its key's expression; empty for none. */
     QString baseTable;
@@ -38,6 +43,8 @@ struct SelectPlan
     QStringList fieldsUsed;
 
     [[nodiscard]] bool isKeyed() const { return !key.isEmpty(); }
+    /** True when there is exactly one row for every row of the base table. */
+    [[nodiscard]] bool showsWholeTable() const;
     /** True when a row of the base table alone gives that output. */
     [[nodiscard]] bool isBaseField(const Output &output) const;
 

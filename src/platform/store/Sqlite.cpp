@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QStringEncoder>
 
 #include <algorithm>
 #include <cerrno>
@@ -20,6 +21,9 @@ namespace {
 
 /** Waits this long for another process's lock before it is an error, in milliseconds. */
 constexpr int BusyTimeout = 2000;
+
+/** A statement keeps the memory of texts up to this length, in characters. */
+constexpr qsizetype LargestKeptText = 16 * 1024;
 
 struct Mapping
 {
@@ -128,12 +132,31 @@ void Statement::bind(int parameter, const QVariant &value)
                value.typeId() == QMetaType::Bool) {
         code = sqlite3_bind_int64(s, parameter, value.toLongLong());
     } else {
-        const QByteArray utf8 = value.toString().toUtf8();
-        code = sqlite3_bind_text64(s, parameter, utf8.constData(), static_cast<sqlite3_uint64>(utf8.size()),
-                                   SQLITE_TRANSIENT, SQLITE_UTF8);
+        code = value.typeId() == QMetaType::QString
+                   ? bindText(parameter, *static_cast<const QString *>(value.constData()))
+                   : bindText(parameter, value.toString());
     }
     if (code != SQLITE_OK)
         throwDaoError(sqlite3_db_handle(s), code);
+}
+
+int Statement::bindText(int parameter, QStringView text)
+{
+    if (text.size() > LargestKeptText) {
+        const QByteArray utf8 = text.toUtf8();
+        return sqlite3_bind_text64(m_statement.get(), parameter, utf8.constData(),
+                                   static_cast<sqlite3_uint64>(utf8.size()), SQLITE_TRANSIENT, SQLITE_UTF8);
+    }
+    const auto index = static_cast<std::size_t>(parameter);
+    if (m_texts.size() <= index)
+        m_texts.resize(index + 1);
+    QByteArray &utf8 = m_texts[index];
+    QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
+    if (const qsizetype needed = encoder.requiredSpace(text.size()); utf8.size() < needed)
+        utf8.resize(needed);
+    const qsizetype size = encoder.appendToBuffer(utf8.data(), text) - utf8.constData();
+    return sqlite3_bind_text64(m_statement.get(), parameter, utf8.constData(),
+                               static_cast<sqlite3_uint64>(size), SQLITE_STATIC, SQLITE_UTF8);
 }
 
 bool Statement::step()

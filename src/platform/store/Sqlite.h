@@ -6,6 +6,7 @@
 #include <QVariant>
 
 #include <memory>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -39,6 +40,10 @@ private:
     {
         void operator()(sqlite3_stmt *statement) const;
     };
+    [[nodiscard]] int bindText(int parameter, QStringView text);
+
+    /** What text parameters point to, in SQLite's encoding; used again for the next ones. */
+    std::vector<QByteArray> m_texts;
     std::unique_ptr<sqlite3_stmt, Finalise> m_statement;
 };
 
