@@ -1,7 +1,7 @@
 # What `cmake --install` puts in place and `cpack -G DEB` makes a package of.
 #
-# The program and the empty catalogue lie together in a folder of their own, since the program looks
-# for the catalogue beside itself; bin/ holds a link to it.
+# The program, its module and the empty catalogue lie together in a folder of their own, since the program
+# looks for them beside itself; bin/ holds a link to it.
 include(GNUInstallDirs)
 
 set(QUAVERLY_RELEASE_DATE 2026-11-22)
@@ -9,6 +9,7 @@ set(program_folder ${CMAKE_INSTALL_LIBDIR}/quaverly)
 set(staging ${PROJECT_BINARY_DIR}/packaging)
 
 install(TARGETS quaverly RUNTIME DESTINATION ${program_folder})
+install(TARGETS quaverly-media LIBRARY DESTINATION ${program_folder})
 install(FILES ${QUAVERLY_EMPTY_CATALOGUE} DESTINATION ${program_folder})
 
 cmake_path(RELATIVE_PATH program_folder BASE_DIRECTORY ${CMAKE_INSTALL_BINDIR} OUTPUT_VARIABLE link_target)

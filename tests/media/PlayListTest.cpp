@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "media/MediaFixture.h"
+#include "support/QtPrinters.h"
+
+#include "platform/media/ListFile.h"
+#include "platform/media/PlayOrder.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTcpServer>
+#include <QTest>
+
+#include <algorithm>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace media::test {
+
+namespace {
+
+class PlayListTest : public MediaTest
+{
+protected:
+    QString three() { return list({song(u"a.mp3"_s), song(u"b.flac"_s), song(u"c.ogg"_s)}); }
+};
+
+TEST_F(PlayListTest, MissingAndDamagedItemsArePassedOver)
+{
+    const QString damaged = file(u"damaged.mp3"_s, QByteArray(3000, '\x7F'));
+    player().setURL(list({song(u"a.mp3"_s), path(u"gone.mp3"_s), damaged, song(u"b.mp3"_s)}));
+    EXPECT_EQ(eventsUntilStopped(),
+              u"10, item a, 9, 3, 8, 9, item gone, skip gone, item damaged, skip damaged, "
+              u"item b, 3, 8, 1"_s);
+    EXPECT_EQ(player().currentPlaylist().count(), 4);
+    EXPECT_EQ(m_sentences.size(), 2);
+}
+
+TEST_F(PlayListTest, MissingItemsAtBothEnds)
+{
+    player().setURL(list({path(u"x.mp3"_s), song(u"a.mp3"_s), path(u"y.mp3"_s)}));
+    EXPECT_EQ(eventsUntilStopped(), u"10, item x, 9, skip x, item a, 3, 8, 9, item y, skip y, 1"_s);
+}
+
+TEST_F(PlayListTest, AListOfOnlyMissingItemsStopsEvenInALoop)
+{
+    const QString nothing = list({path(u"x.mp3"_s), path(u"y.mp3"_s)});
+    for (const bool loop : {false, true}) {
+        player().settings().setMode(u"loop"_s, loop);
+        player().setURL(nothing);
+        on(u"1"_s, [&] { player().controls().play(); });
+        EXPECT_EQ(eventsUntilStopped(), u"10, item x, 9, skip x, item y, skip y, error, 1"_s);
+    }
+    player().setURL(song(u"a.mp3"_s));
+    EXPECT_EQ(eventsUntil(u"8"_s), u"10, item a, 9, 3, 8"_s);
+}
+
+TEST_F(PlayListTest, AfterTheEndItStartsWithTheFirst)
+{
+    player().setURL(three());
+    EXPECT_EQ(eventsUntilStopped(), u"10, item a, 9, 3, 8, 9, item b, 3, 8, 9, item c, 3, 8, 1"_s);
+    player().controls().play();
+    EXPECT_EQ(eventsUntil(u"3"_s), u"10, item a, 9, 3"_s);
+}
+
+TEST_F(PlayListTest, NextInTheEndedEventCountsFromTheItemToCome)
+{
+    player().setURL(three());
+    on(u"8"_s, [&] { player().controls().next(); });
+    EXPECT_EQ(eventsUntilStopped(), u"10, item a, 9, 3, 8, 9, item c, 3, 8, 1"_s);
+
+    // From the last but one the list begins anew.
+    player().controls().setCurrentItem(player().currentPlaylist().Item(1));
+    player().controls().play();
+    on(u"8"_s, [&] { player().controls().next(); });
+    EXPECT_EQ(eventsUntil(u"10"_s), u"9, item b, 3, 8, 10"_s);
+    EXPECT_EQ(eventsUntil(u"3"_s), u"item a, 9, 3"_s);
+}
+
+TEST_F(PlayListTest, StopInTheEndedEventStopsThere)
+{
+    player().setURL(three());
+    on(u"8"_s, [&] { player().controls().stop(); });
+    EXPECT_EQ(eventsUntilStopped(), u"10, item a, 9, 3, 8, 1"_s);
+    player().controls().play();
+    EXPECT_EQ(eventsUntil(u"3"_s), u"9, 3"_s);
+}
+
+TEST_F(PlayListTest, LoopGoesRoundUntilItIsCleared)
+{
+    player().settings().setMode(u"loop"_s, true);
+    player().setURL(three());
+    EXPECT_EQ(eventsUntil(u"item c"_s), u"10, item a, 9, 3, 8, 9, item b, 3, 8, 9, item c"_s);
+    EXPECT_EQ(eventsUntil(u"item c"_s), u"3, 8, 9, item a, 3, 8, 9, item b, 3, 8, 9, item c"_s);
+    player().settings().setMode(u"loop"_s, false);
+    EXPECT_EQ(eventsUntilStopped(), u"3, 8, 1"_s);
+}
+
+TEST_F(PlayListTest, ShufflePlaysEachItemOnce)
+{
+    QStringList paths;
+    for (int i = 0; i < 12; ++i)
+        paths.append(song(u"%1.mp3"_s.arg(i)));
+    player().settings().setMode(u"shuffle"_s, true);
+    player().setURL(list(paths));
+    QStringList items = eventsUntilStopped().split(u", "_s).filter(u"item"_s);
+    QStringList inOrder;
+    for (int i = 0; i < 12; ++i)
+        inOrder.append(u"item %1"_s.arg(i));
+    EXPECT_NE(items, inOrder);
+    std::ranges::sort(items);
+    std::ranges::sort(inOrder);
+    EXPECT_EQ(items, inOrder);
+}
+
+TEST_F(PlayListTest, BeforeItIsReadTheListIsItsOnlyItem)
+{
+    player().setURL(three());
+    EXPECT_EQ(player().controls().currentItem().name, u"QVPlayList"_s);
+    // Asking for its items reads it.
+    const MediaItem last = player().currentPlaylist().Item(2);
+    EXPECT_EQ(last.name, u"c"_s);
+    player().controls().setCurrentItem(last);
+    EXPECT_EQ(eventsUntilStopped(), u"10, item c, 9, 3, 8, 1"_s);
+    EXPECT_TRUE(player().currentPlaylist().Item(3).isNull());
+    EXPECT_TRUE(player().currentPlaylist().Item(-1).isNull());
+}
+
+TEST_F(PlayListTest, ItemsPlayWithoutAGap)
+{
+    const auto heard = [this](const QString &name, const QString &url) {
+        usePlayer({.audioOutput = u"pcm"_s, .outputFile = path(name), .untimed = true, .moduleFolder = {}});
+        player().setURL(url);
+        // Time for the second song to be made ready, which a song played at its own pace has.
+        player().controls().pause();
+        eventsUntil(u"2"_s);
+        player().controls().play();
+        eventsUntilStopped();
+        dropPlayer();
+        QFile sound(path(name));
+        EXPECT_TRUE(sound.open(QIODevice::ReadOnly));
+        const QByteArray bytes = sound.readAll();
+        return bytes.size() - bytes.indexOf("data") - 8;
+    };
+    const qsizetype first = heard(u"first.wav"_s, song(u"a.flac"_s));
+    const qsizetype second = heard(u"second.wav"_s, song(u"b.flac"_s));
+    EXPECT_GT(first, 8000);
+    EXPECT_EQ(heard(u"both.wav"_s, list({path(u"a.flac"_s), path(u"b.flac"_s)})), first + second);
+}
+
+// --- what stands in a music file or list that somebody else made
+
+TEST_F(PlayListTest, NothingIsFetchedForAFileThatRefersElsewhere)
+{
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    const QByteArray url = "http://127.0.0.1:" + QByteArray::number(server.serverPort()) + "/a.ts";
+    const QByteArray local = song(u"real.mp3"_s).toUtf8();
+    const QString hostile =
+        list({file(u"list.mp3"_s, "#EXTM3U\n" + url + '\n'),
+              file(u"segments.mp3"_s,
+                   "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\n" + url + "\n#EXT-X-ENDLIST\n"),
+              file(u"concat.mp3"_s, "ffconcat version 1.0\nfile " + url + '\n'),
+              file(u"edl.mp3"_s, "# mpv EDL v0\n" + local + '\n'), QString::fromUtf8(url),
+              u"edl://"_s + path(u"real.mp3"_s), u"av://lavfi:sine"_s, path(u"QVPlayList.m3u"_s)});
+    player().setURL(hostile);
+    const QString told = eventsUntilStopped();
+    EXPECT_TRUE(told.endsWith(u"skip QVPlayList, error, 1"_s)) << told.toStdString();
+    EXPECT_EQ(told.count(u"skip"_s), 8) << told.toStdString();
+    EXPECT_FALSE(server.hasPendingConnections());
+}
+
+TEST_F(PlayListTest, LinesOfAList)
+{
+    const QByteArray folder = path(QString()).toUtf8();
+    const struct
+    {
+        const char *what;
+        QByteArray bytes;
+        QStringList names;
+    } cases[] = {
+        {"CR LF", "/a.mp3\r\n/b.mp3\r\n", {u"/a.mp3"_s, u"/b.mp3"_s}},
+        {"LF and no end", "/a.mp3\n/b.mp3", {u"/a.mp3"_s, u"/b.mp3"_s}},
+        {"comments and blanks", "#EXTM3U\n#EXTINF:1,x\n/a.mp3\n\n \t\n", {u"/a.mp3"_s}},
+        {"a byte order mark", "\xEF\xBB\xBF/a.mp3\n", {u"/a.mp3"_s}},
+        {"UTF-8", "/\xC3\xA9.mp3\n", {u"/é.mp3"_s}},
+        {"the old code page", "/\xE9\x80.mp3\n", {u"/é€.mp3"_s}},
+        {"blanks of a name", "/a .mp3 \n", {u"/a .mp3 "_s}},
+        {"relative", "sub/../a.mp3\n", {path(u"a.mp3"_s)}},
+        {"file URL", "file:///m%C3%BC%20x.mp3\n", {u"/mü x.mp3"_s}},
+        {"other URL", "http://a/b.mp3\n", {u"http://a/b.mp3"_s}},
+        {"a long line", QByteArray(1 << 20, 'x') + "\n/a.mp3\n", {u"/a.mp3"_s}},
+        {"binary", QByteArray("/\0\1\2\n/a.mp3\n", 12), {u"/a.mp3"_s}},
+        {"empty", "", {}},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(readListFile(file(u"case.m3u"_s, c.bytes)), c.names) << c.what;
+    EXPECT_THROW((void)readListFile(u"/dev/zero"_s), std::runtime_error);
+}
+
+TEST_F(PlayListTest, AHundredThousandEntriesAreReadAtOnce)
+{
+    QByteArray bytes;
+    for (int i = 0; i < 100'000; ++i)
+        bytes +=
+            "/home/somebody/Music/An Artist/An Album of Theirs/" + QByteArray::number(i) + " Song.mp3\r\n";
+    const QString huge = file(u"huge.m3u"_s, bytes);
+    QElapsedTimer clock;
+    clock.start();
+    player().setURL(huge);
+    EXPECT_EQ(player().currentPlaylist().count(), 100'000);
+    player().settings().setMode(u"shuffle"_s, true);
+    for (int i = 0; i < 1000; ++i)
+        player().controls().next();
+    EXPECT_LT(clock.elapsed(), 1000);
+}
+
+// --- the order alone
+
+TEST(PlayOrderTest, AShuffledRoundHasEveryItemHoweverItIsWalked)
+{
+    PlayOrder order;
+    order.setShuffle(true);
+    order.setLoop(true);
+    order.reset(5);
+    std::vector<int> seen(5, 0);
+    for (int i = 0; i < 5; ++i) {
+        ++seen[size_t(order.current())];
+        const qsizetype coming = *order.following();
+        EXPECT_NE(coming, order.current());
+        EXPECT_EQ(order.next().index, coming) << "what was promised comes";
+    }
+    EXPECT_EQ(seen, std::vector<int>(5, 1));
+}
+
+TEST(PlayOrderTest, AChosenItemComesNowAndNotAgain)
+{
+    PlayOrder order;
+    order.setShuffle(true);
+    order.reset(6);
+    const qsizetype first = order.current();
+    order.select((first + 3) % 6);
+    std::vector<int> seen(6, 0);
+    ++seen[size_t(first)];
+    ++seen[size_t(order.current())];
+    while (order.following())
+        ++seen[size_t(order.next().index)];
+    EXPECT_EQ(seen, std::vector<int>(6, 1));
+    // Back in its own order the list goes on from where it is.
+    const qsizetype here = order.current();
+    order.setShuffle(false);
+    EXPECT_EQ(order.current(), here);
+    EXPECT_EQ(order.previous().index, (here + 5) % 6);
+}
+
+} // namespace
+
+} // namespace media::test
