@@ -76,6 +76,8 @@ public:
     [[nodiscard]] const QList<DesktopCall> &calls() const { return m_calls; }
     /** The call made last. @throws std::out_of_range without any. */
     [[nodiscard]] const DesktopCall &lastCall() const;
+    /** What the browser was given to show. */
+    [[nodiscard]] const QList<QUrl> &urls() const { return m_urls; }
     [[nodiscard]] int eventsRun() const { return m_eventsRun; }
     [[nodiscard]] bool isHourglassOn() const { return m_hourglasses > 0; }
     [[nodiscard]] qsizetype answersLeft() const { return m_script.size(); }
@@ -89,7 +91,11 @@ public:
     std::optional<QString> ShowSaveDialog(const FileQuestion &question) override;
     std::optional<quint32> ShowColor(quint32 start) override;
     QString BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder) override;
-    bool OpenUrl(const QUrl & /*url*/) override { return true; }
+    bool OpenUrl(const QUrl &url) override
+    {
+        m_urls += url;
+        return true;
+    }
     void setHourglass(bool on) override;
     void resetPointer() override { m_hourglasses = 0; }
     void letEventsRun() override;
@@ -115,6 +121,7 @@ private:
 
     QList<Scripted> m_script;
     QList<DesktopCall> m_calls;
+    QList<QUrl> m_urls;
     std::map<int, Action> m_actions;
     int m_eventsRun = 0;
     int m_hourglasses = 0;

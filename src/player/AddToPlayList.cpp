@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/AddToPlayList.h"
+
+#include "desktop/Desktop.h"
+#include "platform/text/Text.h"
+#include "player/SongQueue.h"
+#include "songlist/PlayerState.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+/** A track of the player's row, which shows name and artist as one text. */
+Track trackOfRow(const QString &row, const QString &url)
+{
+    const QString mark = QString::fromUtf16(ArtistMark);
+    const QString text = singleQuotes(row);
+    const qsizetype place = text.indexOf(mark);
+    Track track;
+    track.SongTitle = place < 0 ? text : text.first(place);
+    if (place >= 0)
+        track.ArtistName = text.sliced(place + mark.size());
+    track.FileName = url;
+    track.Notes = u"Added from Player"_s;
+    return track;
+}
+
+} // namespace
+
+AddToPlayList::AddToPlayList(Desktop &desktop, PlayerState &state, PlayListStore &store)
+    : m_desktop(desktop), m_state(state), m_store(store)
+{}
+
+SongAdded AddToPlayList::addFromEditor(const dao::Recordset &song)
+{
+    return m_state.CurrentPlayListName.isEmpty() ? tellNoList() : AddSongToCurrentList(From::NameEdit, song);
+}
+
+SongAdded AddToPlayList::tellNoList()
+{
+    if (m_store.hasLists()) {
+        m_desktop.MessageBox(u"You must select a Play List from the drop down list first."_s,
+                             u"No Play List selected"_s);
+        return SongAdded::ChooseList;
+    }
+    m_desktop.MessageBox(u"There are no Play Lists.  You must create one first by clicking the PlayLists "
+                         "button on the main toolbar."_s,
+                         u"No Play Lists Exist"_s);
+    return SongAdded::No;
+}
+
+bool AddToPlayList::hasFile(From from, const dao::Recordset &song)
+{
+    const QString saved = from == From::NameEdit ? u"saved "_s : QString();
+    const auto refuse = [this, &saved](const QString &field) {
+        m_desktop.MessageBox(u"No "_s + saved + field +
+                                 u" exists for this record, so not added to Play List."_s,
+                             u"NOT added to Play List"_s, Icon::Exclamation);
+        return false;
+    };
+    if (!isGreaterThanBlank(song.text(u"FileName"_s)))
+        return refuse(u"File Name"_s);
+    if (!isGreaterThanBlank(song.text(u"PathName"_s)))
+        return refuse(u"Path Name (folder)"_s);
+    return true;
+}
+
+SongAdded AddToPlayList::AddSongToCurrentList(From from, const dao::Recordset &song)
+{
+    if (!hasFile(from, song))
+        return SongAdded::No;
+    const QString &name = m_state.CurrentPlayListName;
+    const auto list = m_store.ListID(name);
+    if (!list) {
+        m_desktop.MessageBox(u'"' + name + u"\" Play list name not found."_s,
+                             u"Sub mnuPopupAddToPlaylist_Click"_s, Icon::Stop);
+        return SongAdded::No;
+    }
+    const qint64 highest = m_store.highestTrack(*list);
+    if (highest >= MostTracks) {
+        m_desktop.MessageBox(u"The current Play List has reached maximum size of 32,000 songs.  Song not "
+                             "added to Play List."_s,
+                             u"Not added"_s);
+        return SongAdded::No;
+    }
+    m_store.addTrack(*list, highest + 1, trackOfSong(song));
+    return SongAdded::Yes;
+}
+
+SongAdded AddToPlayList::addFromPlayer(const QString &listName, const QString &song, const QString &url)
+{
+    if (!m_store.isTaken(listName))
+        return tellNoList();
+    const auto list = m_store.ListID(listName);
+    if (!list) {
+        m_desktop.MessageBox(u'"' + listName + u"\" Play List not found."_s, u"Error"_s, Icon::Stop);
+        return SongAdded::No;
+    }
+    const qint64 highest = m_store.highestTrack(*list);
+    if (highest >= MostTracks) {
+        m_desktop.MessageBox(
+            u"The Play List has reached maximum size of 32,000 songs.  Song not added to Play List."_s,
+            u"Not added"_s);
+        return SongAdded::No;
+    }
+    Track track = trackOfRow(song, url);
+    if (const auto record = m_store.songOfFile(url))
+        track.ContactRecordID = *record;
+    m_store.addTrack(*list, highest + 1, track);
+    return SongAdded::Yes;
+}
+
+void AddToPlayList::deleteFromPlayer(const QString &url)
+{
+    // A list whose own name holds these words is not found, and nothing is deleted.
+    const QString name = QString(m_state.CurrentPlayTitle).remove(u"PlayList "_s);
+    m_store.deleteFile(m_store.ListID(name).value_or(0), url);
+}
+
+} // namespace quaverly

@@ -1,0 +1,345 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/PlayForm.h"
+
+#include "catalogue/Options.h"
+#include "desktop/Desktop.h"
+#include "desktop/Guard.h"
+#include "desktop/KeySender.h"
+#include "desktop/ScreenLook.h"
+#include "platform/media/Media.h"
+#include "platform/options/OptionsStore.h"
+#include "player/Player.h"
+#include "player/SongListModel.h"
+#include "player/TemporaryList.h"
+#include "player/WebSearch.h"
+#include "player/frmNowPlaying.h"
+#include "songlist/DataControl.h"
+#include "songlist/PlayerState.h"
+#include "ui_PlayForm.h"
+
+#include <QAbstractItemView>
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+constexpr int DropDownPixels = 220;
+constexpr int AddedShownMs = 500;
+constexpr int DeletedShownMs = 800;
+/** Height of a row for a finger, and what a row adds to its text for a mouse. */
+constexpr int FingerRow = 44;
+constexpr int RowPadding = 8;
+constexpr int LeastRows = 3;
+
+} // namespace
+
+PlayForm::PlayForm(PlayFormParts parts, QWidget *parent)
+    : QMainWindow(parent), m_ui(std::make_unique<Ui::PlayForm>()), m_parts(std::move(parts)),
+      m_lists(m_parts.catalogue), m_addToPlayList(m_parts.desktop, m_parts.state, m_lists),
+      m_media(m_parts.makeMediaPlayer()),
+      m_songs(new SongListModel(m_queue, SongListModel::List::Songs, this)),
+      m_urls(new SongListModel(m_queue, SongListModel::List::Urls, this))
+{
+    m_ui->setupUi(this);
+    m_ui->lbSongs->setModel(m_songs);
+    m_ui->lbSongURL->setModel(m_urls);
+    m_ui->WindowsMediaPlayer1->setPlayer(m_media.get());
+    m_confirmation.setSingleShot(true);
+    wire();
+    wireMedia();
+    Form_Load();
+}
+
+PlayForm::~PlayForm()
+{
+    m_ui->WindowsMediaPlayer1->setPlayer(nullptr);
+}
+
+void PlayForm::wire()
+{
+    const auto on = [this](auto *control, auto signal, auto handler) {
+        connect(control, signal, this, handler);
+    };
+    on(m_ui->lbSongs, &SongListView::rowChosen, &PlayForm::lbSongs_Click);
+    on(m_ui->cbPlayNext, &QCheckBox::toggled, &PlayForm::cbPlayNext_Click);
+    on(m_ui->cbPlayRandom, &QCheckBox::toggled, &PlayForm::cbPlayRandom_Click);
+    on(m_ui->cbLoop, &QCheckBox::toggled, &PlayForm::cbLoop_Click);
+    on(m_ui->cbShuffle, &QCheckBox::toggled, &PlayForm::cbShuffle_Click);
+    on(m_ui->cbNowPlaying, &QCheckBox::toggled, &PlayForm::cbNowPlaying_Click);
+    on(m_ui->cmbHeader, &QComboBox::activated, &PlayForm::cmbHeader_Click);
+    on(m_ui->cmdAddToPlaylist, &QPushButton::clicked, &PlayForm::cmdAddToPlaylist_Click);
+    on(m_ui->cmdDelete, &QPushButton::clicked, &PlayForm::cmdDelete_Click);
+    on(m_ui->cmdLyrics, &QPushButton::clicked, &PlayForm::cmdLyrics_Click);
+    on(m_ui->cmdExit, &QPushButton::clicked, &PlayForm::close);
+    on(&m_confirmation, &QTimer::timeout, &PlayForm::hideConfirmation);
+}
+
+void PlayForm::Form_Load()
+{
+    m_parts.state.PlayerOpen = true;
+    if (!m_parts.options.PlayerOnlyMode) {
+        m_nextSong =
+            std::make_unique<NextSong>(m_parts.catalogue, m_parts.displayed.RecordSource(), m_parts.random);
+        loadPlayLists();
+        m_ui->cmdDelete->setVisible(m_ui->cbPlayRandom->isHidden());
+        m_ui->cmbHeader->view()->setMinimumWidth(DropDownPixels);
+    }
+    if (m_parts.state.PlayerLeft >= 0 && m_parts.state.PlayerTop >= 0)
+        move(m_parts.state.PlayerLeft / TwipsPerPixel, m_parts.state.PlayerTop / TwipsPerPixel);
+    loadSettings();
+    m_media->setURL(m_parts.state.CurrentPlayUrl);
+    setWindowTitle(m_parts.state.CurrentPlayTitle);
+    applyFont();
+    if (m_parts.options.TabletActive)
+        sizeForFingers(*this);
+    const int row = m_parts.options.TabletActive ? FingerRow : fontMetrics().height() + RowPadding;
+    m_songs->setRowHeight(row);
+    m_ui->lbSongs->setMinimumHeight(LeastRows * row);
+}
+
+void PlayForm::applyFont()
+{
+    if (m_parts.options.ScreenFont.isEmpty())
+        return;
+    QFont chosen = font();
+    chosen.setFamily(m_parts.options.ScreenFont);
+    setFont(chosen);
+}
+
+void PlayForm::loadPlayLists()
+{
+    PlayerState &state = m_parts.state;
+    m_ui->lblSelectedPlaylist->setText(state.PlayerPlayList);
+    try {
+        for (const PlayListName &list : m_lists.lists())
+            m_ui->cmbHeader->addItem(list.ListName, list.ListID);
+    } catch (const dao::DaoError &) {
+        return; // The songs play without play lists too.
+    }
+    m_ui->cmbHeader->setCurrentIndex(m_ui->cmbHeader->findText(state.PlayerPlayList));
+    if (m_ui->cmbHeader->count() > 0)
+        return;
+    state.CurrentPlayListName.clear();
+    state.PlayerPlayList.clear();
+}
+
+void PlayForm::loadSettings()
+{
+    bool known = false;
+    const int volume = option(m_parts.store, keys::PlayerVolume).toInt(&known);
+    if (known)
+        m_media->settings().setVolume(volume);
+    m_media->settings().setMute(flagOption(m_parts.store, keys::PlayerMute));
+}
+
+void PlayForm::saveSettings()
+{
+    const QString volume = QString::number(m_media->settings().volume());
+    const bool mute = m_media->settings().mute();
+    guarded(m_parts.desktop, windowTitle(), [&] {
+        if (option(m_parts.store, keys::PlayerVolume) != volume)
+            saveOption(m_parts.store, keys::PlayerVolume, volume);
+        if (flagOption(m_parts.store, keys::PlayerMute) != mute)
+            saveFlagOption(m_parts.store, keys::PlayerMute, mute);
+    });
+}
+
+void PlayForm::fill(const PlayRequest &request)
+{
+    m_queue = request.songs;
+    m_ui->cbPlayNext->setVisible(request.cbPlayNext);
+    m_ui->cbPlayRandom->setVisible(request.cbPlayRandom);
+    m_ui->cbShuffle->setVisible(request.cbShuffle);
+    m_ui->cbSkipDups->setVisible(request.cbSkipDups);
+    m_ui->cbNowPlaying->setVisible(request.cbNowPlaying);
+    m_ui->cmdDelete->setVisible(request.cmdDelete);
+    m_ui->cmbHeader->setVisible(request.playListControls);
+    m_ui->lblSelectedPlaylist->setVisible(request.playListControls);
+    m_ui->cmdAddToPlaylist->setVisible(request.playListControls);
+    if (request.showsCount)
+        m_ui->lblNumSongs->setText(u"Number of songs: "_s + QString::number(m_queue.count()));
+    showQueue();
+}
+
+void PlayForm::showQueue()
+{
+    m_songs->reset();
+    m_urls->reset();
+    selectRow(m_queue.ListIndex());
+}
+
+void PlayForm::selectRow(int row)
+{
+    const int before = m_queue.ListIndex();
+    m_queue.setListIndex(row);
+    const QModelIndex index = m_songs->index(m_queue.ListIndex());
+    m_ui->lbSongs->setCurrentIndex(index);
+    if (!index.isValid())
+        m_ui->lbSongs->clearSelection();
+    m_ui->lbSongURL->setCurrentIndex(m_urls->index(m_queue.ListIndex()));
+    m_songs->selectionMoved(before, m_queue.ListIndex());
+    showCurrentSong();
+}
+
+void PlayForm::showCurrentSong()
+{
+    const QString song = m_queue.song(m_queue.ListIndex());
+    m_ui->lblCurrentSong->setText(song);
+    if (m_nowPlaying)
+        m_nowPlaying->showSong(song);
+}
+
+void PlayForm::cbPlayNext_Click(bool checked)
+{
+    if (!checked)
+        return;
+    m_ui->cbLoop->setChecked(false);
+    m_ui->cbPlayRandom->setChecked(false);
+}
+
+void PlayForm::cbPlayRandom_Click(bool checked)
+{
+    if (!checked)
+        return;
+    m_ui->cbLoop->setChecked(false);
+    m_ui->cbPlayNext->setChecked(false);
+}
+
+void PlayForm::cbLoop_Click(bool checked)
+{
+    if (checked) {
+        m_ui->cbPlayNext->setChecked(false);
+        m_ui->cbPlayRandom->setChecked(false);
+    }
+    m_media->settings().setMode(u"loop"_s, checked);
+}
+
+void PlayForm::cbShuffle_Click(bool checked)
+{
+    m_media->settings().setMode(u"shuffle"_s, checked);
+}
+
+void PlayForm::cbNowPlaying_Click(bool checked)
+{
+    if (!checked) {
+        if (m_nowPlaying)
+            m_nowPlaying->close();
+        return;
+    }
+    if (m_nowPlaying)
+        return;
+    m_nowPlaying = new frmNowPlaying(this);
+    m_nowPlaying->setAttribute(Qt::WA_DeleteOnClose);
+    connect(m_nowPlaying, &frmNowPlaying::unloaded, this, [this] {
+        m_nowPlaying = nullptr;
+        m_ui->cbNowPlaying->setChecked(false);
+    });
+    m_nowPlaying->showSong(m_queue.song(m_queue.ListIndex()));
+    m_nowPlaying->show();
+}
+
+void PlayForm::cmbHeader_Click()
+{
+    PlayerState &state = m_parts.state;
+    state.PlayerPlayList = m_ui->cmbHeader->currentText();
+    m_ui->lblSelectedPlaylist->setText(state.PlayerPlayList);
+    if (state.CurrentPlayListName.isEmpty())
+        state.CurrentPlayListName = state.PlayerPlayList;
+}
+
+void PlayForm::cmdAddToPlaylist_Click()
+{
+    guarded(m_parts.desktop, m_ui->cmdAddToPlaylist->text(), [this] {
+        m_ui->lblSelectedPlaylist->setText(m_parts.state.PlayerPlayList);
+        const int row = m_queue.hasSelection() ? m_queue.ListIndex() : 0;
+        switch (m_addToPlayList.addFromPlayer(m_parts.state.PlayerPlayList, m_queue.song(row),
+                                              m_queue.url(row))) {
+        case SongAdded::Yes:
+            m_parts.state.CurrentPlayListName = m_ui->cmbHeader->currentText();
+            confirm(u"Song added to Play List"_s, AddedShownMs);
+            break;
+        case SongAdded::ChooseList:
+            m_ui->cmbHeader->setFocus();
+            SendKeysInput(u"%{Down}"_s);
+            break;
+        case SongAdded::No:
+            break;
+        }
+    });
+}
+
+void PlayForm::cmdDelete_Click()
+{
+    guarded(m_parts.desktop, m_ui->cmdDelete->text(), [this] {
+        m_addToPlayList.deleteFromPlayer(m_queue.url(m_queue.ListIndex()));
+        m_media->controls().next();
+        confirm(u"Deleted from Playlist"_s, DeletedShownMs);
+    });
+}
+
+void PlayForm::confirm(const QString &text, int milliseconds)
+{
+    m_ui->txtSongAddedToPlaylist->setText(text);
+    m_ui->txtSongAddedToPlaylist->show();
+    m_confirmation.start(milliseconds);
+}
+
+void PlayForm::hideConfirmation()
+{
+    m_ui->txtSongAddedToPlaylist->hide();
+    m_ui->txtSongAddedToPlaylist->setText(u"Song added to Play List"_s);
+}
+
+void PlayForm::cmdLyrics_Click()
+{
+    guarded(m_parts.desktop, m_ui->cmdLyrics->text(), [this] {
+        const int row = m_queue.count() >= 2 ? m_queue.ListIndex() : 0;
+        m_parts.desktop.OpenUrl(lyricsAddress(m_parts.store, m_queue.song(row)));
+    });
+}
+
+void PlayForm::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_ui->WindowsMediaPlayer1->pressMediaKey(event->key()))
+        QMainWindow::keyPressEvent(event);
+}
+
+void PlayForm::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    // A screen that is closed twice has been unloaded.
+    if (!m_media)
+        return;
+    Form_Unload();
+    Q_EMIT unloaded();
+}
+
+void PlayForm::Form_Unload()
+{
+    PlayerState &state = m_parts.state;
+    saveSettings();
+    // Silence at once; its handlers may be what closes the player.
+    m_ui->WindowsMediaPlayer1->setPlayer(nullptr);
+    m_media.reset();
+    if (m_nowPlaying)
+        m_nowPlaying->close();
+    if (state.PlayerLeft >= 0 && state.PlayerTop >= 0) {
+        state.PlayerLeft = x() * TwipsPerPixel;
+        state.PlayerTop = y() * TwipsPerPixel;
+    }
+    removeTemporaryList(m_parts.catalogue.DatabaseFolder);
+    state.PlayerOpen = false;
+    const bool restarts = state.RestartingPlayer || state.RestartingFolderPlayer;
+    if (!restarts && !m_parts.catalogue.SwitchingCatalogue && m_parts.isLastScreen())
+        m_parts.endProgram();
+    state.RestartingPlayer = state.RestartingFolderPlayer = false;
+    state.CurrentPlayUrl.clear();
+    state.CurrentPlayTitle.clear();
+    m_nextSong.reset();
+}
+
+} // namespace quaverly

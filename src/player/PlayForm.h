@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "player/AddToPlayList.h"
+#include "player/NextSong.h"
+#include "player/PlayerRules.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+namespace media {
+class MediaPlayer;
+}
+
+namespace Ui {
+class PlayForm;
+}
+
+namespace quaverly {
+
+class DataControl;
+class Desktop;
+class OptionsStore;
+class SongListModel;
+class frmNowPlaying;
+struct Options;
+struct PlayRequest;
+struct PlayerState;
+
+namespace keys {
+/** 0 to 100. */
+inline constexpr char16_t PlayerVolume[] = u"Player Volume";
+inline constexpr char16_t PlayerMute[] = u"Player Mute";
+} // namespace keys
+
+/** What the player's screen works with. All of it outlives the screen. */
+struct PlayFormParts
+{
+    Desktop &desktop;
+    PlayerState &state;
+    const Options &options;
+    OptionsStore &store;
+    Catalogue &catalogue;
+    /** Not looked at while the player is the only screen of the run. */
+    DataControl &displayed;
+    std::function<std::unique_ptr<media::MediaPlayer>()> makeMediaPlayer;
+    /** True when no screen but the player is open. */
+    std::function<bool()> isLastScreen;
+    /** Ends the process; may be called more than once. */
+    std::function<void()> endProgram;
+    /** Numbers in [0, 1). */
+    std::function<double()> random;
+};
+
+/**
+ * The player: a window of its own with the songs, the media control and what becomes of a song's end. Made,
+ * it is loaded and plays PlayerState's CurrentPlayUrl; closed, it is unloaded and never shown again.
+ */
+class PlayForm final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit PlayForm(PlayFormParts parts, QWidget *parent = nullptr);
+    ~PlayForm() override;
+
+    /** Takes the songs, and shows and hides what the command asks for. */
+    void fill(const PlayRequest &request);
+
+Q_SIGNALS:
+    void unloaded();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void wire();
+    void wireMedia();
+    void Form_Load();
+    void Form_Unload();
+    void applyFont();
+    void loadPlayLists();
+    void loadSettings();
+    void saveSettings();
+
+    void cbPlayNext_Click(bool checked);
+    void cbPlayRandom_Click(bool checked);
+    void cbLoop_Click(bool checked);
+    void cbShuffle_Click(bool checked);
+    void cbNowPlaying_Click(bool checked);
+    void lbSongs_Click(int row);
+    void cmbHeader_Click();
+    void cmdAddToPlaylist_Click();
+    void cmdDelete_Click();
+    void cmdLyrics_Click();
+
+    void WindowsMediaPlayer1_PlayStateChange(int NewState);
+    void WindowsMediaPlayer1_CurrentItemChange();
+    void obey(const StateDecision &decision);
+    void followList(const StateFollow &steps);
+    void passOverDuplicates();
+    void PlayNextRandom(NextMode mode);
+    void playNextSong(const NextSongFile &song);
+    [[nodiscard]] PlayerChecks checks() const;
+
+    /** Both list boxes; -1 for no row. */
+    void selectRow(int row);
+    void showQueue();
+    void showCurrentSong();
+    void focusControl();
+    void showNote(const QString &sentence);
+    void confirm(const QString &text, int milliseconds);
+    void hideConfirmation();
+
+    std::unique_ptr<Ui::PlayForm> m_ui;
+    PlayFormParts m_parts;
+    PlayListStore m_lists;
+    AddToPlayList m_addToPlayList;
+    /** Null once unloaded. */
+    std::unique_ptr<media::MediaPlayer> m_media;
+    SongQueue m_queue;
+    SongListModel *m_songs;
+    SongListModel *m_urls;
+    /** Null in a run that has no catalogue. */
+    std::unique_ptr<NextSong> m_nextSong;
+    QPointer<frmNowPlaying> m_nowPlaying;
+    QTimer m_confirmation;
+};
+
+} // namespace quaverly

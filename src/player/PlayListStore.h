@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "catalogue/Catalogue.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+#include <optional>
+
+namespace quaverly {
+
+class DataControl;
+
+/** The most songs that a list takes, and the highest number of a track. */
+inline constexpr qint64 MostTracks = 32000;
+
+struct PlayListName
+{
+    QString ListName;
+    qint64 ListID = 0;
+
+    bool operator==(const PlayListName &) const = default;
+};
+
+/**
+ * A track's fields: a copy of a song as it is now, which does not follow the song's later changes. Values are
+ * texts or Null.
+ */
+struct Track
+{
+    QVariant ContactRecordID{};
+    QVariant SongTitle{};
+    QVariant ArtistName{};
+    QVariant AlbumName{};
+    QVariant TrackText{};
+    /** Full path. */
+    QVariant FileName{};
+    QVariant Duration{};
+    QVariant Year{};
+    QVariant Rating{};
+    QVariant Notes{};
+};
+
+/** The fields of a track that come from a song, the title's double quotes made single. */
+[[nodiscard]] Track trackOfSong(const dao::Recordset &song);
+
+/** Each double quote made single: neither titles nor names of lists keep one. */
+[[nodiscard]] QString singleQuotes(QString text);
+
+/**
+ * Play lists: a header row each, and numbered tracks, played in the order of their numbers, which may have
+ * gaps. Every operation may throw dao::DaoError.
+ */
+class PlayListStore final
+{
+public:
+    /** @p now gives the time that rows are stamped with. */
+    explicit PlayListStore(Catalogue &catalogue,
+                           std::function<QDateTime()> now = &QDateTime::currentDateTime);
+
+    /** In the order of their names. */
+    [[nodiscard]] QList<PlayListName> lists() const;
+    [[nodiscard]] bool hasLists() const;
+    /** In any case; nothing without such a list. */
+    [[nodiscard]] std::optional<qint64> ListID(const QString &listName) const;
+
+    /** False when the name is taken. The name's trailing blanks are cut. */
+    [[nodiscard]] bool isTaken(const QString &listName) const;
+    qint64 addList(const QString &listName, const QString &notes);
+    /** Name and notes of a header; the tracks know it by its number. False without that list. */
+    bool editList(qint64 listId, const QString &listName, const QString &notes);
+    /** With its tracks, or not at all. */
+    void deleteList(qint64 listId);
+
+    /** 0 for an empty list. */
+    [[nodiscard]] qint64 highestTrack(qint64 listId) const;
+    void addTrack(qint64 listId, qint64 listTrackId, const Track &track);
+    /** All in one transaction, numbered from @p firstTrackId on. */
+    void addTracks(qint64 listId, qint64 firstTrackId, const QList<Track> &tracks);
+    /** That number's tracks; the numbers behind it keep the gap until RenumberTracks. */
+    void deleteTrack(qint64 listId, qint64 listTrackId);
+    /** All of the list with that file. */
+    void deleteFile(qint64 listId, const QString &path);
+    /** Numbers from 1 without gaps, in the order that is. */
+    void RenumberTracks(qint64 listId);
+
+    /** The song with that file. */
+    [[nodiscard]] std::optional<qint64> songOfFile(const QString &path) const;
+
+private:
+    [[nodiscard]] dao::Database &database() const { return *m_catalogue.CatalogueDb; }
+    [[nodiscard]] std::unique_ptr<dao::Recordset> snapshot(const QString &sql) const;
+    [[nodiscard]] std::unique_ptr<dao::Recordset> dynaset(const QString &sql) const;
+
+    Catalogue &m_catalogue;
+    std::function<QDateTime()> m_now;
+};
+
+} // namespace quaverly

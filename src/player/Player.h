@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "player/SongQueue.h"
+
+#include <QString>
+
+namespace quaverly {
+
+/** What a play command hands to the player. */
+struct PlayRequest
+{
+    /** A music file, or the list file that holds the queue's paths. */
+    QString CurrentPlayUrl{};
+    QString CurrentPlayTitle{};
+    /** Caption of the player's window. */
+    QString caption{};
+    SongQueue songs{};
+    /** The number of songs is shown. */
+    bool showsCount = false;
+
+    /** Controls that the command shows or hides. */
+    bool cbPlayNext = false;
+    bool cbPlayRandom = false;
+    bool cbShuffle = true;
+    bool cbSkipDups = true;
+    bool cbNowPlaying = true;
+    bool cmdDelete = true;
+    /** Everything about play lists. */
+    bool playListControls = true;
+};
+
+/** One music file, with the player alone on the screen. @p file may be relative, or a local file's address.
+ */
+[[nodiscard]] PlayRequest playerOnlyRequest(const QString &file);
+
+/** The player as the play commands know it: no screen, or one with one queue. */
+class Player
+{
+public:
+    virtual ~Player() = default;
+
+    /** Closes the player if it is open. */
+    virtual void unload() = 0;
+    /** Opens the player, which must not be open, shows it beside the other screens and plays. */
+    virtual void play(PlayRequest request) = 0;
+};
+
+} // namespace quaverly

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/SongListView.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+constexpr int RoomForIcon = 32;
+
+} // namespace
+
+SongListView::SongListView(QWidget *parent) : QListView(parent)
+{
+    connect(this, &QAbstractItemView::clicked, this,
+            [this](const QModelIndex &index) { Q_EMIT rowChosen(index.row()); });
+}
+
+void SongListView::keyPressEvent(QKeyEvent *event)
+{
+    const QModelIndex before = currentIndex();
+    QListView::keyPressEvent(event);
+    const bool again = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (currentIndex().isValid() && (again || currentIndex() != before))
+        Q_EMIT rowChosen(currentIndex().row());
+}
+
+bool SongListView::isCut(const QModelIndex &index) const
+{
+    QFont bold = font();
+    bold.setBold(true);
+    return QFontMetrics(bold).horizontalAdvance(index.data().toString()) > viewport()->width() - RoomForIcon;
+}
+
+bool SongListView::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        if (const QModelIndex index = indexAt(help->pos()); index.isValid() && isCut(index)) {
+            QToolTip::showText(help->globalPos(),
+                               u"<p>"_s + index.data().toString().toHtmlEscaped() + u"</p>"_s, this);
+            return true;
+        }
+    }
+    return QListView::viewportEvent(event);
+}
+
+} // namespace quaverly

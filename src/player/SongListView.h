@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QListView>
+
+namespace quaverly {
+
+/** A list box: tells when the user, by mouse or key, goes to a row or chooses the selected one again. */
+class SongListView final : public QListView
+{
+    Q_OBJECT
+
+public:
+    explicit SongListView(QWidget *parent = nullptr);
+
+Q_SIGNALS:
+    void rowChosen(int row);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    /** A text that is cut shows as a whole. */
+    bool viewportEvent(QEvent *event) override;
+
+private:
+    [[nodiscard]] bool isCut(const QModelIndex &index) const;
+};
+
+} // namespace quaverly

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/SongQueue.h"
+
+namespace quaverly {
+
+QString songRow(const QString &songName, const QString &artist)
+{
+    return artist.isEmpty() ? songName : songName + QString::fromUtf16(ArtistMark) + artist;
+}
+
+bool isSameText(const QString &left, const QString &right)
+{
+    return left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+void SongQueue::add(const QString &row, const QString &url)
+{
+    m_songs.append(row);
+    m_urls.append(url);
+}
+
+void SongQueue::reserve(qsizetype songs)
+{
+    m_songs.reserve(m_songs.size() + songs);
+    m_urls.reserve(m_urls.size() + songs);
+}
+
+void SongQueue::clear()
+{
+    m_songs.clear();
+    m_urls.clear();
+    m_listIndex = -1;
+}
+
+int SongQueue::rowOf(const QString &url) const
+{
+    for (int row = 0; row < count(); ++row) {
+        if (isSameText(m_urls.at(row), url))
+            return row;
+    }
+    return -1;
+}
+
+void SongQueue::setListIndex(int row)
+{
+    if (row >= -1 && row < count())
+        m_listIndex = row;
+}
+
+} // namespace quaverly
