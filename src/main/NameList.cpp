@@ -6,12 +6,16 @@
 #include "desktop/KeySender.h"
 #include "desktop/ScreenLook.h"
 #include "intake/AddCommands.h"
+#include "intake/GatherFolders.h"
 #include "intake/MusicLoader.h"
 #include "intake/ScanForms.h"
 #include "main/EmptyState.h"
 #include "main/Session.h"
 #include "main/WindowPlace.h"
 #include "platform/options/Folders.h"
+#include "player/PlayCommands.h"
+#include "player/Player.h"
+#include "player/TemporaryList.h"
 #include "songlist/ColumnMoves.h"
 #include "songlist/GridHandlers.h"
 
@@ -30,6 +34,8 @@ namespace {
 
 /** How long a closing that a scan held up waits for the next try. */
 constexpr int CloseAgainMilliseconds = 50;
+
+constexpr int NoticeMilliseconds = 800;
 
 /** Lines of the description box: song, artist, album, file. */
 constexpr int DescriptionLines = 4;
@@ -51,10 +57,12 @@ ScanClock systemClock()
 
 } // namespace
 
-NameList::NameList(Session &session, CatalogueCommands &catalogueCommands, std::function<void()> unloaded)
+NameList::NameList(Session &session, CatalogueCommands &catalogueCommands, Player &player,
+                   std::function<void()> unloaded)
     : m_ui(std::make_unique<Ui::NameList>()), m_session(session), m_catalogueCommands(catalogueCommands),
-      m_unloaded(std::move(unloaded)), m_optionCommands(session.desktop(), *this, session.options(),
-                                                        session.optionsStore(), session.settings()),
+      m_player(player), m_unloaded(std::move(unloaded)),
+      m_optionCommands(session.desktop(), *this, session.options(), session.optionsStore(),
+                       session.settings()),
       m_listCommands(session.displayedSet(), *this, session.desktop()),
       m_locate(session.catalogue(), session.displayedSet(), session.desktop()),
       m_helpSite(session.desktop(), session.optionsStore(), QCoreApplication::applicationDirPath() + u'/')
@@ -87,6 +95,7 @@ void NameList::build()
     m_addCommands =
         std::make_unique<AddCommands>(m_session.desktop(), *this, m_session.player(), m_session.intake(),
                                       *m_loader, [this] { m_scanForms->showScanDriveForm(*m_loader); });
+    buildPlayCommands();
     addIcons();
     addPopup();
     showEmptyState();
@@ -97,6 +106,26 @@ void NameList::build()
         grid, m_session.displayedSet(), m_session.desktop(), *m_columns,
         GridActions{[this] { m_ui->txtLocate->setFocus(); }, [] {}, [this] { showCurrentSong(); },
                     [this](QPoint place) { m_popup->popup(place); }});
+}
+
+void NameList::buildPlayCommands()
+{
+    m_playCommands = std::make_unique<PlayCommands>(PlayParts{
+        m_session.desktop(), m_player, m_session.player(), m_session.options(), m_session.catalogue(),
+        m_session.displayedSet().Data1(), m_session.shell(), m_session.intake().MusicFolder,
+        [this](const QString &root) {
+            GatheredFolders found;
+            const bool never = false;
+            GatherFolders(m_session.shell(), m_session.desktop(), never, root, found);
+            return found.folders;
+        },
+        [](const std::function<void()> &closed) { closed(); }, [this] { showNotice(); }});
+}
+
+void NameList::showNotice()
+{
+    m_ui->lblNotice->show();
+    QTimer::singleShot(NoticeMilliseconds, m_ui->lblNotice, &QWidget::hide);
 }
 
 void NameList::handle(const std::function<void()> &handler)
@@ -116,6 +145,9 @@ void NameList::Form_Load()
     fitDescription();
     m_ui->Table1->setDesignWidths();
     m_columns->load(m_session.catalogue().DatabaseFolder);
+    // One that a run left behind which could not end.
+    if (!m_session.player().PlayerOpen)
+        removeTemporaryList(m_session.catalogue().DatabaseFolder);
     setVisible(MainControl::lblFilterMsg, false);
     setVisible(MainControl::cmdShowSelected, false);
     set_lblCategory(lblCategory());
@@ -283,6 +315,11 @@ void NameList::showCurrentSong()
     set_txtName(lines + u'\n' + text(u"PathName") + text(u"FileName"));
     if (cmdShowArtistSongs() != QStringView(captions::ReturnFromArtist))
         m_session.displayedSet().showArtistButton();
+}
+
+void NameList::unloadPlayForm()
+{
+    m_player.unload();
 }
 
 void NameList::raiseScreen()

@@ -25,6 +25,8 @@ class ColumnMoves;
 class EmptyState;
 class GridHandlers;
 class MusicLoader;
+class PlayCommands;
+class Player;
 class ScanForms;
 class Session;
 
@@ -39,7 +41,8 @@ public:
      * @p unloaded runs when the screen was closed; it may delete the screen later. The references outlive
      * the screen. @throws dao::DaoError.
      */
-    NameList(Session &session, CatalogueCommands &catalogueCommands, std::function<void()> unloaded);
+    NameList(Session &session, CatalogueCommands &catalogueCommands, Player &player,
+             std::function<void()> unloaded);
     ~NameList() override;
 
     void setEnabled(MainControl control, bool enabled) override;
@@ -71,7 +74,7 @@ public:
     void setScreenEnabled(bool enabled) override;
     [[nodiscard]] int openScreens() const override;
     void unloadPics3() override {}
-    void unloadPlayForm() override {}
+    void unloadPlayForm() override;
 
     [[nodiscard]] QString mnuOptionWindowSize() const override;
     void set_mnuOptionWindowSize(const QString &caption) override;
@@ -96,11 +99,14 @@ protected:
 
 private:
     void build();
+    void buildPlayCommands();
+    void showNotice();
     void wire();
     void wireButtons();
     void wireListCommands();
     void wireOptions();
     void wireAddCommands();
+    void wirePlayCommands();
     void wireLocate();
     void addIcons();
     void addPopup();
@@ -137,6 +143,7 @@ private:
     std::unique_ptr<Ui::NameList> m_ui;
     Session &m_session;
     CatalogueCommands &m_catalogueCommands;
+    Player &m_player;
     std::function<void()> m_unloaded;
     OptionCommands m_optionCommands;
     ListCommands m_listCommands;
@@ -145,6 +152,7 @@ private:
     std::unique_ptr<ScanForms> m_scanForms;
     std::unique_ptr<MusicLoader> m_loader;
     std::unique_ptr<AddCommands> m_addCommands;
+    std::unique_ptr<PlayCommands> m_playCommands;
     std::unique_ptr<ColumnMoves> m_columns;
     std::unique_ptr<GridHandlers> m_gridHandlers;
     QMenu *m_popup = nullptr;

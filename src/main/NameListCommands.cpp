@@ -11,6 +11,7 @@
 #include "desktop/KeySender.h"
 #include "intake/AddCommands.h"
 #include "main/Session.h"
+#include "player/PlayCommands.h"
 #include "songlist/ColumnMoves.h"
 #include "songlist/CriteriaForm.h"
 #include "songlist/GridHandlers.h"
@@ -28,6 +29,7 @@ void NameList::wire()
     wireListCommands();
     wireOptions();
     wireAddCommands();
+    wirePlayCommands();
     wireLocate();
     m_ui->txtName->installEventFilter(this);
 }
@@ -98,6 +100,19 @@ void NameList::wireAddCommands()
     connect(m_ui->AddMusicFolder, &QAction::triggered, this, [add] { add->AddMusicFolder_Click(); });
     connect(m_ui->AddOneMusicFile, &QAction::triggered, this, [add] { add->AddOneMusicFile_Click(); });
     connect(m_ui->ScanFiles, &QAction::triggered, this, [add] { add->ScanFiles_Click(); });
+}
+
+void NameList::wirePlayCommands()
+{
+    PlayCommands *play = m_playCommands.get();
+    for (QAction *entry : {m_ui->mnuPlayCurrentSong, m_ui->mnuPopupPlay})
+        connect(entry, &QAction::triggered, this, [play] { play->cmdPlay_Click(); });
+    connect(m_ui->cmdPlay, &QToolButton::clicked, this, [play] { play->cmdPlay_Click(); });
+    connect(m_ui->mnuPlayAllSongs, &QAction::triggered, this, [play] { play->cmdPlayAll_Click(); });
+    connect(m_ui->cmdPlayAll, &QToolButton::clicked, this, [play] { play->cmdPlayAll_Click(); });
+    connect(m_ui->mnuPlayFolder, &QAction::triggered, this, [play] { play->mnuPlayFolder_Click(); });
+    connect(m_ui->mnuPlayFolderAndSubfolders, &QAction::triggered, this,
+            [play] { play->mnuPlayFolderAndSubfolders_Click(); });
 }
 
 void NameList::wireLocate()

@@ -31,6 +31,10 @@ QWidget *NameList::controlOf(MainControl control) const
         return m_ui->cmdSortArtist;
     case MainControl::cmdDelete:
         return m_ui->cmdDelete;
+    case MainControl::cmdPlay:
+        return m_ui->cmdPlay;
+    case MainControl::cmdPlayAll:
+        return m_ui->cmdPlayAll;
     case MainControl::cmdExit:
         return m_ui->cmdExit;
     case MainControl::cmdFilter:
@@ -204,7 +208,8 @@ void NameList::set_BackColor(quint32 color)
     m_ui->background->setPalette(colours);
     for (QWidget *label :
          {static_cast<QWidget *>(m_ui->lblCategory), static_cast<QWidget *>(m_ui->lblFilterMsg),
-          static_cast<QWidget *>(m_ui->lblSelectedCount), static_cast<QWidget *>(m_ui->txtName)}) {
+          static_cast<QWidget *>(m_ui->lblSelectedCount), static_cast<QWidget *>(m_ui->lblNotice),
+          static_cast<QWidget *>(m_ui->txtName)}) {
         QPalette own = label->palette();
         own.setColor(QPalette::WindowText, text);
         own.setColor(QPalette::Text, text);

@@ -11,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 using namespace Qt::StringLiterals;
 
@@ -36,16 +37,13 @@ StartContext startContext(const QString &commandLine, const shell::Shell &shell,
 } // namespace
 
 Program::Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance, const QString &commandLine,
-                 std::function<void()> quit)
-    : m_session(desktop, store), m_instance(instance), m_quit(std::move(quit)),
-      m_catalogueCommands(desktop, m_session.catalogue(), m_session.engine(), catalogueHooks())
+                 std::function<void()> quit, media::MediaOptions sound)
+    : m_session(desktop, store, std::move(sound)), m_instance(instance), m_quit(std::move(quit)),
+      m_catalogueCommands(desktop, m_session.catalogue(), m_session.engine(), catalogueHooks()),
+      m_playForms(playFormParts())
 {
     const StartHooks hooks{[this] { showNameList(); },
-                           [this](const QString &) {
-                               m_session.desktop().MessageBox(
-                                   u"The player is not built into this version yet."_s, u"Quaverly Player"_s,
-                                   Icon::Information);
-                           }};
+                           [this](const QString &file) { m_playForms.play(playerOnlyRequest(file)); }};
     m_startUp = std::make_unique<StartUp>(
         m_session.catalogue(), m_session.options(), m_session.engine(), desktop, store, instance,
         startContext(commandLine, m_session.shell(), desktop.isTabletWithoutMouse()), hooks);
@@ -60,14 +58,28 @@ Program::~Program()
 
 bool Program::start()
 {
-    return m_startUp->run() == StartResult::Running;
+    return m_startUp->run() == StartResult::Running || m_playForms.form() != nullptr;
+}
+
+PlayFormParts Program::playFormParts()
+{
+    return {m_session.desktop(),
+            m_session.player(),
+            m_session.options(),
+            m_session.optionsStore(),
+            m_session.catalogue(),
+            m_session.displayedSet().Data1(),
+            [this] { return m_session.media().makeMediaPlayer(); },
+            [this] { return m_nameList == nullptr; },
+            [this] { m_quit(); },
+            [] { return QRandomGenerator::global()->generateDouble(); }};
 }
 
 CatalogueHooks Program::catalogueHooks()
 {
     return {[this] { m_nameList->ShowAllMenu_Click(); },
             [this] { return m_nameList->openScreens(); },
-            [this] { m_nameList->unloadPlayForm(); },
+            [this] { m_playForms.unload(); },
             [this](bool compacting) { unloadNameList(compacting); },
             [this] { m_session.player().CurrentPlayListName.clear(); },
             [this] { return m_startUp->run() == StartResult::Running; },
@@ -78,7 +90,8 @@ void Program::showNameList()
 {
     // Before any control of it is there: until the event loop runs, only new ones take the font.
     applyScreenFont(m_session.options().ScreenFont);
-    auto screen = std::make_unique<NameList>(m_session, m_catalogueCommands, [this] { nameList_Unloaded(); });
+    auto screen = std::make_unique<NameList>(m_session, m_catalogueCommands, m_playForms,
+                                             [this] { nameList_Unloaded(); });
     screen->show();
     m_nameList = std::move(screen);
 }
@@ -96,6 +109,7 @@ void Program::nameList_Unloaded()
 {
     if (!m_session.shutDown().endsProcess(m_compactingCatalogue))
         return;
+    m_playForms.unload();
     m_session.shutDown().closeCatalogue();
     m_quit();
 }
@@ -104,6 +118,8 @@ void Program::raiseScreen()
 {
     if (m_nameList)
         m_nameList->raiseScreen();
+    else if (m_playForms.form() != nullptr)
+        m_playForms.form()->raise();
 }
 
 } // namespace quaverly

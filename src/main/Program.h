@@ -3,6 +3,7 @@
 
 #include "catalogue/CatalogueCommands.h"
 #include "main/Session.h"
+#include "player/PlayForms.h"
 
 #include <QString>
 
@@ -19,20 +20,23 @@ class StartUp;
 class Program final
 {
 public:
-    /** @p quit ends the event loop. All references outlive the program. */
+    /** @p quit ends the event loop; @p sound is where the player's goes. All references outlive the program.
+     */
     Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance, const QString &commandLine,
-            std::function<void()> quit);
+            std::function<void()> quit, media::MediaOptions sound = {});
     ~Program();
     Program(const Program &) = delete;
     Program &operator=(const Program &) = delete;
 
-    /** True when the main screen is up and the event loop is to run. */
+    /** True when a screen is up, the main one or the player alone, and the event loop is to run. */
     [[nodiscard]] bool start();
     /** Null before the start and after the end. */
+    [[nodiscard]] PlayForms &playForms() { return m_playForms; }
     [[nodiscard]] NameList *mainScreen() { return m_nameList.get(); }
 
 private:
     [[nodiscard]] CatalogueHooks catalogueHooks();
+    [[nodiscard]] PlayFormParts playFormParts();
     void showNameList();
     void unloadNameList(bool compacting);
     void nameList_Unloaded();
@@ -43,6 +47,7 @@ private:
     std::function<void()> m_quit;
     std::unique_ptr<StartUp> m_startUp;
     CatalogueCommands m_catalogueCommands;
+    PlayForms m_playForms;
     /** True while the main screen is unloaded for the catalogue's compaction. */
     bool m_compactingCatalogue = false;
     std::unique_ptr<NameList> m_nameList;

@@ -8,9 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
-Session::Session(Desktop &desktop, OptionsStore &store)
-    : m_desktop(desktop), m_store(store), m_engine(catalogueSchema()), m_shell(shell::makeShell()),
-      m_settings(m_catalogue), m_displayedSet(m_catalogue, m_settings, desktop), m_shutDown(m_catalogue)
+Session::Session(Desktop &desktop, OptionsStore &store, media::MediaOptions sound)
+    : m_desktop(desktop), m_store(store), m_engine(catalogueSchema()), m_media(std::move(sound)),
+      m_shell(shell::makeShell()), m_settings(m_catalogue), m_displayedSet(m_catalogue, m_settings, desktop),
+      m_shutDown(m_catalogue)
 {
     // What a handler leaves pending in the store is on the disk before the user does anything else.
     m_desktop.handlers().afterHandler = [this] { m_engine.Workspaces(0).settle(); };

@@ -6,6 +6,7 @@
 #include "catalogue/SettingsRows.h"
 #include "catalogue/ShutDown.h"
 #include "intake/IntakeState.h"
+#include "platform/media/Media.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/shell/Shell.h"
 #include "songlist/DisplayedSet.h"
@@ -18,11 +19,12 @@ class Session final
 {
 public:
     /** @p desktop and @p store outlive the session. */
-    Session(Desktop &desktop, OptionsStore &store);
+    Session(Desktop &desktop, OptionsStore &store, media::MediaOptions sound);
 
     [[nodiscard]] Desktop &desktop() { return m_desktop; }
     [[nodiscard]] OptionsStore &optionsStore() { return m_store; }
     [[nodiscard]] dao::DBEngine &engine() { return m_engine; }
+    [[nodiscard]] const media::MediaFactory &media() { return m_media; }
     [[nodiscard]] shell::Shell &shell() { return *m_shell; }
     [[nodiscard]] Catalogue &catalogue() { return m_catalogue; }
     [[nodiscard]] Options &options() { return m_options; }
@@ -39,6 +41,7 @@ private:
     Desktop &m_desktop;
     OptionsStore &m_store;
     dao::DBEngine m_engine;
+    media::MediaFactory m_media;
     std::unique_ptr<shell::Shell> m_shell;
     Catalogue m_catalogue;
     Options m_options;
