@@ -29,8 +29,6 @@ constexpr KeyName Names[] = {
     {"SELECT"_L1, {41, false}},     {"TAB"_L1, {9, false}},       {"UP"_L1, {38, true}},
 };
 
-constexpr quint16 Shift = KeyboardLayout::Shift;
-
 /** Keys beside letters and digits: the characters without and with Shift, virtual key, scan code. */
 struct SignKey
 {

@@ -36,7 +36,7 @@ void NameList::wire()
 
 void NameList::wireButtons()
 {
-    const auto leadsTo = [this](QToolButton *button, QAction *entry) {
+    const auto leadsTo = [](QToolButton *button, QAction *entry) {
         connect(button, &QToolButton::clicked, entry, &QAction::trigger);
     };
     leadsTo(m_ui->cmdFind, m_ui->FindEditMenu);

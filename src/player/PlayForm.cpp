@@ -7,6 +7,7 @@
 #include "desktop/KeySender.h"
 #include "desktop/ScreenLook.h"
 #include "platform/media/Media.h"
+#include "platform/media/Mpris.h"
 #include "platform/options/OptionsStore.h"
 #include "player/Player.h"
 #include "player/SongListModel.h"
@@ -51,6 +52,7 @@ PlayForm::PlayForm(PlayFormParts parts, QWidget *parent)
     m_confirmation.setSingleShot(true);
     wire();
     wireMedia();
+    listenToDesktop();
     Form_Load();
 }
 
@@ -76,6 +78,23 @@ void PlayForm::wire()
     on(m_ui->cmdLyrics, &QPushButton::clicked, &PlayForm::cmdLyrics_Click);
     on(m_ui->cmdExit, &QPushButton::clicked, &PlayForm::close);
     on(&m_confirmation, &QTimer::timeout, &PlayForm::hideConfirmation);
+}
+
+void PlayForm::listenToDesktop()
+{
+    const auto later = [this](auto act) { QMetaObject::invokeMethod(this, act, Qt::QueuedConnection); };
+    m_remote = std::make_unique<media::PlayerRemote>(
+        *m_media, media::RemoteHost{[this] {
+                                        raise();
+                                        activateWindow();
+                                    },
+                                    // The call itself must have come back before its objects go.
+                                    [this, later] { later([this] { close(); }); },
+                                    [this](bool on) { m_ui->cbLoop->setChecked(on); },
+                                    [this](bool on) { m_ui->cbShuffle->setChecked(on); },
+                                    {},
+                                    {}});
+    m_mpris = std::make_unique<media::Mpris>(*m_remote);
 }
 
 void PlayForm::Form_Load()
@@ -304,7 +323,8 @@ void PlayForm::cmdLyrics_Click()
 
 void PlayForm::keyPressEvent(QKeyEvent *event)
 {
-    if (!m_ui->WindowsMediaPlayer1->pressMediaKey(event->key()))
+    const int key = event->key() == Qt::Key_Space ? Qt::Key_MediaTogglePlayPause : event->key();
+    if (!m_ui->WindowsMediaPlayer1->pressMediaKey(key))
         QMainWindow::keyPressEvent(event);
 }
 
@@ -324,6 +344,8 @@ void PlayForm::Form_Unload()
     saveSettings();
     // Silence at once; its handlers may be what closes the player.
     m_ui->WindowsMediaPlayer1->setPlayer(nullptr);
+    m_mpris.reset();
+    m_remote.reset();
     m_media.reset();
     if (m_nowPlaying)
         m_nowPlaying->close();

@@ -14,7 +14,9 @@
 
 namespace media {
 class MediaPlayer;
-}
+class Mpris;
+class PlayerRemote;
+} // namespace media
 
 namespace Ui {
 class PlayForm;
@@ -81,6 +83,7 @@ protected:
 private:
     void wire();
     void wireMedia();
+    void listenToDesktop();
     void Form_Load();
     void Form_Unload();
     void applyFont();
@@ -113,6 +116,7 @@ private:
     void showQueue();
     void showCurrentSong();
     void focusControl();
+    void showSkipped(const QString &sourceURL, const QString &sentence);
     void showNote(const QString &sentence);
     void confirm(const QString &text, int milliseconds);
     void hideConfirmation();
@@ -123,6 +127,9 @@ private:
     AddToPlayList m_addToPlayList;
     /** Null once unloaded. */
     std::unique_ptr<media::MediaPlayer> m_media;
+    /** Media keys and the desktop's player widget. */
+    std::unique_ptr<media::PlayerRemote> m_remote;
+    std::unique_ptr<media::Mpris> m_mpris;
     SongQueue m_queue;
     SongListModel *m_songs;
     SongListModel *m_urls;
@@ -130,6 +137,7 @@ private:
     std::unique_ptr<NextSong> m_nextSong;
     QPointer<frmNowPlaying> m_nowPlaying;
     QTimer m_confirmation;
+    bool m_noteIsOfSkip = false;
 };
 
 } // namespace quaverly

@@ -33,8 +33,7 @@ void PlayForm::wireMedia()
     connect(m_media.get(), &media::MediaPlayer::CurrentItemChange, this,
             &PlayForm::WindowsMediaPlayer1_CurrentItemChange);
     connect(m_media.get(), &media::MediaPlayer::mediaError, this, &PlayForm::showNote);
-    connect(m_media.get(), &media::MediaPlayer::itemSkipped, this,
-            [this](const QString & /*sourceURL*/, const QString &sentence) { showNote(sentence); });
+    connect(m_media.get(), &media::MediaPlayer::itemSkipped, this, &PlayForm::showSkipped);
 }
 
 PlayerChecks PlayForm::checks() const
@@ -45,7 +44,9 @@ PlayerChecks PlayForm::checks() const
 
 void PlayForm::WindowsMediaPlayer1_PlayStateChange(int NewState)
 {
-    if (NewState == media::Playing && m_media->currentPlaylist().count() < 2)
+    // What was passed over is told while the song behind it plays, an end until something plays again.
+    const bool isOver = NewState == media::MediaEnded || (NewState == media::Playing && !m_noteIsOfSkip);
+    if (isOver)
         showNote({});
     quietly([this, NewState] {
         StateChange change;
@@ -173,8 +174,15 @@ void PlayForm::playNextSong(const NextSongFile &song)
     m_media->setURL(path);
 }
 
+void PlayForm::showSkipped(const QString & /*sourceURL*/, const QString &sentence)
+{
+    showNote(sentence);
+    m_noteIsOfSkip = true;
+}
+
 void PlayForm::showNote(const QString &sentence)
 {
+    m_noteIsOfSkip = false;
     m_ui->lblMediaNote->setText(sentence);
     m_ui->lblMediaNote->setVisible(!sentence.isEmpty());
 }

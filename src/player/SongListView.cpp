@@ -23,6 +23,10 @@ SongListView::SongListView(QWidget *parent) : QListView(parent)
 
 void SongListView::keyPressEvent(QKeyEvent *event)
 {
+    if (event->key() == Qt::Key_Space) {
+        event->ignore();
+        return;
+    }
     const QModelIndex before = currentIndex();
     QListView::keyPressEvent(event);
     const bool again = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -5,7 +5,8 @@
 
 namespace quaverly {
 
-/** A list box: tells when the user, by mouse or key, goes to a row or chooses the selected one again. */
+/** A list box: tells when the user, by mouse or key, goes to a row or chooses the selected one again. The
+ * space bar is left to the screen around it. */
 class SongListView final : public QListView
 {
     Q_OBJECT

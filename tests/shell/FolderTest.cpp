@@ -158,6 +158,65 @@ TEST_F(Folders, ReadAheadGivesTheSameAsReadingOnDemand)
         EXPECT_EQ(all(threads, shuffled), direct);
 }
 
+TEST_F(Folders, ShowWhatIsThereThoughTheirListingsAreKept)
+{
+    samples::SampleMaker maker;
+    samples::SongTags tags;
+    const auto addSong = [&](const QString &name) {
+        tags.title = name;
+        maker.makeSong(path(name), tags);
+    };
+    QStringList folders;
+    for (int i = 0; i < 30; ++i) {
+        folders += u"%1/"_s.arg(i, 2, 10, QChar(u'0'));
+        ASSERT_TRUE(QDir().mkdir(path(folders.last())));
+        for (int song = 0; song < i % 4; ++song)
+            addSong(folders.last() + u"%1.%2"_s.arg(song).arg(song % 2 ? u"ogg"_s : u"mp3"_s));
+    }
+    const auto timeOf = [this](const QString &folder) {
+        struct stat about
+        {};
+        ::stat(QFile::encodeName(path(folder)).constData(), &about);
+        return std::pair(about.st_mtim.tv_sec, about.st_mtim.tv_nsec);
+    };
+    const auto change = [&](const QString &folder) {
+        const auto before = timeOf(folder);
+        for (int i = 0; timeOf(folder) == before; ++i)
+            addSong(folder + u"new %1.mp3"_s.arg(i));
+    };
+    const auto walked = [&](shell::Shell &shell) {
+        QStringList seen;
+        for (const QString &folder : std::as_const(folders)) {
+            if (folder == u"07/"_s) // passed over
+                continue;
+            const auto items = shell.NameSpace(path(folder));
+            for (qsizetype i = 0; items && i < items->count(); ++i) {
+                const shell::Item &item = items->item(i);
+                const bool wanted = item.name().endsWith("mp3"_L1);
+                seen += folder + item.name() + (item.isFile() ? u"="_s : u"?"_s) +
+                        (wanted ? item.detail(21) : QString());
+            }
+        }
+        return seen;
+    };
+    for (const int threads : {0, 1, 2}) {
+        const auto shell = shell::makeShell({.readAheadThreads = threads, .timeGrain = -1});
+        const shell::ListingsKept kept(*shell);
+        for (const QString &folder : std::as_const(folders))
+            EXPECT_EQ(shell->search(path(folder)).size(), QDir(path(folder)).count() - 2)
+                << qPrintable(folder);
+        change(u"05/"_s);
+        ASSERT_TRUE(QDir(path(u"11/"_s)).removeRecursively());
+        ASSERT_TRUE(QFile::rename(path(u"15/"_s), path(u"11/"_s)));
+        const QStringList seen = walked(*shell);
+        EXPECT_EQ(seen, walked(*shell::makeShell()));
+        EXPECT_EQ(walked(*shell), seen) << "a second walk lists anew";
+        EXPECT_TRUE(seen.contains(u"05/new 0.mp3=05/new 0.mp3"_s));
+        ASSERT_TRUE(QFile::rename(path(u"11/"_s), path(u"15/"_s)));
+        ASSERT_TRUE(QDir().mkdir(path(u"11/"_s)));
+    }
+}
+
 TEST_F(Folders, MayGoWhileTheirItemsAreReadAhead)
 {
     samples::SampleMaker maker;

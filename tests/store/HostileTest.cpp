@@ -1,13 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/StoreTest.h"
 
-#include <QElapsedTimer>
+#include <ctime>
 
 using namespace Qt::StringLiterals;
 
 namespace quaverly::test {
 
 namespace {
+
+/** Seconds that the processor spends, whatever else the machine does. */
+class ProcessorTime
+{
+public:
+    [[nodiscard]] double seconds() const { return double(std::clock() - m_start) / CLOCKS_PER_SEC; }
+
+private:
+    std::clock_t m_start = std::clock();
+};
 
 /** All of them too complex. */
 QStringList hugeCriteria()
@@ -43,12 +53,11 @@ TEST_F(SongCatalogue, BrokenAndHostileCriteriaAreRefusedByNumberAndChangeNothing
     const auto refuse = [&](const QString &text, int number) {
         SCOPED_TRACE(text.left(80).toStdString());
         const int searching = number == dao::SyntaxError ? int(dao::SyntaxErrorInCriteria) : number;
-        QElapsedTimer timer;
-        timer.start();
+        const ProcessorTime timer;
         EXPECT_EQ(errorOf([&] { open(u"Select * From tblContacts Where "_s + text); }), number);
         EXPECT_EQ(errorOf([&] { all->FindFirst(text); }), searching);
         EXPECT_EQ(errorOf([&] { db().Execute(u"Delete * From tblContacts Where "_s + text); }), number);
-        EXPECT_LT(timer.elapsed(), 5000);
+        EXPECT_LT(timer.seconds(), 5);
     };
     for (const QStringList &broken : table(u"broken.tsv"_s, 2))
         refuse(broken[0], broken[1].toInt());
@@ -66,8 +75,7 @@ TEST_F(SongCatalogue, LongCriteriaThatMakeSenseAreAnswered)
         terms.append(i % 3 == 0   ? u"RecordID = %1"_s.arg(i * 2)
                      : i % 3 == 1 ? u"Artist = 'ZO%1'"_s.arg(i == 1 ? u"e"_s : u""_s)
                                   : u"PurchaseDate = '2001-%1-03'"_s.arg(i % 12, 2, 10, QChar(u'0')));
-    QElapsedTimer quick;
-    quick.start();
+    const ProcessorTime quick;
     const QString some = terms.join(u" Or "_s);
     EXPECT_EQ(keys(u"Select * From qryContacts Where ("_s + some +
                    u") And CategoryNumber Is Null Order By RecordID"_s),
@@ -75,7 +83,7 @@ TEST_F(SongCatalogue, LongCriteriaThatMakeSenseAreAnswered)
     const auto all = open(u"Select * From tblContacts Order By SongName"_s);
     all->FindLast(some);
     EXPECT_EQ(all->text(u"RecordID"_s), u"6"_s);
-    EXPECT_LT(quick.elapsed(), 5000);
+    EXPECT_LT(quick.seconds(), 5);
     terms.clear();
     for (int i = 0; i < 20'000; ++i)
         terms.append(u"'z%1'"_s.arg(i));
@@ -86,11 +94,10 @@ TEST_F(SongCatalogue, LongCriteriaThatMakeSenseAreAnswered)
         keys(u"Select RecordID From tblContacts Where Artist = '"_s + u"x"_s.repeated(900'000) + u"'"_s),
         u""_s);
     const QString stars = u"*e"_s.repeated(60);
-    QElapsedTimer timer;
-    timer.start();
+    const ProcessorTime timer;
     db().Execute(u"Update tblContacts Set Notes = '"_s + u"e"_s.repeated(100'000) + u"x'"_s);
     EXPECT_EQ(keys(u"Select RecordID From tblContacts Where Notes Like '"_s + stars + u"z'"_s), u""_s);
-    EXPECT_LT(timer.elapsed(), 10'000);
+    EXPECT_LT(timer.seconds(), 10);
     const QString bomb = u"Replace(Notes, 'e', Notes)"_s;
     EXPECT_EQ(errorOf([&] { static_cast<void>(keys(u"Select "_s + bomb + u" From tblContacts"_s)); }),
               dao::TooComplex);

@@ -130,10 +130,8 @@ QByteArray systemPath(const QString &path)
     return path.contains(QChar(u'\0')) ? QByteArray() : path.toUtf8();
 }
 
-bool Listing::isSettled() const
+bool Listing::isSettled(qint64 grain) const
 {
-    // Some file systems keep times by two seconds.
-    constexpr qint64 grain = 3'000'000'000;
     return read - state.modified > grain && read - state.changed > grain;
 }
 

@@ -26,8 +26,8 @@ struct Listing
     /** Of each name its kind, its bytes and a NUL. */
     QByteArray names;
 
-    /** False when a change within the clock's grain could have gone by unseen. */
-    [[nodiscard]] bool isSettled() const;
+    /** False when a change within the clock's grain, in nanoseconds, could have gone by unseen. */
+    [[nodiscard]] bool isSettled(qint64 grain) const;
 };
 
 /** A name's own bytes, as the system calls take them; empty when it can't be a path. */

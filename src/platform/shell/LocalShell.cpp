@@ -22,7 +22,7 @@ class KeptListings final
 public:
     void add(const QString &folder, const Listing &listing)
     {
-        if (!listing.isSettled() || m_bytes + listing.names.size() > MostKeptBytes)
+        if (m_bytes + listing.names.size() > MostKeptBytes)
             return;
         m_bytes += listing.names.size();
         m_places.insert(folder, m_listings.size());
@@ -92,7 +92,7 @@ public:
         const auto listing = listFolder(folder);
         if (!listing)
             return {};
-        if (m_keeping)
+        if (m_keeping && listing->isSettled(m_traits.timeGrain))
             m_listings.add(folder, *listing);
         return entriesOf(*listing, refused);
     }

@@ -1,77 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/shell/Mp4Atoms.h"
 #include "platform/shell/SongReaders.h"
 #include "platform/shell/TagText.h"
 
-#include <taglib/mp4file.h>
+#include <taglib/id3v1genres.h>
+#include <taglib/tstringlist.h>
 
-#include <QHash>
 #include <QStringDecoder>
-#include <QtEndian>
 
 #include <algorithm>
-#include <array>
+#include <limits>
 
 using namespace Qt::StringLiterals;
+
+// TagLib's reader makes an object of every atom and copies its bytes: for a usual song that takes ten
+// times as long as this.
 
 namespace shell {
 
 namespace {
 
-constexpr int DeepestNesting = 12;
-constexpr qint64 AtomHead = 8;
-constexpr qint64 LongestText = 64 * 1024;
+constexpr qint64 HeadLength = Mp4Atoms::HeadLength;
+/** Of a value: its size, "data", its type and its country. */
+constexpr qint64 ValueHead = 16;
+constexpr qsizetype LongestText = 64 * 1024;
 constexpr qsizetype LongestSoundEntry = 256;
-enum DataType { Utf16 = 2 };
-
-/** The four characters of an atom's name as one number. */
-using Name = quint32;
-
-Name nameOf(QByteArrayView four)
-{
-    return qFromBigEndian<Name>(four.data());
-}
-
-struct Atom
-{
-    Name name = 0;
-    qint64 content = 0;
-    qint64 end = 0;
-};
-
-std::optional<Atom> atomAt(SongStream &stream, qint64 offset)
-{
-    const QByteArrayView head = stream.viewAt(offset, 2 * AtomHead);
-    if (head.size() < AtomHead)
-        return {};
-    qint64 length = qFromBigEndian<quint32>(head.data());
-    qint64 headLength = AtomHead;
-    if (length == 1 && head.size() == 2 * AtomHead) {
-        headLength = 2 * AtomHead;
-        length = qFromBigEndian<qint64>(head.data() + AtomHead);
-    } else if (length == 0) {
-        length = stream.size() - offset;
-    }
-    if (length < headLength)
-        return {};
-    return Atom{nameOf(head.sliced(4)), offset + headLength,
-                offset + std::min(length, stream.size() - offset)};
-}
-
-/** Bytes between an atom's head and its first child; nothing for an atom without children. */
-std::optional<qint64> beforeChildren(SongStream &stream, const Atom &atom)
-{
-    static const std::array plain{nameOf("moov"), nameOf("udta"), nameOf("mdia"),
-                                  nameOf("ilst"), nameOf("stbl"), nameOf("minf"),
-                                  nameOf("moof"), nameOf("traf"), nameOf("trak")};
-    if (atom.name == nameOf("stsd"))
-        return 8;
-    // Usually four bytes of version stand in front; some writers leave them out.
-    if (atom.name == nameOf("meta"))
-        return stream.viewAt(atom.content + 4, 4) == "hdlr" ? 0 : 4;
-    if (std::ranges::find(plain, atom.name) != plain.end())
-        return 0;
-    return {};
-}
+/** Of the descriptions of one lossless sound. */
+constexpr qint64 LengthWithLossless = 88;
+enum DataType { Utf8 = 1, Utf16 = 2 };
 
 /** The next descriptor's content, when it is of that kind; lengths have seven bits a byte. */
 QByteArrayView descriptor(QByteArrayView bytes, char tag)
@@ -84,132 +40,227 @@ QByteArrayView descriptor(QByteArrayView bytes, char tag)
     return at < bytes.size() ? bytes.sliced(at + 1) : QByteArrayView();
 }
 
-/** Bits a second from the decoder's description in a sound entry, which TagLib rounds up; 0 without one. */
-qint64 averageBitRate(QByteArrayView entry)
+/** Bits a second from the decoder's description in a sound entry; nothing without one. */
+std::optional<qint64> averageBitRate(QByteArrayView entry)
 {
     constexpr qsizetype idAndFlags = 3;
     constexpr qsizetype beforeAverage = 9;
     const qsizetype esds = entry.indexOf("esds");
-    if (esds < 0 || entry.size() < esds + AtomHead)
-        return 0;
-    const QByteArrayView stream = descriptor(entry.sliced(esds + AtomHead), '\x03');
+    if (esds < 0 || entry.size() < esds + HeadLength)
+        return {};
+    const QByteArrayView stream = descriptor(entry.sliced(esds + HeadLength), '\x03');
     if (stream.size() <= idAndFlags)
-        return 0;
+        return {};
     const QByteArrayView decoder = descriptor(stream.sliced(idAndFlags), '\x04');
-    const bool complete = decoder.size() >= beforeAverage + 4;
-    return complete ? qFromBigEndian<quint32>(decoder.data() + beforeAverage) : 0;
+    if (decoder.size() < beforeAverage + 4)
+        return {};
+    return qFromBigEndian<quint32>(decoder.data() + beforeAverage);
 }
 
-/** The entries of the tag list by name and the sound's description, found in one walk over the atoms. */
+/** The entries of the tag list. */
 class TagList
 {
 public:
-    /** @throws Unreadable when the atoms are nested deeper than any writer does, since TagLib recurses. */
-    explicit TagList(SongStream &stream) : m_stream(stream) { walk(0, stream.size(), 0, false); }
+    TagList(SongStream &stream, const Mp4Atoms &atoms)
+        : m_stream(stream), m_atoms(atoms), m_entries(atoms.withinAll(atomName("ilst")))
+    {}
 
-    /** Kilobits a second; 0 where the file doesn't say. */
-    [[nodiscard]] qint64 bitRate() const
+    /** Several texts are joined; a text that claims to be UTF-8 and is not is read all the same. */
+    [[nodiscard]] QString text(const char *name) const
     {
-        const QByteArray entry = m_sound < 0 ? QByteArray() : m_stream.bytesAt(m_sound, LongestSoundEntry);
-        return qRound64(static_cast<double>(averageBitRate(entry)) / 1000);
+        const TagLib::StringList all = textsOf(name);
+        const QString first = all.size() > 1 ? QString() : firstText(name);
+        return first.isEmpty() ? joined(all) : first;
+    }
+
+    [[nodiscard]] QString genre() const
+    {
+        const QString text = this->text("\251gen");
+        const QByteArrayView number = text.isEmpty() ? value("gnre") : QByteArrayView();
+        const int index = number.size() >= 2 ? qFromBigEndian<qint16>(number.data()) : 0;
+        return index > 0 ? fromTag(TagLib::ID3v1::genre(index - 1)) : text;
     }
 
     [[nodiscard]] qint64 number(const char *name) const
     {
         const QByteArrayView bytes = value(name);
-        if (bytes.size() <= AtomHead || bytes.size() > AtomHead + 8)
+        if (bytes.size() > 8)
             return 0;
         qint64 result = 0;
-        for (const char c : bytes.sliced(AtomHead))
+        for (const char c : bytes)
             result = result << 8 | static_cast<uchar>(c);
         return result;
     }
 
-    /** A text that claims to be UTF-8 and is not, too. */
-    [[nodiscard]] QString text(const char *name) const
+    [[nodiscard]] QString track() const
     {
-        const QByteArrayView bytes = value(name);
-        if (bytes.size() <= AtomHead)
-            return {};
-        const QByteArrayView content = bytes.sliced(AtomHead);
-        if (bytes[3] == Utf16)
-            return QStringDecoder(QStringDecoder::Utf16BE)(content);
-        return fromTagBytes(content);
+        const QByteArrayView pair = value("trkn");
+        const auto part = [&pair](qsizetype at) {
+            return pair.size() >= at + 2 ? qFromBigEndian<qint16>(pair.data() + at) : qint16(0);
+        };
+        return trackText(part(2), part(4));
     }
 
 private:
-    void walk(qint64 offset, qint64 end, int depth, bool inTagList)
+    struct Value
     {
-        if (depth > DeepestNesting)
-            throw Unreadable(u"Damaged: nested too deeply"_s);
-        while (offset < end) {
-            const auto atom = atomAt(m_stream, offset);
-            if (!atom)
-                return;
-            if (inTagList && !m_entries.contains(atom->name))
-                m_entries.insert(atom->name, atom->content);
-            if (m_sound < 0 && atom->name == nameOf("mp4a"))
-                m_sound = atom->content;
-            if (const auto skipped = beforeChildren(m_stream, *atom))
-                walk(atom->content + *skipped, atom->end, depth + 1, atom->name == nameOf("ilst"));
-            offset = atom->end;
-        }
+        quint32 type = 0;
+        qint64 content = 0;
+        qint64 end = 0;
+    };
+
+    /** The value that stands there within an entry; nothing for anything else. */
+    [[nodiscard]] std::optional<Value> valueAt(qint64 offset, qint64 end) const
+    {
+        const QByteArrayView head = m_stream.viewAt(offset, ValueHead);
+        if (offset + ValueHead > end || head.size() < ValueHead || head.sliced(4, 4) != "data")
+            return {};
+        qint64 length = qFromBigEndian<quint32>(head.data());
+        if (length == 0)
+            length = end - offset;
+        if (length < ValueHead)
+            return {};
+        return Value{qFromBigEndian<quint32>(head.data() + 8), offset + ValueHead,
+                     std::min(offset + length, end)};
     }
 
-    /** Four bytes of type, four of country, and the value itself. */
+    [[nodiscard]] const Atom *entry(const char *name) const
+    {
+        const AtomName wanted = atomName(name);
+        const auto found =
+            std::ranges::find_if(m_entries, [&](int place) { return m_atoms.at(place).name == wanted; });
+        return found == m_entries.end() ? nullptr : &m_atoms.at(*found);
+    }
+
+    [[nodiscard]] std::optional<Value> firstValue(const char *name) const
+    {
+        const Atom *atom = entry(name);
+        return atom ? valueAt(atom->content, atom->end) : std::nullopt;
+    }
+
+    [[nodiscard]] QByteArrayView bytesOf(const Value &value) const
+    {
+        return m_stream.viewAt(value.content, std::min<qint64>(value.end - value.content, LongestText));
+    }
+
     [[nodiscard]] QByteArrayView value(const char *name) const
     {
-        const auto found = m_entries.constFind(nameOf(name));
-        if (found == m_entries.constEnd())
+        const auto first = firstValue(name);
+        return first ? bytesOf(*first) : QByteArrayView();
+    }
+
+    [[nodiscard]] QString firstText(const char *name) const
+    {
+        const auto first = firstValue(name);
+        if (!first)
             return {};
-        const auto data = atomAt(m_stream, *found);
-        if (!data || data->name != nameOf("data"))
-            return {};
-        return m_stream.viewAt(data->content, std::min(data->end - data->content, LongestText));
+        const QByteArrayView bytes = bytesOf(*first);
+        return first->type == Utf16 ? QStringDecoder(QStringDecoder::Utf16BE)(bytes) : fromTagBytes(bytes);
+    }
+
+    [[nodiscard]] TagLib::StringList textsOf(const char *name) const
+    {
+        TagLib::StringList texts;
+        const Atom *atom = entry(name);
+        if (!atom)
+            return texts;
+        for (auto next = valueAt(atom->content, atom->end); next; next = valueAt(next->end, atom->end)) {
+            const QByteArrayView bytes = next->type == Utf8 ? bytesOf(*next) : QByteArrayView();
+            if (next->type == Utf8)
+                texts.append(
+                    TagLib::String(TagLib::ByteVector(bytes.data(), static_cast<unsigned>(bytes.size())),
+                                   TagLib::String::UTF8));
+        }
+        return texts;
     }
 
     SongStream &m_stream;
-    qint64 m_sound = -1;
-    QHash<Name, qint64> m_entries;
+    const Mp4Atoms &m_atoms;
+    std::vector<int> m_entries;
 };
 
-QString textOf(const TagLib::MP4::ItemMap &items, const TagList &list, const char *name)
+/** The first track that holds sound; Nowhere without one. */
+int soundTrack(SongStream &stream, const Mp4Atoms &atoms)
 {
-    const auto found = items.find(TagLib::String(name, TagLib::String::Latin1));
-    const auto values = found == items.end() ? TagLib::StringList() : found->second.toStringList();
-    // TagLib cuts a text where it stops being UTF-8.
-    const QString first = values.size() > 1 ? QString() : list.text(name);
-    return first.isEmpty() ? joined(values) : first;
+    const int movie = atoms.find(Mp4Atoms::Nowhere, {"moov"});
+    for (const int track : atoms.within(movie, atomName("trak"))) {
+        const int handler = atoms.find(track, {"mdia", "hdlr"});
+        if (handler == Mp4Atoms::Nowhere)
+            break;
+        if (stream.viewAt(atoms.at(handler).offset + 16, 4) == "soun")
+            return track;
+    }
+    return Mp4Atoms::Nowhere;
 }
 
-void takeTags(const TagLib::MP4::ItemMap &items, const TagList &list, SongDetails &details)
+std::optional<qint64> millisecondsOf(SongStream &stream, const Atom &head)
 {
-    details.title = textOf(items, list, "\251nam");
-    details.artist = textOf(items, list, "\251ART");
-    details.album = textOf(items, list, "\251alb");
-    details.genre = textOf(items, list, "\251gen");
-    details.year = yearOf(textOf(items, list, "\251day"));
-    details.composer = textOf(items, list, "\251wrt");
-    details.comment = textOf(items, list, "\251cmt");
+    const QByteArrayView bytes = stream.viewAt(head.offset, std::min<qint64>(head.end - head.offset, 44));
+    const bool wide = bytes.size() > 8 && bytes[8] == 1;
+    if (bytes.size() < (wide ? 44 : 32))
+        return {};
+    const qint64 unit = qFromBigEndian<quint32>(bytes.data() + (wide ? 28 : 20));
+    const qint64 length =
+        wide ? qFromBigEndian<qint64>(bytes.data() + 32) : qint64(qFromBigEndian<quint32>(bytes.data() + 24));
+    if (unit <= 0 || length <= 0)
+        return {};
+    const double milliseconds = static_cast<double>(length) * 1000.0 / static_cast<double>(unit) + 0.5;
+    if (milliseconds > std::numeric_limits<int>::max() || milliseconds < 1)
+        return {};
+    return static_cast<qint64>(milliseconds);
+}
+
+/** What the decoder's description says; nothing without one. */
+std::optional<qint64> statedBitRate(SongStream &stream, const Mp4Atoms &atoms, int descriptions)
+{
+    if (const int entry = atoms.findAnywhere(atomName("mp4a")); entry >= 0)
+        return averageBitRate(stream.viewAt(atoms.at(entry).content, LongestSoundEntry));
+    if (descriptions < 0 || atoms.at(descriptions).end - atoms.at(descriptions).offset != LengthWithLossless)
+        return {};
+    const QByteArrayView bytes = stream.viewAt(atoms.at(descriptions).offset, LengthWithLossless);
+    const bool isLossless =
+        bytes.size() == LengthWithLossless && bytes.sliced(20, 4) == "alac" && bytes.sliced(56, 4) == "alac";
+    return isLossless ? std::optional<qint64>(qFromBigEndian<quint32>(bytes.data() + 80)) : std::nullopt;
+}
+
+void takeSound(SongStream &stream, const Mp4Atoms &atoms, SongDetails &details)
+{
+    const int track = soundTrack(stream, atoms);
+    const int head = track < 0 ? track : atoms.find(track, {"mdia", "mdhd"});
+    if (head >= 0)
+        details.milliseconds = millisecondsOf(stream, atoms.at(head));
+    const int descriptions = head < 0 ? head : atoms.find(track, {"mdia", "minf", "stbl", "stsd"});
+    const auto stated = statedBitRate(stream, atoms, descriptions);
+    if (!stated)
+        return;
+    // Where it is left open, the sound's bytes tell.
+    details.bitRate = *stated == 0 && descriptions >= 0 && details.milliseconds
+                          ? atoms.lengthOfAll(atomName("mdat")) * 8 / *details.milliseconds
+                          : qRound64(static_cast<double>(*stated) / 1000);
+}
+
+void takeTags(const TagList &list, SongDetails &details)
+{
+    details.title = list.text("\251nam");
+    details.artist = list.text("\251ART");
+    details.album = list.text("\251alb");
+    details.genre = list.genre();
+    details.year = yearOf(list.text("\251day"));
+    details.composer = list.text("\251wrt");
+    details.comment = list.text("\251cmt");
     details.beats = beatsOf(QString::number(list.number("tmpo")));
-    if (const auto track = items.find("trkn"); track != items.end()) {
-        const auto pair = track->second.toIntPair();
-        details.track = trackText(pair.first, pair.second);
-    }
+    details.track = list.track();
 }
 
 } // namespace
 
 void readMp4(SongStream &stream, SongDetails &details)
 {
-    const TagList list(stream);
-    const TagLib::MP4::File file(&stream);
-    if (!file.isValid() || !file.tag())
+    const Mp4Atoms atoms(stream);
+    if (atoms.find(Mp4Atoms::Nowhere, {"moov"}) == Mp4Atoms::Nowhere)
         throw Unreadable(u"Not an MP4 file"_s);
-    takeTags(file.tag()->itemMap(), list, details);
-    takeProperties(file.audioProperties(), details);
-    if (const qint64 bitRate = list.bitRate(); bitRate > 0)
-        details.bitRate = bitRate;
+    takeTags(TagList(stream, atoms), details);
+    takeSound(stream, atoms, details);
 }
 
 } // namespace shell

@@ -127,6 +127,9 @@ struct ShellTraits
     bool hideFileExt = false;
     /** Threads that read details ahead; 0 reads each file when it is asked for. */
     int readAheadThreads = 1;
+    /** Nanoseconds that a folder must have been at rest for its listing to be kept: some file systems keep
+     * times by two seconds. */
+    qint64 timeGrain = 3'000'000'000;
 };
 
 [[nodiscard]] std::unique_ptr<Shell> makeShell(const ShellTraits &traits = {});

@@ -113,8 +113,8 @@ void readWav(SongStream &stream, SongDetails &details)
     }
     if (const qint64 rate = bytesPerSecond(file, chunks); rate > 0) {
         details.bitRate = qRound64(static_cast<double>(rate) * 8 / 1000);
-        if (chunks.sound >= 0)
-            details.milliseconds = (chunks.soundBytes * 1000 + rate / 2) / rate;
+        if (const qint64 length = (chunks.soundBytes * 1000 + rate / 2) / rate; length > 0)
+            details.milliseconds = length;
     } else if (chunks.sound < 0) {
         throw Unreadable(u"Damaged WAV file"_s);
     }

@@ -207,6 +207,9 @@ bool LikePattern::hasNeedle(QByteArrayView text) const
 bool LikePattern::matches(QByteArrayView text) const
 {
     if (!m_needle.isEmpty()) {
+        // Folding makes no more characters than there were bytes.
+        if (text.size() < m_needle.size())
+            return false;
         const bool found = hasNeedle(text);
         const bool ascii = isAscii(text);
         if (ascii || (!found && !mayFoldToAscii(text)))
