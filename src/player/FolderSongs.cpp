@@ -100,7 +100,7 @@ QString fileNameOfItem(const shell::Item &item, FileNames &files)
 {
     if (item.detail(AttributesColumn).contains(u'd', Qt::CaseInsensitive))
         return {};
-    const QString name = item.name();
+    QString name = item.name();
     const QString extension = extensionOf(name);
     if (isMusic(extension))
         return name;
