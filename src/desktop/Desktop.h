@@ -39,6 +39,8 @@ public:
     /** How far the bar has grown: 0 to FullBarTwips. */
     virtual void setBar(int twips) { m_bar = twips; }
     [[nodiscard]] int bar() const { return m_bar; }
+    /** True once the user has closed the window: a command that may be given up then ends. */
+    [[nodiscard]] virtual bool isClosed() const { return false; }
 
 protected:
     int m_bar = 0;

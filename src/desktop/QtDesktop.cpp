@@ -139,6 +139,7 @@ public:
         if (m_form)
             m_form->setBar(twips);
     }
+    [[nodiscard]] bool isClosed() const override { return m_form.isNull() || !m_form->isVisible(); }
 
 private:
     QPointer<WorkingForm> m_form;

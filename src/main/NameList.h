@@ -55,6 +55,7 @@ public:
     void set_lblCategory(const QString &caption) override;
     [[nodiscard]] QString lblCategory() const override;
     void set_lblFilterMsg(const QString &caption) override;
+    [[nodiscard]] QString lblFilterMsg() const override;
     void set_lblSelectedCount(const QString &caption) override;
     void set_cmdShowArtistSongs(const QString &caption) override;
     [[nodiscard]] QString cmdShowArtistSongs() const override;

@@ -88,6 +88,11 @@ void NameList::set_lblFilterMsg(const QString &caption)
     m_ui->lblFilterMsg->setText(caption);
 }
 
+QString NameList::lblFilterMsg() const
+{
+    return m_ui->lblFilterMsg->text();
+}
+
 void NameList::set_lblSelectedCount(const QString &caption)
 {
     m_ui->lblSelectedCount->setText(caption);

@@ -42,6 +42,7 @@ public:
     virtual void set_lblCategory(const QString &caption) = 0;
     [[nodiscard]] virtual QString lblCategory() const = 0;
     virtual void set_lblFilterMsg(const QString &caption) = 0;
+    [[nodiscard]] virtual QString lblFilterMsg() const = 0;
     virtual void set_lblSelectedCount(const QString &caption) = 0;
     virtual void set_cmdShowArtistSongs(const QString &caption) = 0;
     [[nodiscard]] virtual QString cmdShowArtistSongs() const = 0;

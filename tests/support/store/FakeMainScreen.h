@@ -24,7 +24,6 @@ public:
 
     /** Controls are enabled and visible until told otherwise. */
     [[nodiscard]] bool isEnabled(MainControl control) const { return m_enabled.value(control, true); }
-    [[nodiscard]] QString lblFilterMsg() const { return m_lblFilterMsg; }
 
     QList<QPoint> scrolls;
     int row = 0;
@@ -44,6 +43,7 @@ public:
     void set_lblCategory(const QString &caption) override;
     [[nodiscard]] QString lblCategory() const override { return m_lblCategory; }
     void set_lblFilterMsg(const QString &caption) override { m_lblFilterMsg = caption; }
+    [[nodiscard]] QString lblFilterMsg() const override { return m_lblFilterMsg; }
     void set_lblSelectedCount(const QString & /*caption*/) override {}
     void set_cmdShowArtistSongs(const QString &caption) override { m_cmdShowArtistSongs = caption; }
     [[nodiscard]] QString cmdShowArtistSongs() const override { return m_cmdShowArtistSongs; }
