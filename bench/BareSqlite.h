@@ -11,16 +11,19 @@ struct sqlite3;
 namespace bench {
 
 enum class Collate { AsTheStore, BuiltIn };
+enum class Access { Read, Write };
 
 /** A catalogue through SQLite's bare interface, for baselines. */
 class BareSqlite final
 {
 public:
     /** With BuiltIn only statements run that need none of the store's collation and functions. */
-    BareSqlite(const QString &path, Collate collate);
+    BareSqlite(const QString &path, Collate collate, Access access = Access::Read);
 
     /** Steps through all rows and keeps the first column, as a key walk does. */
     void walk(const char *sql);
+    /** Runs statements that change something. @throws std::runtime_error */
+    void execute(const char *sql);
 
 private:
     struct Close

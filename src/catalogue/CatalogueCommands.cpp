@@ -5,6 +5,10 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
+#include "platform/shell/FileCopy.h"
+#include "platform/text/Text.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -14,6 +18,7 @@ namespace {
 
 const auto OpenTitle = u"Open Database"_s;
 const auto CompactErrorTitle = u"Database Compact Error"_s;
+const auto RestoreTitle = u"Restore From Backup"_s;
 
 QString compactQuestion()
 {
@@ -34,7 +39,7 @@ QString compactedMessage(const CompactedSizes &sizes)
 CatalogueCommands::CatalogueCommands(Desktop &desktop, Catalogue &catalogue, dao::DBEngine &engine,
                                      CatalogueHooks hooks)
     : m_desktop(desktop), m_catalogue(catalogue), m_engine(engine), m_hooks(std::move(hooks)),
-      m_shutDown(catalogue)
+      m_shutDown(catalogue), m_backups(desktop, catalogue, engine)
 {}
 
 void CatalogueCommands::OpenDatabase_Click()
@@ -75,7 +80,7 @@ void CatalogueCommands::changeTo(const QString &file)
 void CatalogueCommands::mnuCompactDatabase_Click()
 {
     guarded(m_desktop, CompactErrorTitle, [this] {
-        if (mayCompact())
+        if (mayCompact() && m_backups.beforeBulkCommand())
             compact();
     });
 }
@@ -91,9 +96,14 @@ bool CatalogueCommands::mayCompact()
         return false;
     }
     // Said before anything is closed.
+    assertUpdatable();
+    return true;
+}
+
+void CatalogueCommands::assertUpdatable() const
+{
     if (!m_catalogue.CatalogueDb->Updatable())
         throw dao::DaoError(dao::ReadOnly, u"Cannot update.  Database or object is read-only."_s);
-    return true;
 }
 
 void CatalogueCommands::compact()
@@ -116,7 +126,7 @@ void CatalogueCommands::compact()
 void CatalogueCommands::mnuDeleteAll_Click()
 {
     guarded(m_desktop, u"Delete All Records in Database"_s, [this] {
-        if (confirmsDeleteAll())
+        if (confirmsDeleteAll() && m_backups.beforeBulkCommand())
             deleteAll();
     });
 }
@@ -146,6 +156,42 @@ void CatalogueCommands::deleteAll()
     m_catalogue.CatalogueDb->Execute(u"Delete * from tblContacts"_s);
     // The unload ends the process, and that is meant: the user meets the empty catalogue at the next start.
     m_hooks.unloadMainScreen(false);
+}
+
+void CatalogueCommands::restoreBackup(const Backup &backup)
+{
+    guarded(m_desktop, RestoreTitle, [&] {
+        assertUpdatable();
+        // The present catalogue becomes one more copy, and the one to be restored is not thinned out for it.
+        if (m_backups.beforeBulkCommand(backup.path))
+            restore(backup);
+    });
+}
+
+void CatalogueCommands::restore(const Backup &backup)
+{
+    guarded(m_desktop, RestoreTitle, [&] {
+        {
+            const Hourglass hourglass(m_desktop);
+            m_hooks.forgetPlayLists();
+            m_hooks.unloadPlayForm();
+            m_hooks.unloadMainScreen(true);
+            closeCatalogue();
+            const auto wait = m_desktop.ShowWorkingForm(u"Restoring Database"_s, u"Please wait..."_s, true);
+            exchangeCatalogue(m_catalogue.DatabaseFile, [&](const QString &path) {
+                const auto show = [&](qint64 done, qint64 all) {
+                    wait->setBar(static_cast<int>(done * FullBarTwips / std::max<qint64>(all, 1)));
+                    m_desktop.letEventsRun();
+                    return true;
+                };
+                static_cast<void>(shell::copyFile(backup.path, path, {false, show}));
+            });
+        }
+        m_desktop.MessageBox(u"Database restored.\n\nIt is again as it was on "_s + shortDate(backup.made) +
+                                 u'.',
+                             RestoreTitle);
+    });
+    startUpOrEnd();
 }
 
 void CatalogueCommands::closeCatalogue()

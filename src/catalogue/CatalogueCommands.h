@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Backups.h"
 #include "catalogue/ShutDown.h"
 
 #include <functional>
@@ -33,7 +34,7 @@ struct CatalogueHooks
 };
 
 /**
- * The commands on the catalogue file as a whole: another file, compact, empty.
+ * The commands on the catalogue file as a whole: another file, compact, empty, back to an earlier copy.
  *
  * They unload the main screen that they were called from, and build a new one. So whoever owns this
  * object must outlive the screens, and must not delete the old screen under a handler of its own: either
@@ -54,6 +55,13 @@ public:
     void mnuCompactDatabase_Click();
     /** Takes all songs away, play lists and categories stay. The process ends with it. */
     void mnuDeleteAll_Click();
+    /**
+     * What the screen that lists the copies ends with: the catalogue is again as it was in @p backup, and
+     * its present state is a copy too. That screen is closed by now.
+     */
+    void restoreBackup(const Backup &backup);
+
+    [[nodiscard]] Backups &backups() { return m_backups; }
 
 private:
     void changeTo(const QString &file);
@@ -61,6 +69,8 @@ private:
     void compact();
     [[nodiscard]] bool confirmsDeleteAll();
     void deleteAll();
+    void restore(const Backup &backup);
+    void assertUpdatable() const;
     void closeCatalogue();
     [[nodiscard]] bool startUp();
     void startUpOrEnd();
@@ -70,6 +80,7 @@ private:
     dao::DBEngine &m_engine;
     CatalogueHooks m_hooks;
     ShutDown m_shutDown;
+    Backups m_backups;
 };
 
 } // namespace quaverly

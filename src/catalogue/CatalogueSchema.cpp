@@ -33,7 +33,7 @@ dao::Schema catalogueSchema()
     loadSchemaResource();
     dao::Schema schema;
     schema.applicationId = ApplicationId;
-    schema.migrations = {script(u"0001.sql"_s)};
+    schema.migrations = {script(u"0001.sql"_s), script(u"0002.sql"_s)};
     for (const QString &line : script(u"indexes.sql"_s).split(u'\n')) {
         if (line.startsWith("CREATE"_L1))
             schema.indexes.append(line);

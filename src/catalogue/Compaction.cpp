@@ -80,15 +80,23 @@ QString groupedBytes(qint64 bytes)
     return locale.toString(bytes);
 }
 
-CompactedSizes compactCatalogue(dao::DBEngine &engine, const QString &databaseFile)
+void exchangeCatalogue(const QString &databaseFile, const std::function<void(const QString &path)> &write)
 {
     const QString target = QFileInfo(databaseFile).canonicalFilePath();
     const QString file = target.isEmpty() ? databaseFile : target;
     const TemporaryCopy copy(file + u".temp"_s);
-    engine.CompactDatabase(file, copy.path());
+    write(copy.path());
     refuseIfOpenElsewhere(file);
-    const CompactedSizes sizes{QFileInfo(file).size(), QFileInfo(copy.path()).size()};
     takePlaceOf(file, copy.path());
+}
+
+CompactedSizes compactCatalogue(dao::DBEngine &engine, const QString &databaseFile)
+{
+    CompactedSizes sizes{QFileInfo(databaseFile).size(), 0};
+    exchangeCatalogue(databaseFile, [&](const QString &path) {
+        engine.CompactDatabase(databaseFile, path);
+        sizes.newSize = QFileInfo(path).size();
+    });
     return sizes;
 }
 

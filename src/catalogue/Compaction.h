@@ -3,6 +3,8 @@
 
 #include "platform/store/Dao.h"
 
+#include <functional>
+
 namespace quaverly {
 
 /** Lengths of a catalogue file, in bytes. */
@@ -16,11 +18,17 @@ struct CompactedSizes
 [[nodiscard]] QString groupedBytes(qint64 bytes);
 
 /**
- * Writes a compact copy of a closed catalogue and puts it in the file's place in one step: whatever
- * happens, a whole catalogue stands under the name. The copy is made beside the file, under its name and
- * ".temp"; one that an earlier run left there goes first. A link to a catalogue stays a link.
- * @throws dao::DaoError with the file untouched and no copy left: 61 on a full disk, 70 and 75 without
- * rights, 3260 when another program has the catalogue open.
+ * Puts another file in the place of a closed catalogue, in one step: whatever happens, a whole catalogue
+ * stands under the name. @p write makes it, beside the old one, at the path that it is given; what an
+ * earlier run left there goes first. A link to a catalogue stays a link.
+ * @throws dao::DaoError with the old file untouched and nothing left of the new one: 75 without rights, 3260
+ * when another program has the catalogue open, and what @p write throws.
+ */
+void exchangeCatalogue(const QString &databaseFile, const std::function<void(const QString &path)> &write);
+
+/**
+ * Exchanges a closed catalogue for a compact copy, made under its name and ".temp".
+ * @throws as exchangeCatalogue, and 61 on a full disk, 70 without rights.
  */
 CompactedSizes compactCatalogue(dao::DBEngine &engine, const QString &databaseFile);
 

@@ -2,6 +2,7 @@
 #include "catalogue/StartUp.h"
 
 #include "catalogue/DuplicateQueries.h"
+#include "catalogue/RenameNotes.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "platform/options/OptionsStore.h"
@@ -190,6 +191,7 @@ void StartUp::prepareCatalogue()
 {
     const Hourglass hourglass(m_desktop);
     ensureDuplicateQueries(*m_catalogue.CatalogueDb);
+    RenameNotes(m_catalogue).settle();
     m_catalogue.ContactsTable = m_catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s);
 }
 

@@ -8,6 +8,11 @@
 #include <memory>
 #include <optional>
 
+class QImage;
+class QPrinter;
+
+class QPagedPaintDevice;
+
 namespace quaverly {
 
 enum class Icon { None, Information, Exclamation, Question, Stop };
@@ -23,6 +28,15 @@ struct FileQuestion
     QString startFolder;
     /** The name the box starts with; may be empty. */
     QString fileName;
+};
+
+/** A font and its colour, as the font dialog gives them. */
+struct FontChoice
+{
+    QString family;
+    double pointSize = 10;
+    /** Red, green and blue from the lowest byte up. */
+    quint32 color = 0;
 };
 
 /** Width of the please-wait window's whole bar. */
@@ -85,6 +99,21 @@ public:
     /** A colour number (red, green, blue from the lowest byte up), or nothing on cancel. */
     virtual std::optional<quint32> ShowColor(quint32 start) = 0;
 
+    /** Font and colour, or nothing on cancel. */
+    virtual std::optional<FontChoice> ShowFont(const QString & /*title*/, const FontChoice & /*start*/)
+    {
+        return {};
+    }
+
+    /** Which printer, how many copies, what paper. False on cancel, and without any printer. */
+    virtual bool ShowPrint(QPrinter & /*printer*/) { return false; }
+
+    /** Whether the clipboard holds a picture; asked often, so it is not read. */
+    [[nodiscard]] virtual bool isPictureOnClipboard() { return false; }
+    /** The picture on the clipboard; false, and @p picture as it was, when there is none. */
+    virtual bool takeFromClipboard(QImage & /*picture*/) { return false; }
+    virtual void putOnClipboard(const QImage & /*picture*/) {}
+
     /** The folder chosen, with a trailing separator, or the empty text on cancel. */
     virtual QString BrowseForFolder(const QString &prompt, const QString &title,
                                     const QString &startFolder) = 0;
@@ -107,6 +136,12 @@ public:
 
     /** A touch screen and no mouse; looked up afresh. */
     virtual bool isTabletWithoutMouse() { return false; }
+
+    /**
+     * The printer dialog: the printer as it was set up there, ready to be drawn on, or null on cancel. The
+     * next dialog starts with what was chosen.
+     */
+    [[nodiscard]] virtual std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() { return nullptr; }
 
     /** Opens an address with the program that the desktop has for it; false when there is none. */
     virtual bool OpenUrl(const QUrl &url) = 0;

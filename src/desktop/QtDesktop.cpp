@@ -10,13 +10,22 @@
 #include "platform/store/DaoError.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QColorDialog>
 #include <QDeadlineTimer>
 #include <QDesktopServices>
+#include <QFontDialog>
+#include <QGuiApplication>
+#include <QImage>
 #include <QInputDevice>
 #include <QLabel>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -258,6 +267,54 @@ std::optional<quint32> QtDesktop::ShowColor(quint32 start)
     return numberOf(dialog.selectedColor());
 }
 
+// The font first, then its colour; a cancel at the second question keeps the colour.
+std::optional<FontChoice> QtDesktop::ShowFont(const QString &title, const FontChoice &start)
+{
+    const PlainPointer pointer;
+    QFont font(start.family);
+    font.setPointSizeF(start.pointSize);
+    QFontDialog dialog(font, ownerOfDialogs());
+    dialog.setWindowTitle(title);
+    dialog.setOption(QFontDialog::DontUseNativeDialog);
+    arrangeButtons(dialog);
+    if (m_tabletActive)
+        sizeForFingers(dialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const QFont chosen = dialog.selectedFont();
+    return FontChoice{chosen.family(), chosen.pointSizeF(), ShowColor(start.color).value_or(start.color)};
+}
+
+bool QtDesktop::ShowPrint(QPrinter &printer)
+{
+    const PlainPointer pointer;
+    QPrintDialog dialog(&printer, ownerOfDialogs());
+    arrangeButtons(dialog);
+    if (m_tabletActive)
+        sizeForFingers(dialog);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool QtDesktop::isPictureOnClipboard()
+{
+    const QMimeData *held = QGuiApplication::clipboard()->mimeData();
+    return held != nullptr && held->hasImage();
+}
+
+bool QtDesktop::takeFromClipboard(QImage &picture)
+{
+    const QMimeData *held = QGuiApplication::clipboard()->mimeData();
+    if (held == nullptr || !held->hasImage())
+        return false;
+    picture = qvariant_cast<QImage>(held->imageData());
+    return !picture.isNull();
+}
+
+void QtDesktop::putOnClipboard(const QImage &picture)
+{
+    QGuiApplication::clipboard()->setImage(picture);
+}
+
 QString QtDesktop::BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder)
 {
     const PlainPointer pointer;
@@ -300,6 +357,15 @@ bool QtDesktop::isTabletWithoutMouse()
 bool QtDesktop::ShowKeyboard()
 {
     return m_keyboard.show();
+}
+
+std::shared_ptr<QPagedPaintDevice> QtDesktop::ShowPrinterDialog()
+{
+    if (!m_printer)
+        m_printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    if (!ShowPrint(*m_printer))
+        return nullptr;
+    return m_printer;
 }
 
 bool QtDesktop::OpenUrl(const QUrl &url)

@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 
 class QDialog;
+class QPrinter;
 
 namespace quaverly {
 
@@ -33,12 +34,18 @@ public:
     std::optional<QString> ShowOpenDialog(const FileQuestion &question) override;
     std::optional<QString> ShowSaveDialog(const FileQuestion &question) override;
     std::optional<quint32> ShowColor(quint32 start) override;
+    std::optional<FontChoice> ShowFont(const QString &title, const FontChoice &start) override;
+    bool ShowPrint(QPrinter &printer) override;
+    bool isPictureOnClipboard() override;
+    bool takeFromClipboard(QImage &picture) override;
+    void putOnClipboard(const QImage &picture) override;
     QString BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder) override;
     std::unique_ptr<WorkingWindow> ShowWorkingForm(const QString &caption, const QString &msg,
                                                    bool withBar) override;
     void ShowHelp(const QString &heading, const QString &body) override;
     bool ShowKeyboard() override;
     bool isTabletWithoutMouse() override;
+    std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() override;
     bool OpenUrl(const QUrl &url) override;
     void setHourglass(bool on) override;
     void resetPointer() override;
@@ -48,6 +55,8 @@ public:
 private:
     OptionsStore &m_options;
     OnScreenKeyboard m_keyboard;
+    /** Null until a printer was asked for. */
+    std::shared_ptr<QPrinter> m_printer;
     QElapsedTimer m_sinceEventsRan;
     int m_hourglasses = 0;
     bool m_tabletActive = false;

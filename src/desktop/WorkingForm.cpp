@@ -20,6 +20,8 @@ WorkingForm::WorkingForm(QWidget *owner)
 {
     m_ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
+    // While events run for it, no other window may begin a second command beside the one that waits.
+    setWindowModality(Qt::ApplicationModal);
     scaleFont(*m_ui->lblHeading, HeadingScale, true);
     m_ui->Label1->setRange(0, FullBarTwips);
     m_ui->Label1->setMinimumWidth(fontMetrics().averageCharWidth() * NarrowestBar);

@@ -11,6 +11,7 @@
 #include "intake/ScanForms.h"
 #include "main/EmptyState.h"
 #include "main/Session.h"
+#include "main/Spokes.h"
 #include "main/WindowPlace.h"
 #include "platform/options/Folders.h"
 #include "player/PlayCommands.h"
@@ -96,6 +97,7 @@ void NameList::build()
         std::make_unique<AddCommands>(m_session.desktop(), *this, m_session.player(), m_session.intake(),
                                       *m_loader, [this] { m_scanForms->showScanDriveForm(*m_loader); });
     buildPlayCommands();
+    buildSpokes();
     addIcons();
     addPopup();
     showEmptyState();
@@ -104,8 +106,8 @@ void NameList::build()
     m_columns = std::make_unique<ColumnMoves>(grid, m_session.desktop());
     m_gridHandlers = std::make_unique<GridHandlers>(
         grid, m_session.displayedSet(), m_session.desktop(), *m_columns,
-        GridActions{[this] { m_ui->txtLocate->setFocus(); }, [] {}, [this] { showCurrentSong(); },
-                    [this](QPoint place) { m_popup->popup(place); }});
+        GridActions{[this] { m_ui->txtLocate->setFocus(); }, [this] { m_spokes->edit.cmdEdit_Click(); },
+                    [this] { showCurrentSong(); }, [this](QPoint place) { showPopup(place); }});
 }
 
 void NameList::buildPlayCommands()
@@ -119,7 +121,7 @@ void NameList::buildPlayCommands()
             GatherFolders(m_session.shell(), m_session.desktop(), never, root, found);
             return found.folders;
         },
-        [](const std::function<void()> &closed) { closed(); }, [this] { showNotice(); }});
+        [this](const std::function<void()> &closed) { m_spokes->playLists.show(closed); }, [this] { showNotice(); }});
 }
 
 void NameList::showNotice()
@@ -195,8 +197,10 @@ void NameList::Form_Activate()
             m_session.desktop().MessageBox(
                 u"Add songs automatically by choosing one of the options on the File menu."_s,
                 u"Empty Database"_s);
-        SendKeysInput(u"{right}"_s);
+        m_session.editor().RecordJustSaved = true;
     }
+    if (std::exchange(m_session.editor().RecordJustSaved, false))
+        SendKeysInput(u"{right}"_s);
     m_activating = false;
 }
 
@@ -216,9 +220,10 @@ void NameList::Form_Unload()
 
 void NameList::closeEvent(QCloseEvent *event)
 {
-    // A scan works on what the unload closes: it is cancelled first, and the screen goes after it.
-    if (m_loader->isRunning()) {
+    // A long command works on what the unload closes: it ends first, and the screen goes after it.
+    if (m_loader->isRunning() || m_spokes->isBusy()) {
         m_session.intake().CancelScan = true;
+        m_spokes->maintenance.endSearch();
         event->ignore();
         QTimer::singleShot(CloseAgainMilliseconds, this, &QWidget::close);
         return;

@@ -29,6 +29,7 @@ class PlayCommands;
 class Player;
 class ScanForms;
 class Session;
+class Spokes;
 
 /** The main screen: title, menus, tool buttons, sort box, Locate, grid and description box, each wired to
  * the class that owns it. */
@@ -74,7 +75,7 @@ public:
     void focusGrid() override;
     void setScreenEnabled(bool enabled) override;
     [[nodiscard]] int openScreens() const override;
-    void unloadPics3() override {}
+    void unloadPics3() override;
     void unloadPlayForm() override;
 
     [[nodiscard]] QString mnuOptionWindowSize() const override;
@@ -101,6 +102,7 @@ protected:
 private:
     void build();
     void buildPlayCommands();
+    void buildSpokes();
     void showNotice();
     void wire();
     void wireButtons();
@@ -108,9 +110,14 @@ private:
     void wireOptions();
     void wireAddCommands();
     void wirePlayCommands();
+    void wireSpokes();
+    void wireEditing();
+    void wireMaintenance();
+    void wireReports();
     void wireLocate();
     void addIcons();
     void addPopup();
+    void showPopup(QPoint place);
     void Form_Load();
     void Form_Activate();
     void Form_Unload();
@@ -131,6 +138,9 @@ private:
     void GridEditMenu_Click();
     void mnuFileFont_Click();
     void DataBaseLocation_Click();
+    void mnuRestoreBackup_Click();
+    void OphanedPictures_Click();
+    void EmptyDeletedPicturesFolder_Click();
     void AboutBox_Click();
     void txtLocate_KeyUp(int key);
     void txtLocate_KeyPress(int key);
@@ -154,6 +164,7 @@ private:
     std::unique_ptr<MusicLoader> m_loader;
     std::unique_ptr<AddCommands> m_addCommands;
     std::unique_ptr<PlayCommands> m_playCommands;
+    std::unique_ptr<Spokes> m_spokes;
     std::unique_ptr<ColumnMoves> m_columns;
     std::unique_ptr<GridHandlers> m_gridHandlers;
     QMenu *m_popup = nullptr;

@@ -11,6 +11,7 @@
 #include "desktop/KeySender.h"
 #include "intake/AddCommands.h"
 #include "main/Session.h"
+#include "main/Spokes.h"
 #include "player/PlayCommands.h"
 #include "songlist/ColumnMoves.h"
 #include "songlist/CriteriaForm.h"
@@ -30,6 +31,7 @@ void NameList::wire()
     wireOptions();
     wireAddCommands();
     wirePlayCommands();
+    wireSpokes();
     wireLocate();
     m_ui->txtName->installEventFilter(this);
 }
@@ -277,8 +279,10 @@ void NameList::txtLocate_KeyUp(int key)
 void NameList::txtLocate_KeyPress(int key)
 {
     m_columns->cancel();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter)
-        focusGrid();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return;
+    focusGrid();
+    m_spokes->edit.cmdEdit_Click();
 }
 
 void NameList::txtLocate_Click()

@@ -29,6 +29,10 @@ QWidget *NameList::controlOf(MainControl control) const
         return m_ui->cmdSortSong;
     case MainControl::cmdSortArtist:
         return m_ui->cmdSortArtist;
+    case MainControl::cmdAdd:
+        return m_ui->cmdAdd;
+    case MainControl::cmdEdit:
+        return m_ui->cmdEdit;
     case MainControl::cmdDelete:
         return m_ui->cmdDelete;
     case MainControl::cmdPlay:
@@ -54,6 +58,8 @@ void NameList::setEnabled(MainControl control, bool enabled)
 {
     if (control == MainControl::FindEditMenu)
         m_ui->FindEditMenu->setEnabled(enabled);
+    if (control == MainControl::AddMenu)
+        m_ui->AddMenu->setEnabled(enabled);
     if (QWidget *widget = controlOf(control))
         widget->setEnabled(enabled);
 }

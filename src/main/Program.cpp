@@ -81,7 +81,10 @@ CatalogueHooks Program::catalogueHooks()
             [this] { return m_nameList->openScreens(); },
             [this] { m_playForms.unload(); },
             [this](bool compacting) { unloadNameList(compacting); },
-            [this] { m_session.player().CurrentPlayListName.clear(); },
+            [this] {
+                m_session.player().CurrentPlayListName.clear();
+                m_session.player().PlayerPlayList.clear();
+            },
             [this] { return m_startUp->run() == StartResult::Running; },
             [this] { m_quit(); }};
 }

@@ -5,6 +5,7 @@
 #include "catalogue/Options.h"
 #include "catalogue/SettingsRows.h"
 #include "catalogue/ShutDown.h"
+#include "editor/EditorState.h"
 #include "intake/IntakeState.h"
 #include "platform/media/Media.h"
 #include "platform/options/OptionsStore.h"
@@ -32,10 +33,15 @@ public:
     [[nodiscard]] DisplayedSet &displayedSet() { return m_displayedSet; }
     [[nodiscard]] PlayerState &player() { return m_player; }
     [[nodiscard]] IntakeState &intake() { return m_intake; }
+    [[nodiscard]] EditorState &editor() { return m_editor; }
     [[nodiscard]] ShutDown &shutDown() { return m_shutDown; }
 
     /** Where the folder dialogs of the options start: the folder chosen there last. */
     [[nodiscard]] QString &lastFolder() { return m_lastFolder; }
+    /** Where a play list was written to last, for this run. */
+    [[nodiscard]] QString &lastPlayListFolder() { return m_lastPlayListFolder; }
+    /** Where music files were copied to last, for this run. */
+    [[nodiscard]] QString &copyFolder() { return m_copyFolder; }
 
 private:
     Desktop &m_desktop;
@@ -49,8 +55,11 @@ private:
     DisplayedSet m_displayedSet;
     PlayerState m_player;
     IntakeState m_intake;
+    EditorState m_editor;
     ShutDown m_shutDown;
     QString m_lastFolder;
+    QString m_lastPlayListFolder;
+    QString m_copyFolder;
 };
 
 } // namespace quaverly

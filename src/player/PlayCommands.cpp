@@ -122,6 +122,8 @@ void PlayCommands::playAll()
     unloadPlayer();
     PlayRequest request;
     {
+        // The question has taken the pointer back.
+        const Hourglass loading(m_parts.desktop);
         const auto working =
             m_parts.desktop.ShowWorkingForm(u"Loading songs into Player..."_s, waitText(), false);
         m_parts.desktop.letEventsRun();

@@ -10,6 +10,7 @@
 #include "platform/media/Mpris.h"
 #include "platform/options/OptionsStore.h"
 #include "player/Player.h"
+#include "player/PlayerSettings.h"
 #include "player/SongListModel.h"
 #include "player/TemporaryList.h"
 #include "player/WebSearch.h"
@@ -109,7 +110,7 @@ void PlayForm::Form_Load()
     }
     if (m_parts.state.PlayerLeft >= 0 && m_parts.state.PlayerTop >= 0)
         move(m_parts.state.PlayerLeft / TwipsPerPixel, m_parts.state.PlayerTop / TwipsPerPixel);
-    loadSettings();
+    loadPlayerSettings(m_parts.store, *m_media);
     m_media->setURL(m_parts.state.CurrentPlayUrl);
     setWindowTitle(m_parts.state.CurrentPlayTitle);
     applyFont();
@@ -144,27 +145,6 @@ void PlayForm::loadPlayLists()
         return;
     state.CurrentPlayListName.clear();
     state.PlayerPlayList.clear();
-}
-
-void PlayForm::loadSettings()
-{
-    bool known = false;
-    const int volume = option(m_parts.store, keys::PlayerVolume).toInt(&known);
-    if (known)
-        m_media->settings().setVolume(volume);
-    m_media->settings().setMute(flagOption(m_parts.store, keys::PlayerMute));
-}
-
-void PlayForm::saveSettings()
-{
-    const QString volume = QString::number(m_media->settings().volume());
-    const bool mute = m_media->settings().mute();
-    guarded(m_parts.desktop, windowTitle(), [&] {
-        if (option(m_parts.store, keys::PlayerVolume) != volume)
-            saveOption(m_parts.store, keys::PlayerVolume, volume);
-        if (flagOption(m_parts.store, keys::PlayerMute) != mute)
-            saveFlagOption(m_parts.store, keys::PlayerMute, mute);
-    });
 }
 
 void PlayForm::fill(const PlayRequest &request)
@@ -341,7 +321,7 @@ void PlayForm::closeEvent(QCloseEvent *event)
 void PlayForm::Form_Unload()
 {
     PlayerState &state = m_parts.state;
-    saveSettings();
+    guarded(m_parts.desktop, windowTitle(), [this] { savePlayerSettings(*m_media, m_parts.store); });
     // Silence at once; its handlers may be what closes the player.
     m_ui->WindowsMediaPlayer1->setPlayer(nullptr);
     m_mpris.reset();

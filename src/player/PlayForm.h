@@ -33,12 +33,6 @@ struct Options;
 struct PlayRequest;
 struct PlayerState;
 
-namespace keys {
-/** 0 to 100. */
-inline constexpr char16_t PlayerVolume[] = u"Player Volume";
-inline constexpr char16_t PlayerMute[] = u"Player Mute";
-} // namespace keys
-
 /** What the player's screen works with. All of it outlives the screen. */
 struct PlayFormParts
 {
@@ -88,8 +82,6 @@ private:
     void Form_Unload();
     void applyFont();
     void loadPlayLists();
-    void loadSettings();
-    void saveSettings();
 
     void cbPlayNext_Click(bool checked);
     void cbPlayRandom_Click(bool checked);

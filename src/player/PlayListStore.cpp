@@ -6,19 +6,15 @@
 #include "player/PlayListSql.h"
 #include "songlist/ListTexts.h"
 
+#include <algorithm>
+#include <set>
+#include <unordered_map>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
 namespace {
-
-QString withoutTrailingBlanks(const QString &text)
-{
-    qsizetype length = text.size();
-    while (length > 0 && text.at(length - 1) == u' ')
-        --length;
-    return text.first(length);
-}
 
 void add(dao::Recordset &rows, qint64 listId, qint64 listTrackId, const Track &track, const QDateTime &now)
 {
@@ -39,11 +35,46 @@ void add(dao::Recordset &rows, qint64 listId, qint64 listTrackId, const Track &t
     rows.Update();
 }
 
+/** What FindFirst would find while numbers are rewritten, without asking the store for each. */
+class NumbersInPlace final
+{
+public:
+    explicit NumbersInPlace(const dao::Recordset &rows)
+    {
+        const int field = rows.fieldIndex(u"ListTrackID"_s);
+        for (qint64 position = 0; position < rows.RecordCount(); ++position)
+            m_positions[rows.valueAt(position, field).toLongLong()].insert(position);
+    }
+
+    /** The position of the first row with that number, which now bears the other one. */
+    std::optional<qint64> renumber(qint64 from, qint64 to)
+    {
+        const auto found = m_positions.find(from);
+        if (found == m_positions.end() || found->second.empty())
+            return std::nullopt;
+        const qint64 position = *found->second.begin();
+        found->second.erase(found->second.begin());
+        m_positions[to].insert(position);
+        return position;
+    }
+
+private:
+    std::unordered_map<qint64, std::set<qint64>> m_positions;
+};
+
 } // namespace
 
 QString singleQuotes(QString text)
 {
     return text.replace(u'"', u'\'');
+}
+
+QString withoutTrailingBlanks(const QString &text)
+{
+    qsizetype length = text.size();
+    while (length > 0 && text.at(length - 1) == u' ')
+        --length;
+    return text.first(length);
 }
 
 Track trackOfSong(const dao::Recordset &song)
@@ -97,6 +128,21 @@ std::optional<qint64> PlayListStore::ListID(const QString &listName) const
     if (rows->isEmpty())
         return std::nullopt;
     return rows->value(u"ListID"_s).toLongLong();
+}
+
+bool PlayListStore::exists(qint64 listId) const
+{
+    return !snapshot(playlistsql::header(listId))->isEmpty();
+}
+
+std::optional<PlayListHeader> PlayListStore::headerOfName(const QString &listName, qint64 preferred) const
+{
+    const auto rows = snapshot(playlistsql::headerOfName(listName));
+    if (rows->isEmpty())
+        return std::nullopt;
+    rows->FindFirst(u"ListID="_s + QString::number(preferred));
+    return PlayListHeader{rows->value(u"ListID"_s).toLongLong(), rows->text(u"ListName"_s),
+                          rows->text(u"Notes"_s)};
 }
 
 bool PlayListStore::isTaken(const QString &listName) const
@@ -179,6 +225,77 @@ void PlayListStore::RenumberTracks(qint64 listId)
         rows->Update();
     }
     transaction.commit();
+}
+
+std::optional<qsizetype> PlayListStore::reorder(qint64 listId, const QList<qint64> &numbers)
+{
+    dao::Transaction transaction(database().workspace());
+    const auto rows = dynaset(playlistsql::reorder(listId));
+    if (rows->isEmpty())
+        return std::nullopt;
+    NumbersInPlace inPlace(*rows);
+    const QDateTime now = m_now();
+    qsizetype given = 0;
+    for (; given < numbers.size(); ++given) {
+        const auto position = inPlace.renumber(numbers.at(given), given + 1);
+        if (!position)
+            break;
+        rows->setAbsolutePosition(*position);
+        rows->Edit();
+        rows->setValue(u"ListTrackID"_s, given + 1);
+        rows->setValue(u"LastUpdated"_s, now);
+        rows->Update();
+    }
+    transaction.commit();
+    return given;
+}
+
+QList<ShownTrack> PlayListStore::shownTracks(qint64 listId, qint64 most) const
+{
+    const auto rows = snapshot(playlistsql::shownTracks(listId));
+    const qint64 count = std::min(rows->RecordCount(), most);
+    QList<ShownTrack> tracks;
+    tracks.reserve(count);
+    for (qint64 row = 0; row < count; ++row)
+        tracks.append({rows->valueAt(row, 0).toString(), rows->valueAt(row, 1).toString(),
+                       rows->valueAt(row, 2).toLongLong()});
+    return tracks;
+}
+
+QList<FiledTrack> PlayListStore::tracksWithFile(qint64 listId) const
+{
+    const auto rows = snapshot(playlistsql::tracksWithFile(listId));
+    QList<FiledTrack> tracks;
+    tracks.reserve(rows->RecordCount());
+    for (qint64 row = 0; row < rows->RecordCount(); ++row)
+        tracks.append({rows->valueAt(row, 0).toString(), rows->valueAt(row, 1).toString(),
+                       rows->valueAt(row, 2).toString()});
+    return tracks;
+}
+
+std::optional<TrackTexts> PlayListStore::oneTrack(qint64 listId, qint64 listTrackId) const
+{
+    const auto rows = snapshot(playlistsql::oneTrack(listId, listTrackId));
+    if (rows->isEmpty())
+        return std::nullopt;
+    return TrackTexts{rows->text(u"SongTitle"_s), rows->text(u"ArtistName"_s), rows->text(u"FileName"_s),
+                      rows->text(u"Notes"_s)};
+}
+
+bool PlayListStore::editTrack(qint64 listId, qint64 listTrackId, const TrackTexts &texts)
+{
+    const auto rows = dynaset(playlistsql::oneTrack(listId, listTrackId));
+    if (rows->isEmpty())
+        return false;
+    rows->Edit();
+    rows->setValue(u"ListId"_s, listId);
+    rows->setValue(u"SongTitle"_s, texts.SongTitle);
+    rows->setValue(u"FileName"_s, texts.FileName);
+    rows->setValue(u"ArtistName"_s, texts.ArtistName);
+    rows->setValue(u"Notes"_s, texts.Notes);
+    rows->setValue(u"LastUpdated"_s, m_now());
+    rows->Update();
+    return true;
 }
 
 std::optional<qint64> PlayListStore::songOfFile(const QString &path) const

@@ -45,11 +45,48 @@ struct Track
     QVariant Notes{};
 };
 
+/** A track as a list box shows it. */
+struct ShownTrack
+{
+    QString SongTitle;
+    QString ArtistName;
+    qint64 ListTrackID = 0;
+};
+
+/** A track with a file, as it is played. */
+struct FiledTrack
+{
+    QString FileName;
+    QString SongTitle;
+    QString ArtistName;
+};
+
+/** What a user may change of a track. */
+struct TrackTexts
+{
+    QString SongTitle;
+    QString ArtistName;
+    QString FileName;
+    QString Notes;
+
+    bool operator==(const TrackTexts &) const = default;
+};
+
+/** A list's header, as it is edited. */
+struct PlayListHeader
+{
+    qint64 ListID = 0;
+    QString ListName;
+    QString Notes;
+};
+
 /** The fields of a track that come from a song, the title's double quotes made single. */
 [[nodiscard]] Track trackOfSong(const dao::Recordset &song);
 
 /** Each double quote made single: neither titles nor names of lists keep one. */
 [[nodiscard]] QString singleQuotes(QString text);
+
+[[nodiscard]] QString withoutTrailingBlanks(const QString &text);
 
 /**
  * Play lists: a header row each, and numbered tracks, played in the order of their numbers, which may have
@@ -68,8 +105,12 @@ public:
     /** In any case; nothing without such a list. */
     [[nodiscard]] std::optional<qint64> ListID(const QString &listName) const;
 
-    /** False when the name is taken. The name's trailing blanks are cut. */
+    /** False for a list that has been deleted since its number was read. */
+    [[nodiscard]] bool exists(qint64 listId) const;
+    /** Of that name, in any case: the list @p preferred where it is one of several, else the first. */
+    [[nodiscard]] std::optional<PlayListHeader> headerOfName(const QString &listName, qint64 preferred) const;
     [[nodiscard]] bool isTaken(const QString &listName) const;
+    /** The name's trailing blanks are cut. */
     qint64 addList(const QString &listName, const QString &notes);
     /** Name and notes of a header; the tracks know it by its number. False without that list. */
     bool editList(qint64 listId, const QString &listName, const QString &notes);
@@ -87,6 +128,22 @@ public:
     void deleteFile(qint64 listId, const QString &path);
     /** Numbers from 1 without gaps, in the order that is. */
     void RenumberTracks(qint64 listId);
+    /**
+     * Gives the track with the first of @p numbers the number 1, the one with the second the number 2, and so
+     * on. Ends at a number that no track bears by then, and returns how many it gave; nothing for an empty
+     * list. The numbers are rewritten in place: a number sought may be one that was given just now, and among
+     * several tracks with it the first in the old order takes it.
+     */
+    std::optional<qsizetype> reorder(qint64 listId, const QList<qint64> &numbers);
+
+    /** In playing order; no more than @p most. */
+    [[nodiscard]] QList<ShownTrack> shownTracks(qint64 listId, qint64 most) const;
+    /** Those that name a file, in playing order. */
+    [[nodiscard]] QList<FiledTrack> tracksWithFile(qint64 listId) const;
+    /** The first track of that number. */
+    [[nodiscard]] std::optional<TrackTexts> oneTrack(qint64 listId, qint64 listTrackId) const;
+    /** False without that track. */
+    bool editTrack(qint64 listId, qint64 listTrackId, const TrackTexts &texts);
 
     /** The song with that file. */
     [[nodiscard]] std::optional<qint64> songOfFile(const QString &path) const;

@@ -22,18 +22,23 @@ bool fitsInList(const QString &path)
     return !path.contains(u'\n') && !path.contains(u'\r');
 }
 
+void writeListFile(const QString &path, const QStringList &lines)
+{
+    QByteArray bytes;
+    for (const QString &line : lines)
+        bytes += QFile::encodeName(line) + "\r\n";
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        const int number = file.error() == QFileDevice::ResourceError ? dao::DiskFull : dao::PathFileAccess;
+        throw dao::DaoError(number, u"The list of songs could not be written: %1"_s.arg(file.errorString()));
+    }
+}
+
 void writeTemporaryList(const QString &databaseFolder, const QStringList &paths)
 {
     const QString path = temporaryList(databaseFolder);
     DeleteFile(path);
-    QByteArray lines;
-    for (const QString &line : paths)
-        lines += QFile::encodeName(line) + "\r\n";
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(lines) != lines.size() || !file.commit()) {
-        const int number = file.error() == QFileDevice::ResourceError ? dao::DiskFull : dao::PathFileAccess;
-        throw dao::DaoError(number, u"The list of songs could not be written: %1"_s.arg(file.errorString()));
-    }
+    writeListFile(path, paths);
 }
 
 void removeTemporaryList(const QString &databaseFolder)

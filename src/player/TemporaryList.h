@@ -13,6 +13,12 @@ namespace quaverly {
 [[nodiscard]] bool fitsInList(const QString &path);
 
 /**
+ * Writes @p lines, each ended by CR LF, in place of what is there: as a whole or not at all.
+ * @throws dao::DaoError 75, 61.
+ */
+void writeListFile(const QString &path, const QStringList &lines);
+
+/**
  * Writes the list file, one path a line, in place of the old one: it is there as a whole or not at all.
  * @throws dao::DaoError 75, 61.
  */

@@ -294,6 +294,20 @@ bool DisplayedSet::duplicateView(const QString &queryName)
     return m_data.hasRows();
 }
 
+// With the song, the rest of its group may leave the view: it is opened anew.
+void DisplayedSet::deleteFromDuplicateView()
+{
+    dao::Recordset &rows = m_data.Recordset();
+    const qint64 song = rows.bookmark().key;
+    const qint64 place = rows.AbsolutePosition();
+    const bool last = place + 1 == rows.RecordCount();
+    const qint64 neighbour = place == 0 && last ? song : rows.bookmarkAt(last ? place - 1 : place + 1).key;
+    database().Execute(u"Delete * from tblContacts where RecordID = "_s + QString::number(song));
+    const Hourglass hourglass(m_desktop);
+    m_data.Refresh();
+    m_data.findRecord(neighbour);
+}
+
 void DisplayedSet::hideFilterMessage()
 {
     m_screen->setVisible(MainControl::lblFilterMsg, false);

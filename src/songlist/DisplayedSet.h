@@ -82,6 +82,8 @@ public:
     bool playListView(qint64 listId, const QString &name);
     /** One of the four stored queries; false when it shows nothing. */
     bool duplicateView(const QString &queryName);
+    /** Deletes the current song while such a view is shown, which stays, at the song's neighbour. */
+    void deleteFromDuplicateView();
 
     /**
      * What Record Count says. Rewrites the mark clause, which may have been made behind another

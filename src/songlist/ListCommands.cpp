@@ -79,6 +79,10 @@ void ListCommands::cmdDelete_Click(const std::function<void()> &finishEditing)
 
 void ListCommands::deleteCurrent()
 {
+    if (m_set.isDuplicateView()) {
+        m_set.deleteFromDuplicateView();
+        return;
+    }
     dao::Recordset &rows = m_set.Data1().Recordset();
     rows.Delete();
     rows.MoveNext();

@@ -283,6 +283,7 @@ TEST_F(TheLooseCatalogue, IsCompactedInPlace)
 TEST_F(TheLooseCatalogue, IsKeptOnAFullDisk)
 {
     const FullDisk disk(200'000);
+    desktop.willAnswer(Answer::Yes, u"No copy of the database could be made"_s);
     expectFailure(u"full"_s);
 }
 
@@ -337,6 +338,7 @@ TEST_F(TheCatalogue, IsEmptiedAfterTwoQuestionsAndTheProcessEnds)
     EXPECT_EQ(desktop.lastCall().title, u"Are you REALLY sure?"_s);
     EXPECT_EQ(acts, (QStringList{u"unload"_s, u"end"_s}));
     EXPECT_FALSE(data.catalogue().CatalogueDb);
+    EXPECT_EQ(commands.backups().list().at(0).songs, 1);
     data.open();
     EXPECT_EQ(songs(), QStringList());
     EXPECT_EQ(data.valueOf(u"Select count(*) from tblCategoryID"_s), 1);
@@ -354,6 +356,73 @@ TEST_F(TheCatalogue, IsLeftAloneWhenItCannotBeEmptied)
     commands.mnuDeleteAll_Click();
     EXPECT_EQ(acts, QStringList());
     EXPECT_EQ(songs(), QStringList(u"SOS"_s));
+}
+
+/** What the tables hold, the songs in full. */
+QStringList contentsOf(StoreFixture &data)
+{
+    QStringList all = data.column(u"Select SongName & Notes & Selected from tblContacts"_s);
+    for (const auto &table : {u"tblCategoryID"_s, u"tblPlayListDetail"_s, u"tblSettings"_s})
+        all += data.valueOf(u"Select Count(*) from "_s + table).toString();
+    return all;
+}
+
+TEST_F(TheLooseCatalogue, GoesBackToACopyAndForthAgain)
+{
+    desktop.willSee(u"Database compacted."_s);
+    commands.mnuCompactDatabase_Click();
+    acts.clear();
+    const QStringList before = contentsOf(data);
+    ASSERT_TRUE(commands.backups().beforeBulkCommand());
+    data.db().Execute(u"Delete * from tblContacts Where RecordID > 5"_s);
+    data.addCategory(u"Jazz"_s, {1});
+    const QStringList after = contentsOf(data);
+
+    desktop.willSee(u"Database restored.\n\nIt is again as it was on "_s);
+    commands.restoreBackup(commands.backups().list().at(0));
+    expectOldCatalogue({u"forget lists"_s, u"unload player"_s, u"unload compacting"_s});
+    EXPECT_EQ(contentsOf(data), before);
+    // The compaction kept one copy, the test another, the restoring the third.
+    ASSERT_EQ(commands.backups().list().size(), 3U);
+    desktop.willSee(u"Database restored."_s);
+    commands.restoreBackup(commands.backups().list().at(0));
+    EXPECT_EQ(contentsOf(data), after);
+    data.close();
+    EXPECT_EQ(filesLeft(), QStringList(u"QVdata.mdb"_s));
+}
+
+TEST_F(TheLooseCatalogue, StaysWhenItCannotGoBack)
+{
+    desktop.willSee(u"Database compacted."_s);
+    commands.mnuCompactDatabase_Click();
+    ASSERT_TRUE(commands.backups().beforeBulkCommand());
+    acts.clear();
+    const QStringList before = contentsOf(data);
+    const Backup copy = commands.backups().list().at(0);
+    const QStringList closed = {u"forget lists"_s, u"unload player"_s, u"unload compacting"_s};
+    {
+        const FullDisk disk(200'000);
+        desktop.willAnswer(Answer::No, u"No copy of the database could be made"_s);
+        commands.restoreBackup(copy);
+        EXPECT_EQ(acts, QStringList());
+        desktop.willAnswer(Answer::Yes, u"No copy of the database could be made"_s).willSee(u"full"_s);
+        commands.restoreBackup(copy);
+        expectOldCatalogue(closed);
+    }
+    {
+        dao::DBEngine elsewhere(catalogueSchema());
+        const auto open = elsewhere.OpenDatabase(file);
+        desktop.willSee(u"in use by another program"_s);
+        commands.restoreBackup(copy);
+        expectOldCatalogue(closed);
+    }
+    whenUnloaded = [&] { QFile::remove(copy.path); };
+    desktop.willSee(u"File not found"_s);
+    commands.restoreBackup(copy);
+    expectOldCatalogue(closed);
+    EXPECT_EQ(contentsOf(data), before);
+    data.close();
+    EXPECT_EQ(filesLeft(), QStringList(u"QVdata.mdb"_s));
 }
 
 } // namespace

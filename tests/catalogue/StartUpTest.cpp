@@ -2,6 +2,7 @@
 #include "catalogue/StartUp.h"
 #include "catalogue/CatalogueSchema.h"
 #include "catalogue/DuplicateQueries.h"
+#include "catalogue/RenameNotes.h"
 #include "catalogue/ShutDown.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/options/SingleInstance.h"
@@ -92,6 +93,22 @@ TEST_F(TheStart, OpensTheCatalogueOfTheDefaultFolderAndCompletesIt)
     EXPECT_EQ(options.RptLinesPerPage, u"54"_s);
     EXPECT_FALSE(options.TabletActive);
     EXPECT_EQ(stored(), QString());
+}
+
+TEST_F(TheStart, EndsARenameThatWasCutOff)
+{
+    const QString file = makeCatalogue("data");
+    QFile song(folder("elsewhere") + u"new.mp3"_s);
+    ASSERT_TRUE(song.open(QIODevice::WriteOnly));
+    Catalogue before;
+    before.CatalogueDb = engine.OpenDatabase(file);
+    before.CatalogueDb->Execute(
+        u"Insert Into tblContacts (PathName, FileName) Values ('%1', 'old.mp3')"_s.arg(folder("elsewhere")));
+    RenameNotes(before).keep(1, folder("elsewhere"), u"old.mp3"_s, folder("elsewhere"), u"new.mp3"_s);
+    before.CatalogueDb.reset();
+    ASSERT_EQ(start(), StartResult::Running);
+    catalogue.ContactsTable->MoveFirst();
+    EXPECT_EQ(catalogue.ContactsTable->text(u"FileName"_s), u"new.mp3"_s);
 }
 
 TEST_F(TheStart, WritesNothingToACatalogueThatIsWhole)

@@ -14,7 +14,8 @@ namespace {
 const char *nameOf(Shown shown)
 {
     constexpr std::array names = {"message box", "prompt",        "warning",     "open dialog",
-                                  "save dialog", "folder dialog", "color dialog"};
+                                  "save dialog", "folder dialog", "color dialog", "font dialog",
+                                  "printer dialog"};
     return names.at(static_cast<std::size_t>(shown));
 }
 
@@ -38,6 +39,16 @@ Answer safeAnswer(Buttons buttons)
         return Answer::Ok;
     return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
 }
+
+class ScriptedWorkingWindow final : public WorkingWindow
+{
+public:
+    explicit ScriptedWorkingWindow(const bool &isWindowClosed) : m_isClosed(isWindowClosed) {}
+    [[nodiscard]] bool isClosed() const override { return m_isClosed; }
+
+private:
+    const bool &m_isClosed;
+};
 
 } // namespace
 
@@ -67,6 +78,11 @@ ScriptedDesktop &ScriptedDesktop::willPassWarning(bool goOn)
     return add({.shown = Shown::Warning, .answer = goOn ? Answer::Ok : Answer::Cancel});
 }
 
+ScriptedDesktop &ScriptedDesktop::willPrintOn(std::shared_ptr<QPagedPaintDevice> printer)
+{
+    return add({.shown = Shown::PrinterDialog, .printer = std::move(printer)});
+}
+
 ScriptedDesktop &ScriptedDesktop::willGive(Shown shown, const std::optional<QString> &text)
 {
     return add({.shown = shown, .text = text});
@@ -75,6 +91,11 @@ ScriptedDesktop &ScriptedDesktop::willGive(Shown shown, const std::optional<QStr
 ScriptedDesktop &ScriptedDesktop::willPickColor(std::optional<quint32> color)
 {
     return add({.shown = Shown::ColorDialog, .color = color});
+}
+
+ScriptedDesktop &ScriptedDesktop::willPickFont(const std::optional<FontChoice> &font)
+{
+    return add({.shown = Shown::FontDialog, .font = font});
 }
 
 ScriptedDesktop &ScriptedDesktop::meanwhile(Action action)
@@ -160,12 +181,32 @@ std::optional<quint32> ScriptedDesktop::ShowColor(quint32 start)
     return scripted ? scripted->color : std::nullopt;
 }
 
+std::optional<FontChoice> ScriptedDesktop::ShowFont(const QString &title, const FontChoice &start)
+{
+    const std::optional<Scripted> scripted =
+        take({.shown = Shown::FontDialog, .title = title, .color = start.color});
+    return scripted ? scripted->font : std::nullopt;
+}
+
 QString ScriptedDesktop::BrowseForFolder(const QString &prompt, const QString &title,
                                          const QString &startFolder)
 {
     return takeText(
                {.shown = Shown::FolderDialog, .text = prompt, .title = title, .startFolder = startFolder})
         .value_or(QString());
+}
+
+std::unique_ptr<WorkingWindow> ScriptedDesktop::ShowWorkingForm(const QString & /*caption*/,
+                                                                const QString & /*msg*/, bool /*withBar*/)
+{
+    m_isWorkingFormClosed = false;
+    return std::make_unique<ScriptedWorkingWindow>(m_isWorkingFormClosed);
+}
+
+std::shared_ptr<QPagedPaintDevice> ScriptedDesktop::ShowPrinterDialog()
+{
+    const std::optional<Scripted> scripted = take({.shown = Shown::PrinterDialog});
+    return scripted ? scripted->printer : nullptr;
 }
 
 void ScriptedDesktop::setHourglass(bool on)

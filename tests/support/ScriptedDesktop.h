@@ -3,6 +3,7 @@
 
 #include "desktop/Desktop.h"
 
+#include <QImage>
 #include <QList>
 
 #include <map>
@@ -10,7 +11,17 @@
 namespace quaverly::test {
 
 /** What the user was shown. */
-enum class Shown { Message, Prompt, Warning, OpenDialog, SaveDialog, FolderDialog, ColorDialog };
+enum class Shown {
+    Message,
+    Prompt,
+    Warning,
+    OpenDialog,
+    SaveDialog,
+    FolderDialog,
+    ColorDialog,
+    FontDialog,
+    PrinterDialog
+};
 
 /** One thing that the program showed, with all that it said. */
 struct DesktopCall
@@ -67,11 +78,16 @@ public:
     ScriptedDesktop &willBrowse(const QString &folder) { return willGive(Shown::FolderDialog, folder); }
     /** Nothing is Cancel. */
     ScriptedDesktop &willPickColor(std::optional<quint32> color);
+    ScriptedDesktop &willPickFont(const std::optional<FontChoice> &font);
+    /** Null is Cancel. */
+    ScriptedDesktop &willPrintOn(std::shared_ptr<QPagedPaintDevice> printer);
     /** Runs @p action while the dialog queued last is up. */
     ScriptedDesktop &meanwhile(Action action);
 
     /** Runs @p action at the @p nth time, from 1, that events are let run, before they do. */
     void atEvents(int nth, Action action) { m_actions[nth] = std::move(action); }
+    /** The please-wait window that is up. */
+    void closeWorkingForm() { m_isWorkingFormClosed = true; }
 
     [[nodiscard]] const QList<DesktopCall> &calls() const { return m_calls; }
     /** The call made last. @throws std::out_of_range without any. */
@@ -82,6 +98,9 @@ public:
     [[nodiscard]] bool isHourglassOn() const { return m_hourglasses > 0; }
     [[nodiscard]] qsizetype answersLeft() const { return m_script.size(); }
 
+    /** What the clipboard holds; null for no picture. */
+    QImage clipboard;
+
     Answer MessageBox(const QString &text, const QString &title, Icon icon, Buttons buttons,
                       std::optional<Answer> defaultAnswer) override;
     QString InputPrompt(const QString &prompt, const QString &title, const QString &defaultText,
@@ -90,7 +109,17 @@ public:
     std::optional<QString> ShowOpenDialog(const FileQuestion &question) override;
     std::optional<QString> ShowSaveDialog(const FileQuestion &question) override;
     std::optional<quint32> ShowColor(quint32 start) override;
+    std::optional<FontChoice> ShowFont(const QString &title, const FontChoice &start) override;
     QString BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder) override;
+    std::unique_ptr<WorkingWindow> ShowWorkingForm(const QString &caption, const QString &msg,
+                                                   bool withBar) override;
+    std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() override;
+    bool isPictureOnClipboard() override { return !clipboard.isNull(); }
+    bool takeFromClipboard(QImage &picture) override
+    {
+        picture = clipboard.isNull() ? picture : clipboard;
+        return !clipboard.isNull();
+    }
     bool OpenUrl(const QUrl &url) override
     {
         m_urls += url;
@@ -109,6 +138,8 @@ private:
         Answer answer = Answer::Ok;
         std::optional<QString> text{};
         std::optional<quint32> color{};
+        std::optional<FontChoice> font{};
+        std::shared_ptr<QPagedPaintDevice> printer{};
         QString part{};
         Action meanwhile{};
     };
@@ -125,6 +156,7 @@ private:
     std::map<int, Action> m_actions;
     int m_eventsRun = 0;
     int m_hourglasses = 0;
+    bool m_isWorkingFormClosed = false;
 };
 
 } // namespace quaverly::test

@@ -1,45 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/store/DatabaseImpl.h"
+#include "platform/store/NewFile.h"
 #include "platform/store/Salvage.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 namespace dao {
 
 namespace {
-
-/** A new file that goes again unless it is kept. */
-class NewFile
-{
-public:
-    explicit NewFile(QString path) : m_path(std::move(path)) {}
-    ~NewFile()
-    {
-        if (m_kept)
-            return;
-        for (const QString &ending : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s})
-            QFile::remove(m_path + ending);
-    }
-    NewFile(const NewFile &) = delete;
-    NewFile &operator=(const NewFile &) = delete;
-    void keep() { m_kept = true; }
-
-private:
-    QString m_path;
-    bool m_kept = false;
-};
-
-void refuseExisting(const QString &path)
-{
-    if (QFileInfo::exists(path))
-        throw DaoError(FileAlreadyExists, u"File already exists: '%1'."_s.arg(path));
-}
 
 void rename(const QString &from, const QString &to)
 {
@@ -89,8 +61,7 @@ void DBEngine::CompactDatabase(const QString &source, const QString &target)
         connection.execute("VACUUM INTO " + quotedText(target));
     }
     // The source is about to go: its copy must be on the disk by then.
-    if (QFile written(target); !written.open(QIODevice::ReadOnly) || ::fsync(written.handle()) != 0)
-        throw DaoError(PathFileAccess, u"Path/File access error: '%1'."_s.arg(target));
+    file.putOnDisk();
     file.keep();
 }
 

@@ -177,6 +177,9 @@ private:
     bool m_open = true;
 };
 
+/** Called now and then with the share that is done, of @p all; false gives the work up. */
+using GoesOn = std::function<bool(qint64 done, qint64 all)>;
+
 /** An open catalogue. Recordsets must be closed before it goes. */
 class Database final
 {
@@ -213,6 +216,13 @@ public:
 
     /** Counts rows from another thread; see ReadProbe.h. @throws 3024 when the file was moved away. */
     [[nodiscard]] std::unique_ptr<ReadProbe> probe();
+
+    /**
+     * Writes what is committed to a new file, which bears its name only once it is whole and on the disk.
+     * Not for use within a transaction. False when it was given up; nothing is left then.
+     * @throws 58 when the file is there, 61 on a full disk, 70, 75, 3260; nothing is left either.
+     */
+    [[nodiscard]] bool backupTo(const QString &path, const GoesOn &progress = {});
 
     /** Checkpoints to the single file and closes; the destructor does so too, silently. */
     void Close();
@@ -269,6 +279,14 @@ public:
 
     /** Writes an empty catalogue at the newest schema version. @throws 58 when the file is there. */
     void CreateEmpty(const QString &path);
+
+    /**
+     * Reads a catalogue that nobody writes to from end to end, and changes nothing. False when @p progress
+     * gave it up; its numbers mean nothing. @throws 3049 when it is damaged, and as OpenDatabase.
+     */
+    [[nodiscard]] bool verify(const QString &path, const GoesOn &progress = {}) const;
+    /** Rows of a table of such a catalogue. @throws 3078 without that table, and as OpenDatabase. */
+    [[nodiscard]] qint64 countRows(const QString &path, const QString &table) const;
 
     [[nodiscard]] Workspace &Workspaces(int index);
 

@@ -69,13 +69,18 @@ QString locationOf(const CatalogueFile &file)
 {
     if (file.writable)
         return file.path;
-    // Nothing can be written beside the file, so nobody else can either: it is read as it stands.
-    QString escaped = file.path;
-    escaped.replace(u"%"_s, u"%25"_s).replace(u"?"_s, u"%3f"_s).replace(u"#"_s, u"%23"_s);
-    return u"file:"_s + escaped + u"?immutable=1"_s;
+    // Nothing can be written beside the file, so nobody else can either.
+    return unchangingLocation(file.path);
 }
 
 } // namespace
+
+QString unchangingLocation(const QString &path)
+{
+    QString escaped = path;
+    escaped.replace(u"%"_s, u"%25"_s).replace(u"?"_s, u"%3f"_s).replace(u"#"_s, u"%23"_s);
+    return u"file:"_s + escaped + u"?immutable=1"_s;
+}
 
 QString metaValue(Connection &connection, const QString &name)
 {
@@ -86,6 +91,11 @@ void setMetaValue(Connection &connection, const QString &name, const QString &va
 {
     connection.execute("INSERT OR REPLACE INTO sysMeta (Name, Value) VALUES (" + quotedText(name) + ", " +
                        quotedText(value) + ")");
+}
+
+bool isInPresentOrder(Connection &connection)
+{
+    return metaValue(connection, MetaCollation) == collationVersion();
 }
 
 QString indexNameOf(const QString &statement)
@@ -197,9 +207,14 @@ void DatabaseImpl::setPassword(const QString &oldPassword, const QString &newPas
     });
 }
 
+void DatabaseImpl::learnTable(const QString &name)
+{
+    m_names.tables[name.toLower()] = tableInfo(*m_connection, name);
+}
+
 void DatabaseImpl::refreshCollation()
 {
-    if (metaValue(*m_connection, MetaCollation) == collationVersion())
+    if (isInPresentOrder(*m_connection))
         return;
     m_connection->execute("BEGIN IMMEDIATE");
     m_connection->execute("REINDEX DAO");
@@ -224,7 +239,7 @@ void DatabaseImpl::loadNames()
     Statement tables = m_connection->prepare("SELECT name FROM sqlite_schema WHERE type = 'table' AND name "
                                              "NOT LIKE 'sys%' AND name NOT LIKE 'sqlite%'");
     while (tables.step())
-        m_names.tables[tables.text(0).toLower()] = tableInfo(*m_connection, tables.text(0));
+        learnTable(tables.text(0));
     Statement queries = m_connection->prepare("SELECT Name, SQL FROM sysQueries");
     while (queries.step())
         m_names.queries.insert(queries.text(0), queries.text(1));

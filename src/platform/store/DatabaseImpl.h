@@ -76,6 +76,9 @@ public:
 
     void setPassword(const QString &oldPassword, const QString &newPassword);
 
+    /** Lets statements name a table that came later than the opening. */
+    void learnTable(const QString &name);
+
 private:
     /** The statements of a transaction within others; there is one for every folder of a scan. */
     struct Level
@@ -111,9 +114,15 @@ private:
     QElapsedTimer m_sinceCommit;
 };
 
+/** Where SQLite finds a file that nobody writes to: it is read as it stands, and nothing beside it. */
+[[nodiscard]] QString unchangingLocation(const QString &path);
+
 /** Meta rows of the store itself. */
 [[nodiscard]] QString metaValue(Connection &connection, const QString &name);
 void setMetaValue(Connection &connection, const QString &name, const QString &value);
+
+/** False when the indexes were made by another version of the collation. */
+[[nodiscard]] bool isInPresentOrder(Connection &connection);
 
 /** Makes the store's own tables and the schema's, in an empty file. */
 void createTables(Connection &connection, const Schema &schema, bool withIndexes);

@@ -253,17 +253,22 @@ void RecordsetImpl::update()
         m_position = 0;
 }
 
+const std::vector<int> &RecordsetImpl::writtenFields()
+{
+    m_writtenFields.clear();
+    for (const EditBuffer::Value &value : m_buffer)
+        m_writtenFields.push_back(value.field);
+    return m_writtenFields;
+}
+
 Statement &RecordsetImpl::insertStatement()
 {
-    m_insertFields.clear();
-    for (const EditBuffer::Value &value : m_buffer)
-        m_insertFields.push_back(value.field);
-    Statement &statement = m_inserts[m_insertFields];
+    Statement &statement = m_inserts[writtenFields()];
     if (statement)
         return statement;
     QByteArrayList names;
     QByteArrayList marks;
-    for (const int field : m_insertFields) {
+    for (const int field : m_writtenFields) {
         names.append(quotedName(rows.fields()[field].sourceField));
         marks.append("?" + QByteArray::number(marks.size() + 1));
     }
@@ -288,28 +293,38 @@ void RecordsetImpl::insertRow()
     });
 }
 
-void RecordsetImpl::updateRow()
+Statement &RecordsetImpl::updateStatement()
 {
+    Statement &statement = m_updates[writtenFields()];
+    if (statement)
+        return statement;
     const TableInfo *table = database.table(rows.plan().baseTable);
     QByteArray assignments;
-    for (const EditBuffer::Value &value : m_buffer)
+    for (const int field : m_writtenFields)
         assignments +=
-            (assignments.isEmpty() ? "" : ", ") + quotedName(rows.fields()[value.field].sourceField) + " = ?";
-    database.change([&] {
+            (assignments.isEmpty() ? "" : ", ") + quotedName(rows.fields()[field].sourceField) + " = ?";
+    statement = database.connection().prepare("UPDATE " + quotedName(table->name) + " SET " + assignments +
+                                                  " WHERE " + quotedName(table->keyColumn) + " = ?",
+                                              true);
+    return statement;
+}
+
+void RecordsetImpl::updateRow()
+{
+    database.change([this] {
         if (rows.freshRow(m_editedKey) != std::optional(m_original))
             throw DaoError(ChangedByAnother,
                            u"The database engine stopped the process because you and another user "
                            "are attempting to change the same data at the same time."_s);
-        if (assignments.isEmpty())
+        if (writtenFields().empty())
             return;
-        Statement change =
-            database.connection().prepare("UPDATE " + quotedName(table->name) + " SET " + assignments +
-                                          " WHERE " + quotedName(table->keyColumn) + " = ?");
+        Statement &change = updateStatement();
         int parameter = 1;
         for (const EditBuffer::Value &value : m_buffer)
             change.bind(parameter++, value.stored);
         change.bind(parameter, m_editedKey);
         change.step();
+        change.reset();
     });
     lastModified = {m_editedKey};
 }

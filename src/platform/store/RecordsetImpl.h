@@ -153,6 +153,9 @@ public:
 
 private:
     [[nodiscard]] Statement &insertStatement();
+    [[nodiscard]] Statement &updateStatement();
+    /** The fields that the buffer fills. */
+    const std::vector<int> &writtenFields();
     void insertRow();
     void updateRow();
     void prepareSeek(const QString &comparison, qsizetype columns);
@@ -171,7 +174,8 @@ private:
     EditBuffer m_buffer;
     /** By the fields that they fill. */
     std::map<std::vector<int>, Statement> m_inserts;
-    std::vector<int> m_insertFields;
+    std::map<std::vector<int>, Statement> m_updates;
+    std::vector<int> m_writtenFields;
     Statement m_seek;
     QString m_seekComparison;
     qsizetype m_seekColumns = 0;

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/frmRestoreBackup.h"
+
+#include "desktop/Desktop.h"
+#include "desktop/Guard.h"
+#include "desktop/ScreenLook.h"
+#include "ui_frmRestoreBackup.h"
+
+#include <QHeaderView>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+constexpr int DateColumn = 0;
+constexpr int SongsColumn = 1;
+constexpr int SizeColumn = 2;
+constexpr int RowsInSight = 8;
+/** Characters between two columns. */
+constexpr int ColumnGap = 3;
+
+} // namespace
+
+frmRestoreBackup::frmRestoreBackup(Desktop &desktop, const RestoreBackup &restore, bool tablet,
+                                   QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmRestoreBackup>()), m_desktop(desktop), m_restore(restore)
+{
+    m_ui->setupUi(this);
+    wire();
+    guarded(m_desktop, windowTitle(), [this, tablet] { Form_Load(tablet); });
+}
+
+frmRestoreBackup::~frmRestoreBackup() = default;
+
+void frmRestoreBackup::showModally()
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    open();
+}
+
+void frmRestoreBackup::wire()
+{
+    connect(m_ui->listBackups, &QTreeWidget::itemSelectionChanged, this,
+            &frmRestoreBackup::listBackups_Click);
+    connect(m_ui->listBackups, &QTreeWidget::itemDoubleClicked, this, &frmRestoreBackup::cmdRestore_Click);
+    connect(m_ui->cmdRestore, &QPushButton::clicked, this, &frmRestoreBackup::cmdRestore_Click);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmRestoreBackup::cmdCancel_Click);
+}
+
+void frmRestoreBackup::Form_Load(bool tablet)
+{
+    m_copies = m_restore.copies();
+    showText(*m_ui->lblMessage, RestoreBackup::explanation(!m_copies.empty()));
+    for (const Backup &backup : m_copies)
+        new QTreeWidgetItem(m_ui->listBackups, RestoreBackup::columns(backup));
+    layOutColumns();
+    m_ui->listBackups->setEnabled(!m_copies.empty());
+    listBackups_Click();
+    if (tablet)
+        sizeForFingers(*this);
+}
+
+void frmRestoreBackup::layOutColumns()
+{
+    QTreeWidget &list = *m_ui->listBackups;
+    for (const int column : {SongsColumn, SizeColumn}) {
+        list.headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+        for (int row = 0; row < list.topLevelItemCount(); ++row)
+            list.topLevelItem(row)->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+        list.resizeColumnToContents(column);
+        list.setColumnWidth(column, list.columnWidth(column) + ColumnGap * fontMetrics().averageCharWidth());
+    }
+    list.header()->setSectionResizeMode(DateColumn, QHeaderView::Stretch);
+    list.setMinimumHeight((RowsInSight + 2) * fontMetrics().lineSpacing());
+}
+
+void frmRestoreBackup::listBackups_Click()
+{
+    m_ui->cmdRestore->setEnabled(!m_ui->listBackups->selectedItems().isEmpty());
+}
+
+void frmRestoreBackup::cmdRestore_Click()
+{
+    const int row = m_ui->listBackups->indexOfTopLevelItem(m_ui->listBackups->currentItem());
+    if (row < 0)
+        return;
+    const Backup backup = m_copies[static_cast<std::size_t>(row)];
+    bool chosen = false;
+    guarded(m_desktop, windowTitle(), [&] { chosen = m_restore.mayRestore(backup); });
+    if (!chosen)
+        return;
+    accept();
+    Q_EMIT restoreWanted(backup);
+}
+
+void frmRestoreBackup::cmdCancel_Click()
+{
+    reject();
+}
+
+} // namespace quaverly

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "categories/CategoryBulk.h"
+
+#include "desktop/Guard.h"
+#include "platform/store/RowKeys.h"
+#include "songlist/DisplayedSet.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+/** Rows of one statement: what came before a failing one stays. */
+constexpr qsizetype Portion = 50'000;
+
+constexpr auto ShowSelectedAdvice =
+    ", press Cancel, exit this screen, and click the \"Show Selected Records Only\" button on the previous "
+    "screen or choose that option from the Edit menu.\r\n\r\n"_L1;
+
+/** @p low and @p high are the lowest and the highest key of a portion of the displayed songs. */
+QString insertion(qint64 number, qint64 low, qint64 high)
+{
+    return u"Insert Into tblCategoryID (ID, CategoryNumber) Select RowKey, %1 From tmpRowKeys Where RowKey "
+           "Between %2 And %3 And RowKey Not In (Select ID From tblCategoryID Where CategoryNumber = %1 And "
+           "ID Between %2 And %3)"_s.arg(number)
+               .arg(low)
+               .arg(high);
+}
+
+QString deletion(qint64 number, qint64 low, qint64 high)
+{
+    return u"Delete From tblCategoryID Where CategoryNumber = %1 And ID Between %2 And %3 And ID In (Select "
+           "RowKey From tmpRowKeys)"_s.arg(number)
+               .arg(low)
+               .arg(high);
+}
+
+} // namespace
+
+struct CategoryBulk::Words
+{
+    QString assigned;
+    QString selected;
+    QString all;
+    QString title;
+    QString done;
+    QString others;
+};
+
+const CategoryBulk::Words &CategoryBulk::wordsOf(Direction direction)
+{
+    static const Words in{
+        u"All displayed Songs will be assigned to this Category, not just the "_s,
+        u" you have selected.  To assign just the selected records"_s,
+        u"Click on the OK button to assign ALL displayed Songs to this Category, or Cancel if this is not "
+        "what you want."_s,
+        u"Assignment Statistics"_s,
+        u"Number of Songs assigned to Category "_s,
+        u"Number of Songs already assigned to this Category ("_s,
+    };
+    static const Words out{
+        u"All displayed Songs will be removed from this Category, not just the "_s,
+        u" you have selected.  To un-assign just the selected Songs"_s,
+        u"Click on the OK button to remove ALL displayed Songs from this Category, or Cancel if this is not "
+        "what you want."_s,
+        u"Un-Assignment Statistics"_s,
+        u"Number of Songs removed from Category "_s,
+        u"Number of Songs not found assigned to this Category ("_s,
+    };
+    return direction == Direction::In ? in : out;
+}
+
+void CategoryBulk::assignAll(const Category *category)
+{
+    run(Direction::In, category);
+}
+
+void CategoryBulk::removeAll(const Category *category)
+{
+    run(Direction::Out, category);
+}
+
+void CategoryBulk::run(Direction direction, const Category *category)
+{
+    const Words &words = wordsOf(direction);
+    const auto handler = [&] {
+        if (m_parts.desktop.MessageBox(warning(words), u"Warning"_s, Icon::Exclamation, Buttons::OkCancel,
+                                       Answer::Cancel) != Answer::Ok)
+            return;
+        if (category == nullptr || !m_parts.beforeBulk())
+            return;
+        try {
+            const qint64 changed = change(direction, category->CategoryNumber);
+            tellStatistics(words, category->CategoryDesc, m_parts.set.Data1().Recordset().RecordCount(),
+                           changed);
+        } catch (const dao::DaoError &error) {
+            // A statement that the store can't read ends the command without a word, and that is meant.
+            if (error.number != dao::SyntaxError)
+                throw;
+        }
+    };
+    guarded(m_parts.desktop, words.title, handler, ErrorBox{{}, Icon::None});
+}
+
+QString CategoryBulk::warning(const Words &words) const
+{
+    const int selected = m_parts.set.SelectedCount();
+    if (selected < 1 || m_parts.set.Data1().RecordSource().contains("Selected"_L1))
+        return words.all;
+    return words.assigned + QString::number(selected) + words.selected + ShowSelectedAdvice + words.all;
+}
+
+qint64 CategoryBulk::change(Direction direction, qint64 number)
+{
+    const Hourglass hourglass(m_parts.desktop);
+    m_store.requireCategory(number);
+    dao::Database &database = *m_parts.catalogue.CatalogueDb;
+    const dao::RowKeys displayed(database, m_parts.set.Data1().Recordset());
+    dao::Transaction transaction(database.workspace());
+    qint64 changed = 0;
+    try {
+        for (const std::pair<qint64, qint64> &keys : displayed.portions(Portion)) {
+            const auto statement = direction == Direction::In ? &insertion : &deletion;
+            database.Execute(statement(number, keys.first, keys.second));
+            changed += database.RecordsAffected();
+        }
+    } catch (const dao::DaoError &) {
+        transaction.commit();
+        throw;
+    }
+    transaction.commit();
+    return changed;
+}
+
+// A song that is displayed twice counts twice, the second time among the others.
+void CategoryBulk::tellStatistics(const Words &words, const QString &name, qint64 displayed, qint64 changed)
+{
+    QString text = words.done + u'"' + name + u"\" ("_s + QString::number(changed) + u")."_s;
+    if (const qint64 others = displayed - changed; others != 0)
+        text += u'\n' + words.others + QString::number(others) + u")."_s;
+    m_parts.desktop.MessageBox(text, words.title, Icon::Information);
+}
+
+} // namespace quaverly

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "categories/CategoryNames.h"
+#include "categories/CategoryParts.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class CategoryForm;
+}
+
+namespace quaverly {
+
+/** The list of categories: makes, renames and deletes them, and shows the songs of one. */
+class CategoryForm final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /** @throws dao::DaoError when the categories can't be read. */
+    explicit CategoryForm(const CategoryParts &parts, QWidget *parent = nullptr);
+    ~CategoryForm() override;
+
+    /** Shows the screen over its owner and returns; it deletes itself when it is closed. */
+    void showModally();
+
+private:
+    void wire();
+    void Form_Load();
+    void showCurrentCategory();
+    void CatgGrid_KeyPress(QChar letter);
+    void cbDefaultCatg_Click();
+    void cmdAdd_Click();
+    void cmdChange_Click();
+    void cmdDelete_Click();
+    void cmdSelected_Click();
+    void cmdShowAll_Click();
+    void cmdExit_Click();
+
+    /** Runs a handler; what it throws is told, and the list read anew: another category may be gone. */
+    void handle(const std::function<void()> &handler);
+    void refresh();
+    void showCategory(const Category *current);
+
+    std::unique_ptr<Ui::CategoryForm> m_ui;
+    CategoryParts m_parts;
+    CategoryStore m_store;
+    CategoryNames m_names;
+};
+
+} // namespace quaverly

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+
+namespace quaverly {
+
+class Desktop;
+class DisplayedSet;
+class MainScreen;
+struct Catalogue;
+struct EditorState;
+struct PlayerState;
+
+/** What the commands that open the editor work with. All of it outlives them. */
+struct EditParts
+{
+    Desktop &desktop;
+    DisplayedSet &set;
+    MainScreen &mainScreen;
+    const Catalogue &catalogue;
+    PlayerState &player;
+    EditorState &state;
+    /** Shows the editor over the main screen and returns; calls back when it is closed. */
+    std::function<void(std::function<void()> closed)> showNameEdit;
+    /** Shows the main screen again, which playing from the editor hid. */
+    std::function<void()> showNameList;
+};
+
+/** The commands of the main screen that open the record editor. */
+class EditCommands final
+{
+public:
+    explicit EditCommands(EditParts parts);
+
+    /** Also EditViewMenu, and Enter and a double click in the list. */
+    void cmdEdit_Click();
+    /** Also AddMenu. */
+    void cmdAdd_Click();
+
+private:
+    void edit();
+    void tellNoRecords();
+    void enableCommands(bool enabled);
+    void closed();
+
+    EditParts m_parts;
+    bool m_open = false;
+    /** The commands were disabled for it. */
+    bool m_adding = false;
+};
+
+} // namespace quaverly

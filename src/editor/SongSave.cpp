@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/SongSave.h"
+
+#include "catalogue/Options.h"
+#include "desktop/Desktop.h"
+#include "desktop/FileHelpers.h"
+#include "editor/EditorState.h"
+#include "editor/FieldChecks.h"
+#include "platform/text/Text.h"
+#include "songlist/DisplayedSet.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+/** Tries of a record that somebody else writes at the same time. */
+constexpr int MostTries = 3;
+
+SongFile fileOf(const SongTexts &texts)
+{
+    return {texts.value(u"PathName"_s), texts.value(u"FileName"_s)};
+}
+
+bool isBlank(const QString &text)
+{
+    return text.trimmed().isEmpty();
+}
+
+} // namespace
+
+SongSave::SongSave(SaveParts parts) : m_parts(std::move(parts)), m_files(m_parts.catalogue)
+{}
+
+SaveResult SongSave::save(const SongTexts &texts)
+{
+    m_saveAccepted = false;
+    try {
+        return checkAndWrite(texts);
+    } catch (const dao::DaoError &error) {
+        m_parts.desktop.resetPointer();
+        m_parts.desktop.MessageBox(error.description, u"Error"_s);
+        return {SaveOutcome::Refused,
+                error.number == dao::FileAlreadyExists ? "txtFileName"_L1 : QLatin1StringView()};
+    }
+}
+
+SaveResult SongSave::checkAndWrite(const SongTexts &texts)
+{
+    EditorState &state = m_parts.state;
+    if (m_parts.set.isDuplicateView())
+        state.RecordDirty = false;
+    if (isBlank(texts.value(u"SongName"_s)))
+        return refuse(u"Song Name was not specified"_s, u"You cannot add a Song that does not have a Name."_s,
+                      true);
+    if (!state.RecordDirty)
+        return {SaveOutcome::Unchanged};
+    const SongFile typed = fileOf(texts);
+    if (!m_parts.options.FileRenameDisabled && state.EditMode) {
+        if (const auto refused = syncFile(typed))
+            return *refused;
+    }
+    if (const auto refused = checkNames(typed))
+        return *refused;
+    if (const auto refused = checkID(texts))
+        return *refused;
+    const Hourglass hourglass(m_parts.desktop);
+    write(texts);
+    return {SaveOutcome::Saved};
+}
+
+SaveResult SongSave::refuse(const QString &title, const QString &text, bool exclamation,
+                            QLatin1StringView control)
+{
+    m_parts.desktop.MessageBox(text, title, exclamation ? Icon::Exclamation : Icon::None);
+    return {SaveOutcome::Refused, control};
+}
+
+// A file that is not on the disk, and a folder that is not there, don't stop here: the checks behind do.
+std::optional<SaveResult> SongSave::syncFile(const SongFile &typed)
+{
+    const SongFile row = rowFile();
+    if (typed == row)
+        return std::nullopt;
+    if (FileSync::canFollow(row, typed)) {
+        m_files.follow(rowID(), row, typed);
+        return std::nullopt;
+    }
+    if (isAcceptedFileName(typed.FileName, row.FileName))
+        return std::nullopt;
+    if (isBlank(typed.FileName))
+        return refuse(u"Blank File Name"_s, u"File Name is blank.  Please correct it."_s, true,
+                      "txtFileName"_L1);
+    return refuse(u"Invalid File Name"_s, u"File Name contains illegal characters.  Please correct it."_s,
+                  true, "txtFileName"_L1);
+}
+
+std::optional<SaveResult> SongSave::checkNames(const SongFile &typed)
+{
+    if (!isBlank(typed.PathName) && !FolderExists(typed.PathName))
+        return refuse(u"Invalid Path Name"_s, u"The Path name does not exist."_s, true);
+    if (isBlank(typed.PathName) && !isBlank(typed.FileName))
+        return refuse(u"Invalid Path Name"_s,
+                      u"The Path name cannot be blank if the File name is not blank."_s, false);
+    if (isBlank(typed.FileName) && !isBlank(typed.PathName))
+        return refuse(u"Invalid File Name"_s,
+                      u"The File name cannot be blank if the Path name is not blank."_s, false);
+    return std::nullopt;
+}
+
+// The song itself may carry its ID in several rows.
+std::optional<SaveResult> SongSave::checkID(const SongTexts &texts)
+{
+    const QString id = texts.value(u"ID"_s).trimmed();
+    if (id.isEmpty())
+        return std::nullopt;
+    const auto rows = m_parts.catalogue.CatalogueDb->OpenRecordset(
+        u"SELECT ID, SongName from tblContacts Where ID="_s + quoted(id), dao::RecordsetType::Snapshot);
+    if (rows->isEmpty())
+        return std::nullopt;
+    const QString known = rows->text(u"SongName"_s).trimmed();
+    if (known.compare(texts.value(u"SongName"_s).trimmed(), Qt::CaseInsensitive) == 0)
+        return std::nullopt;
+    m_parts.desktop.MessageBox(u"You cannot have a Song with the same ID number as an existing Song."_s,
+                               u"Duplicate ID"_s, Icon::Stop);
+    return SaveResult{SaveOutcome::Refused, "txtID"_L1};
+}
+
+void SongSave::write(const SongTexts &texts)
+{
+    EditorState &state = m_parts.state;
+    const EditorState before = state;
+    state.RecordSaved = true;
+    try {
+        writeOrRetry(texts);
+        assignShownCategory();
+    } catch (...) {
+        // Otherwise the next closing would take the record for saved, and let it go without a word.
+        state = before;
+        throw;
+    }
+    state.RecordJustSaved = true;
+}
+
+void SongSave::writeOrRetry(const SongTexts &texts)
+{
+    for (int tries = 1;; ++tries) {
+        try {
+            MoveFormToData(texts);
+            return;
+        } catch (const dao::DaoError &error) {
+            if (error.number != dao::ChangedByAnother || tries == MostTries)
+                throw;
+            if (m_parts.set.Data1().Recordset().editing())
+                m_parts.set.Data1().Recordset().Update();
+        }
+    }
+}
+
+void SongSave::MoveFormToData(const SongTexts &texts)
+{
+    EditorState &state = m_parts.state;
+    const auto songs = m_parts.catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s);
+    songs->setIndex(u"PrimaryKey"_s);
+    const SongFile before = state.EditMode ? rowFile() : SongFile();
+    if (state.EditMode) {
+        songs->Seek(u"="_s, {rowID()});
+        songs->Edit();
+    } else {
+        songs->AddNew();
+        state.NewRecordSaved = true;
+    }
+    m_saveAccepted = true;
+    writeFields(*songs, texts);
+    songs->Update();
+    songs->setBookmark(songs->LastModified());
+    state.CurrentRecordID = songs->value(u"RecordID"_s).toLongLong();
+    if (state.EditMode && fileOf(texts) != before)
+        m_files.rowWritten(state.CurrentRecordID);
+}
+
+void SongSave::writeFields(dao::Recordset &song, const SongTexts &texts)
+{
+    for (const EditedField &edited : editedFields()) {
+        song.setValue(edited.field, valueToKeep(edited.kept, texts.value(edited.field)));
+        if (edited.field != "FileSize"_L1)
+            continue;
+        if (const auto number = trackNumber(texts.value(u"TrackText"_s)))
+            song.setValue(u"TrackNum"_s, *number);
+    }
+    song.setValue(u"DateUpdated"_s, m_parts.now());
+}
+
+// A new song lands in the category on show.
+void SongSave::assignShownCategory()
+{
+    const QString clause = m_parts.set.texts().ListCategoryClause;
+    const qsizetype equals = clause.indexOf(u'=');
+    if (!m_parts.state.NewRecordSaved || equals < 0)
+        return;
+    const auto rows = m_parts.catalogue.CatalogueDb->OpenRecordset(u"tblCategoryID"_s);
+    rows->AddNew();
+    rows->setValue(u"ID"_s, m_parts.state.CurrentRecordID);
+    rows->setValue(u"CategoryNumber"_s, clause.mid(equals + 1).trimmed());
+    rows->Update();
+}
+
+SongFile SongSave::rowFile()
+{
+    const dao::Recordset &row = m_parts.set.Data1().Recordset();
+    return {row.text(u"PathName"_s), row.text(u"FileName"_s)};
+}
+
+qint64 SongSave::rowID()
+{
+    return m_parts.set.Data1().Recordset().value(u"RecordID"_s).toLongLong();
+}
+
+} // namespace quaverly

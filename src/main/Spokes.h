@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "categories/CategoryCommands.h"
+#include "editor/EditCommands.h"
+#include "editor/NameEdit.h"
+#include "maintenance/DuplicateCommands.h"
+#include "maintenance/FileCopyCommands.h"
+#include "maintenance/MaintenanceCommands.h"
+#include "pictures/PictureCommands.h"
+#include "player/WebLookup.h"
+#include "playlists/PlayListScreens.h"
+#include "reports/CsvCommands.h"
+#include "reports/ReportCommands.h"
+#include "reports/RichTextForms.h"
+
+#include <functional>
+
+namespace quaverly {
+
+class Session;
+
+/** What the spokes need of the program that is not in the session. */
+struct SpokeHooks
+{
+    /** The player of the run. */
+    Player &player;
+    /** The main screen, over which the screens open, and for what may be asked of it. */
+    QWidget &owner;
+    MainScreen &mainScreen;
+    /** Makes a copy of the catalogue before many records change; false stops the command. */
+    std::function<bool()> beforeBulk;
+    std::function<void(const EditedSong &, const EditorScreens &)> playFromEditor;
+    std::function<void()> focusCmdPictures;
+};
+
+/**
+ * The commands of the folders around the main screen, each made with what it needs of the session. They
+ * live as long as the main screen.
+ */
+class Spokes final
+{
+public:
+    /** @p session outlives this object. */
+    Spokes(Session &session, const SpokeHooks &hooks);
+
+    /** True while a command lets events run: the main screen may not go before that has ended. */
+    [[nodiscard]] bool isBusy() const;
+    /** The notebook. */
+    void cmdNotes_Click();
+
+private:
+    [[nodiscard]] MaintenanceParts maintenanceParts() const;
+    [[nodiscard]] PlayListParts playListParts();
+    [[nodiscard]] EditParts editParts();
+    [[nodiscard]] NameEditHooks nameEditHooks();
+    void showNameEdit(const std::function<void()> &closed);
+    void showWebLookupMenu(NameEdit &editor, QPoint place);
+    void showNotesForm(QWidget &owner, const QString &notes,
+                       const std::function<void(const QString &)> &closed);
+    template <typename Screen> void showMaintenance();
+
+    Session &m_session;
+    SpokeHooks m_hooks;
+    WebLookup m_webLookup;
+    ReportState m_reportState;
+
+public:
+    CategoryCommands categories;
+    RichTextForms viewer;
+    ReportCommands reports;
+    PlayListReportCommands playListReports;
+    CsvCommands csv;
+    PictureCommands pictures;
+    PlayListScreens playLists;
+    EditCommands edit;
+    MaintenanceCommands maintenance;
+    DuplicateCommands duplicates;
+    FileCopyCommands fileCopy;
+};
+
+} // namespace quaverly

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "maintenance/DuplicateCommands.h"
+
+#include "catalogue/Catalogue.h"
+#include "desktop/Guard.h"
+#include "maintenance/ScreenAtRest.h"
+#include "songlist/DisplayedSet.h"
+#include "songlist/MainScreen.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+constexpr char16_t NoneFound[] = u"No duplicate songs found.";
+constexpr char16_t NoneToDelete[] = u"No duplicate songs to delete.";
+constexpr char16_t ShowTitle[] = u"Show Duplicate Songs";
+constexpr char16_t DeleteErrorTitle[] = u"Duplicate Record Delete Error";
+
+} // namespace
+
+struct DuplicateCommands::View
+{
+    const char16_t *query;
+    const char16_t *caption;
+    const char16_t *empty;
+};
+
+struct DuplicateCommands::Rule
+{
+    const char16_t *toDelete;
+    const char16_t *deletion;
+    const char16_t *behindCount;
+};
+
+DuplicateCommands::DuplicateCommands(MaintenanceParts parts) : m_parts(std::move(parts))
+{}
+
+void DuplicateCommands::mnuShowDuplicates_Click()
+{
+    showView({u"qryDuplicateSongs", u"Showing All Songs With Duplicates", NoneFound});
+}
+
+void DuplicateCommands::mnuShowDuplicatesToDelete_Click()
+{
+    showView(
+        {u"qryShowDuplicatesToBeDeleted", u"Showing Duplicate Songs To Delete from Quaverly", NoneToDelete});
+}
+
+void DuplicateCommands::mnuShowDuplicatesAlbum_Click()
+{
+    showView({u"qryDuplicateSongsAlbum", u"Showing All Songs With Duplicates in Albums", NoneFound});
+}
+
+void DuplicateCommands::mnuShowDuplicatesToDeleteAlbum_Click()
+{
+    showView({u"qryShowDuplicatesToBeDeletedAlbum",
+              u"Showing Duplicate Songs To Delete in Albums from Quaverly", NoneToDelete});
+}
+
+void DuplicateCommands::mnuDeleteDuplicates_Click()
+{
+    deleteBy({u"qryShowDuplicatesToBeDeleted", u"qdelDuplicates",
+              u" duplicate songs from Quaverly.  Duplicates are defined as two or more songs with the same "
+              "Song Name, Artist, and File Size.  All except one will be deleted.  This will not delete the "
+              "actual music files from your computer.  To see which records will be deleted, respond NO, "
+              "then choose \r\n\"Show Duplicate Songs to Delete\" from the Edit menu.\r\n\r\nAre you SURE "
+              "you want to delete these duplicates?"});
+}
+
+void DuplicateCommands::mnuDeleteDuplicatesAlbum_Click()
+{
+    deleteBy({u"qryShowDuplicatesToBeDeletedAlbum", u"qdelDuplicatesAlbum",
+              u" duplicate songs within the same album from Quaverly.  Duplicates are defined as two or "
+              "more songs with the same Song Name, Artist, and Album Name.  All except one will be deleted.  "
+              "This will not delete the actual music files from your computer.\r\n\r\nAre you SURE you want "
+              "to delete duplicates?"});
+}
+
+void DuplicateCommands::showView(const View &view)
+{
+    guarded(m_parts.desktop, QString::fromUtf16(ShowTitle), [&] {
+        const Hourglass hourglass(m_parts.desktop);
+        m_parts.mainScreen.ShowAllMenu_Click();
+        m_parts.mainScreen.cmdSortArtist_Click();
+        if (!m_parts.set.duplicateView(QString::fromUtf16(view.query))) {
+            m_parts.desktop.resetPointer();
+            tellNone(QString::fromUtf16(view.empty));
+            return;
+        }
+        disableListCommands();
+        m_parts.mainScreen.set_lblCategory(QString::fromUtf16(view.caption));
+        m_parts.mainScreen.set_lblFilterMsg({});
+        m_parts.mainScreen.setVisible(MainControl::lblFilterMsg, false);
+    });
+}
+
+// Sorting, filtering and adding make no sense on rows that a stored query finds.
+void DuplicateCommands::disableListCommands()
+{
+    using enum MainControl;
+    for (const MainControl control : {File, cmdAdd, AddMenu, FindEditMenu, cmdShowArtistSongs, cmdFilter,
+                                      cmdFind, cmbSort, cmdSortSong, cmdSortArtist})
+        m_parts.mainScreen.setEnabled(control, false);
+}
+
+void DuplicateCommands::tellNone(const QString &message)
+{
+    m_parts.desktop.MessageBox(message, u"No duplicates"_s);
+    m_parts.mainScreen.ShowAllMenu_Click();
+}
+
+void DuplicateCommands::deleteBy(const Rule &rule)
+{
+    guarded(m_parts.desktop, QString::fromUtf16(DeleteErrorTitle), [&] {
+        if (!m_parts.set.duplicateView(QString::fromUtf16(rule.toDelete))) {
+            tellNone(QString::fromUtf16(NoneToDelete));
+            return;
+        }
+        const qint64 songs = m_parts.set.Data1().Recordset().RecordCount();
+        // After a No the rows stay shown, with every button as it was, and that is meant.
+        if (!confirmed(rule, songs) || !deleted(rule))
+            return;
+        m_parts.desktop.MessageBox(QString::number(songs) +
+                                       u" Duplicates Deleted from the Quaverly database.  This does not "
+                                       "delete the actual music file from your computer.  You can re-scan to "
+                                       "put these duplicate songs back into Quaverly."_s,
+                                   u"Duplicates Deleted"_s);
+    });
+}
+
+bool DuplicateCommands::deleted(const Rule &rule)
+{
+    const ScreenAtRest atRest(m_parts.mainScreen, m_busy);
+    if (!m_parts.beforeBulk())
+        return false;
+    const Hourglass hourglass(m_parts.desktop);
+    const auto wait =
+        m_parts.desktop.ShowWorkingForm(u"Deleting Duplicate Records"_s, u"Please wait..."_s, false);
+    m_parts.desktop.letEventsRun();
+    m_parts.catalogue.CatalogueDb->Execute(QString::fromUtf16(rule.deletion));
+    m_parts.mainScreen.ShowAllMenu_Click();
+    return true;
+}
+
+bool DuplicateCommands::confirmed(const Rule &rule, qint64 songs)
+{
+    return m_parts.desktop.MessageBox(
+               u"This will DELETE all "_s + QString::number(songs) + QString::fromUtf16(rule.behindCount),
+               u"Delete Confirmation"_s, Icon::Information, Buttons::YesNo, Answer::No) == Answer::Yes;
+}
+
+} // namespace quaverly

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "maintenance/MaintenanceParts.h"
+
+#include <QString>
+
+namespace quaverly {
+
+/**
+ * Songs that stand in the catalogue more than once: shown, and deleted but for the one of each group with the
+ * lowest key. By size the whole catalogue is looked at, by album the songs of one album. Music files stay.
+ */
+class DuplicateCommands final
+{
+public:
+    explicit DuplicateCommands(MaintenanceParts parts);
+
+    void mnuShowDuplicates_Click();
+    void mnuShowDuplicatesToDelete_Click();
+    void mnuDeleteDuplicates_Click();
+    void mnuShowDuplicatesAlbum_Click();
+    void mnuShowDuplicatesToDeleteAlbum_Click();
+    void mnuDeleteDuplicatesAlbum_Click();
+
+    /** True while a command lets events run: the main screen may not go before that has ended. */
+    [[nodiscard]] bool isBusy() const { return m_busy; }
+
+private:
+    /** A stored query, what stands above the list while it is shown, and what is said when it is empty. */
+    struct View;
+    /** A rule's two stored queries, and its question around the number of songs. */
+    struct Rule;
+
+    void showView(const View &view);
+    void deleteBy(const Rule &rule);
+    [[nodiscard]] bool confirmed(const Rule &rule, qint64 songs);
+    /** False when the command was stopped before. */
+    [[nodiscard]] bool deleted(const Rule &rule);
+    void disableListCommands();
+    void tellNone(const QString &message);
+
+    MaintenanceParts m_parts;
+    bool m_busy = false;
+};
+
+} // namespace quaverly

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "maintenance/MaintenanceParts.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace quaverly {
+
+class WorkingWindow;
+
+/** Copies music files to a folder: those of all displayed records, or that of the current one. */
+class FileCopyCommands final
+{
+public:
+    /** @p copyFolder is the folder copied to last in this run, empty before; it outlives this object. */
+    FileCopyCommands(const MaintenanceParts &parts, QString &copyFolder);
+
+    void mnuFileCopy_Click();
+    void mnuPopupCopyFile_Click();
+
+    /** True while a command lets events run: the main screen may not go before that has ended. */
+    [[nodiscard]] bool isRunning() const { return m_running; }
+
+private:
+    struct Result
+    {
+        qint64 count = 0;
+        QStringList failures;
+        /** Nothing more is copied. */
+        bool isOver = false;
+    };
+
+    void copyDisplayed();
+    void copyCurrent();
+    [[nodiscard]] QString browse(const QString &prompt, const QString &title);
+    [[nodiscard]] bool isConfirmed(const QString &folder);
+    /** False when the user closed the window, or there is too little room, which is told. */
+    [[nodiscard]] bool hasRoom(const QString &folder, WorkingWindow &wait);
+    void copyAll(const QString &folder, WorkingWindow &wait, Result &result);
+    void copyOne(const QString &source, const QString &target, WorkingWindow &wait, Result &result);
+    [[nodiscard]] bool goesOn(const WorkingWindow &wait);
+    [[nodiscard]] bool mayReplace(const QString &name, const QString &folder);
+    void tell(const Result &result, const QString &folder);
+
+    MaintenanceParts m_parts;
+    QString &m_copyFolder;
+    bool m_running = false;
+};
+
+} // namespace quaverly

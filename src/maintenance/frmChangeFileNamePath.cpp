@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "maintenance/frmChangeFileNamePath.h"
+
+#include "catalogue/Options.h"
+#include "desktop/Guard.h"
+#include "desktop/ScreenLook.h"
+#include "maintenance/LocationChange.h"
+#include "ui_frmChangeFileNamePath.h"
+
+#include <QScopedValueRollback>
+
+namespace quaverly {
+
+frmChangeFileNamePath::frmChangeFileNamePath(const MaintenanceParts &parts, QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmChangeFileNamePath>()), m_parts(parts)
+{
+    m_ui->setupUi(this);
+    wire();
+    Form_Load();
+}
+
+frmChangeFileNamePath::~frmChangeFileNamePath() = default;
+
+void frmChangeFileNamePath::showModally()
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    open();
+}
+
+void frmChangeFileNamePath::reject()
+{
+    if (!m_working)
+        QDialog::reject();
+}
+
+void frmChangeFileNamePath::wire()
+{
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmChangeFileNamePath::cmdOK_Click);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmChangeFileNamePath::cmdCancel_Click);
+}
+
+void frmChangeFileNamePath::Form_Load()
+{
+    showText(*m_ui->lblPurpose, m_ui->lblPurpose->text());
+    if (m_parts.options.TabletActive)
+        sizeForFingers(*this);
+    m_ui->txtOrig->setFocus();
+}
+
+void frmChangeFileNamePath::cmdOK_Click()
+{
+    if (m_working)
+        return;
+    const QScopedValueRollback working(m_working, true);
+    bool updated = false;
+    guarded(m_parts.desktop, windowTitle(), [&] {
+        updated = LocationChange(m_parts).changePlayListPaths(m_ui->txtOrig->text(), m_ui->txtNew->text());
+    });
+    m_ui->txtOrig->setText(m_ui->txtOrig->text().trimmed());
+    m_ui->txtNew->setText(m_ui->txtNew->text().trimmed());
+    if (updated)
+        accept();
+}
+
+void frmChangeFileNamePath::cmdCancel_Click()
+{
+    reject();
+}
+
+} // namespace quaverly

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "maintenance/frmChangeFilePath.h"
+
+#include "catalogue/Options.h"
+#include "desktop/FileHelpers.h"
+#include "desktop/Guard.h"
+#include "desktop/ScreenLook.h"
+#include "maintenance/LocationChange.h"
+#include "ui_frmChangeFilePath.h"
+
+#include <QLineEdit>
+#include <QScopedValueRollback>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+frmChangeFilePath::frmChangeFilePath(const MaintenanceParts &parts, QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmChangeFilePath>()), m_parts(parts)
+{
+    m_ui->setupUi(this);
+    wire();
+    Form_Load();
+}
+
+frmChangeFilePath::~frmChangeFilePath() = default;
+
+void frmChangeFilePath::showModally()
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    open();
+}
+
+void frmChangeFilePath::reject()
+{
+    if (!m_working)
+        QDialog::reject();
+}
+
+void frmChangeFilePath::wire()
+{
+    connect(m_ui->cmdBrowseOrig, &QPushButton::clicked, this, &frmChangeFilePath::cmdBrowseOrig_Click);
+    connect(m_ui->cmdBrowseNew, &QPushButton::clicked, this, &frmChangeFilePath::cmdBrowseNew_Click);
+    connect(m_ui->OKButton, &QPushButton::clicked, this, &frmChangeFilePath::OKButton_Click);
+    connect(m_ui->CancelButton, &QPushButton::clicked, this, &frmChangeFilePath::CancelButton_Click);
+}
+
+void frmChangeFilePath::Form_Load()
+{
+    showText(*m_ui->lblPurpose, m_ui->lblPurpose->text());
+    showText(*m_ui->lblNote, m_ui->lblNote->text());
+    if (m_parts.options.TabletActive)
+        sizeForFingers(*this);
+    m_ui->txtOrigPath->setFocus();
+}
+
+void frmChangeFilePath::cmdBrowseOrig_Click()
+{
+    browse(u"Pick the original Folder"_s, *m_ui->txtOrigPath);
+}
+
+void frmChangeFilePath::cmdBrowseNew_Click()
+{
+    browse(u"Pick the new Folder"_s, *m_ui->txtNewPath);
+}
+
+void frmChangeFilePath::browse(const QString &prompt, QLineEdit &box)
+{
+    guarded(m_parts.desktop, windowTitle(), [&] {
+        const QString folder = m_parts.desktop.BrowseForFolder(prompt, u"Select a Folder"_s, box.text());
+        if (!folder.isEmpty())
+            box.setText(EnsureBackslash(folder));
+    });
+}
+
+void frmChangeFilePath::OKButton_Click()
+{
+    if (m_working)
+        return;
+    const QScopedValueRollback working(m_working, true);
+    bool updated = false;
+    guarded(m_parts.desktop, windowTitle(), [&] {
+        updated =
+            LocationChange(m_parts).changeFilePaths(m_ui->txtOrigPath->text(), m_ui->txtNewPath->text());
+    });
+    if (updated)
+        accept();
+}
+
+void frmChangeFilePath::CancelButton_Click()
+{
+    reject();
+}
+
+} // namespace quaverly

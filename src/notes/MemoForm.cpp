@@ -1,0 +1,347 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "notes/MemoForm.h"
+
+#include "catalogue/Options.h"
+#include "desktop/Desktop.h"
+#include "desktop/Guard.h"
+#include "desktop/ScreenLook.h"
+#include "notes/NoteText.h"
+#include "platform/richtext/RichText.h"
+#include "ui_MemoForm.h"
+
+#include <QFile>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+constexpr int AutosaveMilliseconds = 30'000;
+
+// Red stands in the lowest byte of a colour number.
+quint32 colorNumber(const QColor &color)
+{
+    return static_cast<quint32>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+QColor colorOf(quint32 number)
+{
+    return {static_cast<int>(number & 255U), static_cast<int>(number >> 8 & 255U),
+            static_cast<int>(number >> 16 & 255U)};
+}
+
+} // namespace
+
+MemoForm::MemoForm(NoteBook book, Desktop &desktop, const Options &options, QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::MemoForm>()), m_book(book), m_desktop(desktop),
+      m_search(desktop)
+{
+    m_ui->setupUi(this);
+    m_autosave.setSingleShot(true);
+    m_autosave.setInterval(AutosaveMilliseconds);
+    Form_Load(options);
+    wire();
+}
+
+MemoForm::~MemoForm()
+{
+    // The box that has the focus loses it with its screen, which is no longer there to hear of it.
+    for (QWidget *control : findChildren<QWidget *>())
+        control->disconnect(this);
+}
+
+void MemoForm::wire()
+{
+    connect(m_ui->cmbTitle, &QComboBox::activated, this, &MemoForm::cmbTitle_Click);
+    connect(m_ui->cmbTitle->lineEdit(), &QLineEdit::editingFinished, this, &MemoForm::cmbTitle_Validate);
+    connect(m_ui->cmbTitle->lineEdit(), &QLineEdit::textEdited, this, [this] { m_titleRefused = false; });
+    connect(m_ui->cmdAdd, &QPushButton::clicked, this, &MemoForm::cmdAdd_Click);
+    connect(m_ui->cmdDelete, &QPushButton::clicked, this, &MemoForm::cmdDelete_Click);
+    connect(m_ui->cmdFind, &QPushButton::clicked, this, &MemoForm::cmdFind_Click);
+    connect(m_ui->cmdFindNext, &QPushButton::clicked, this, &MemoForm::cmdFindNext_Click);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &MemoForm::cmdCancel_Click);
+    connect(m_ui->cmdExit, &QPushButton::clicked, this, &MemoForm::cmdExit_Click);
+    connect(m_ui->cmdFontColor, &QPushButton::clicked, this, &MemoForm::cmdFontColor_Click);
+    connect(m_ui->cmdPicture, &QPushButton::clicked, this, &MemoForm::cmdPicture_Click);
+    connect(m_ui->ImageKeyboard, &QPushButton::clicked, this, &MemoForm::ImageKeyboard_Click);
+    connect(m_ui->txtNotes, &QTextEdit::textChanged, this, &MemoForm::txtNotes_Change);
+    const auto save = [this] { handle([this] { saveNote(); }); };
+    connect(m_ui->txtNotes, &NoteText::left, this, save);
+    connect(&m_autosave, &QTimer::timeout, this, save);
+    wireFormat();
+}
+
+void MemoForm::wireFormat()
+{
+    const auto on = [this](QCheckBox *box, QKeySequence::StandardKey key, auto apply) {
+        connect(box, &QCheckBox::clicked, this, [this, apply](bool checked) {
+            m_ui->txtNotes->applyFormat([&](QTextCharFormat &format) { apply(format, checked); });
+        });
+        connect(new QShortcut(key, m_ui->txtNotes), &QShortcut::activated, box, &QCheckBox::click);
+    };
+    on(m_ui->chkBold, QKeySequence::Bold, [](QTextCharFormat &format, bool checked) {
+        format.setFontWeight(checked ? QFont::Bold : QFont::Normal);
+    });
+    on(m_ui->chkItalic, QKeySequence::Italic,
+       [](QTextCharFormat &format, bool checked) { format.setFontItalic(checked); });
+    on(m_ui->chkUnderline, QKeySequence::Underline,
+       [](QTextCharFormat &format, bool checked) { format.setFontUnderline(checked); });
+    connect(m_ui->txtNotes, &QTextEdit::currentCharFormatChanged, this, &MemoForm::showFormat);
+}
+
+bool MemoForm::handle(const std::function<void()> &handler)
+{
+    return guarded(m_desktop, windowTitle(), handler);
+}
+
+void MemoForm::Form_Load(const Options &options)
+{
+    // What is typed there is a title, not the beginning of another one.
+    m_ui->cmbTitle->setCompleter(nullptr);
+    m_ui->ImageKeyboard->setVisible(options.TabletActive);
+    if (options.TabletActive)
+        sizeForFingers(*this);
+    m_book.repairTitles();
+    showTitles(m_book.lastIndex());
+}
+
+void MemoForm::showTitles(int index)
+{
+    const QStringList titles = m_book.titles();
+    {
+        const QSignalBlocker quiet(m_ui->cmbTitle);
+        m_ui->cmbTitle->clear();
+        m_ui->cmbTitle->addItems(titles);
+        const bool valid = index >= 0 && index < titles.size();
+        m_ui->cmbTitle->setCurrentIndex(valid ? index : titles.isEmpty() ? -1 : 0);
+    }
+    showNote(m_ui->cmbTitle->currentText());
+}
+
+void MemoForm::showNote(const QString &title)
+{
+    m_autosave.stop();
+    m_title = title;
+    m_openedText = title.isEmpty() ? QString() : m_book.text(title);
+    m_savedSinceOpened = false;
+    const QSignalBlocker quiet(m_ui->txtNotes);
+    const richtext::Reading reading = richtext::readRtfText(m_openedText, *m_ui->txtNotes->document());
+    m_ui->txtNotes->document()->setModified(false);
+    m_ui->lblNotice->setVisible(!reading.isWhole || !reading.keepsAll);
+    for (QWidget *control : std::initializer_list<QWidget *>{
+             m_ui->txtNotes, m_ui->cmbTitle, m_ui->cmdDelete, m_ui->cmdFind, m_ui->cmdFindNext,
+             m_ui->chkBold, m_ui->chkItalic, m_ui->chkUnderline, m_ui->cmdFontColor, m_ui->cmdPicture})
+        control->setEnabled(!title.isEmpty());
+    showFormat(m_ui->txtNotes->currentCharFormat());
+}
+
+// A note that was only looked at is never written again: it may hold more than is shown.
+void MemoForm::saveNote()
+{
+    m_autosave.stop();
+    if (m_title.isEmpty() || !m_ui->txtNotes->document()->isModified())
+        return;
+    m_book.save(m_title, QString::fromLatin1(richtext::toRtf(*m_ui->txtNotes->document())));
+    m_ui->txtNotes->document()->setModified(false);
+    m_savedSinceOpened = true;
+}
+
+void MemoForm::txtNotes_Change()
+{
+    if (!m_autosave.isActive())
+        m_autosave.start();
+}
+
+void MemoForm::cmbTitle_Click(int index)
+{
+    const QString title = m_ui->cmbTitle->itemText(index);
+    if (title == m_title)
+        return;
+    handle([&] {
+        saveNote();
+        showNote(title);
+    });
+}
+
+void MemoForm::cmbTitle_Validate()
+{
+    const QString typed = m_ui->cmbTitle->currentText();
+    // Enter reaches the box twice, by itself and through the list that it belongs to.
+    if (typed == m_title || m_titleRefused)
+        return;
+    handle([&] {
+        const QString title = noteTitle(typed);
+        const TitleFault fault = m_book.check(title, m_title);
+        if (fault == TitleFault::None)
+            return takeTitle(title);
+        if (fault == TitleFault::Blank)
+            m_ui->cmbTitle->setEditText(m_title);
+        m_titleRefused = true;
+        QTimer::singleShot(0, this, [this] { m_titleRefused = false; });
+        static_cast<void>(tellFault(fault, title));
+        m_ui->cmbTitle->setFocus();
+    });
+}
+
+void MemoForm::takeTitle(const QString &title)
+{
+    m_book.rename(m_title, title);
+    m_title = title;
+    const QStringList titles = m_book.titles();
+    const QSignalBlocker quiet(m_ui->cmbTitle);
+    m_ui->cmbTitle->clear();
+    m_ui->cmbTitle->addItems(titles);
+    m_ui->cmbTitle->setCurrentIndex(static_cast<int>(titles.indexOf(title)));
+}
+
+bool MemoForm::tellFault(TitleFault fault, const QString &title)
+{
+    switch (fault) {
+    case TitleFault::None:
+        return false;
+    case TitleFault::Blank:
+        m_desktop.MessageBox(u"Note Title cannot be blank"_s, windowTitle(), Icon::Exclamation);
+        return true;
+    case TitleFault::Quotes:
+        m_desktop.MessageBox(u"Cannot use quotes or apostrophes in Note Title"_s, windowTitle(),
+                             Icon::Exclamation);
+        return true;
+    case TitleFault::Taken:
+        m_desktop.MessageBox(u"A note with that same name ("_s + title +
+                                 u") already exists.  Choose a different name."_s,
+                             windowTitle(), Icon::Exclamation);
+        return true;
+    }
+    return false;
+}
+
+void MemoForm::cmdAdd_Click()
+{
+    handle([this] {
+        const QString typed =
+            m_desktop.InputPrompt(u"Enter a Title for this new note."_s, u"New Note"_s);
+        if (m_book.check(typed) == TitleFault::Blank)
+            return;
+        saveNote();
+        const QString title = noteTitle(typed);
+        if (tellFault(m_book.check(title), title))
+            return;
+        m_book.add(title);
+        showTitles(static_cast<int>(m_book.titles().indexOf(title)));
+        m_ui->txtNotes->setFocus();
+    });
+}
+
+void MemoForm::cmdDelete_Click()
+{
+    handle([this] {
+        if (m_title.isEmpty())
+            return;
+        if (m_desktop.MessageBox(u"Are you sure you want to delete this note?\r"_s, u"Confirmation"_s,
+                                 Icon::Question, Buttons::YesNo) != Answer::Yes)
+            return;
+        const int index = m_ui->cmbTitle->findText(m_title);
+        m_book.remove(m_title);
+        showTitles(std::min(index, m_ui->cmbTitle->count() - 2));
+    });
+}
+
+void MemoForm::cmdFind_Click()
+{
+    handle([this] { select(m_search.cmdFind(*m_ui->txtNotes->document())); });
+}
+
+void MemoForm::cmdFindNext_Click()
+{
+    handle([this] {
+        select(m_search.cmdFindNext(*m_ui->txtNotes->document(), m_ui->txtNotes->textCursor()));
+    });
+}
+
+void MemoForm::select(const std::optional<QTextCursor> &hit)
+{
+    if (hit)
+        m_ui->txtNotes->setTextCursor(*hit);
+    m_ui->txtNotes->setFocus();
+}
+
+void MemoForm::cmdCancel_Click()
+{
+    handle([this] {
+        if (m_desktop.MessageBox(u"Lose any changes?"_s, u"Confirmation"_s, Icon::Question, Buttons::YesNo) !=
+            Answer::Yes)
+            return;
+        if (m_savedSinceOpened)
+            m_book.save(m_title, m_openedText);
+        QDialog::reject();
+    });
+}
+
+void MemoForm::cmdExit_Click()
+{
+    reject();
+}
+
+void MemoForm::reject()
+{
+    const bool saved = handle([this] {
+        saveNote();
+        m_book.storeLastIndex(m_ui->cmbTitle->findText(m_title));
+    });
+    if (saved)
+        QDialog::reject();
+}
+
+void MemoForm::cmdFontColor_Click()
+{
+    handle([this] {
+        const QTextCharFormat now = m_ui->txtNotes->currentCharFormat();
+        const QFont font = now.font();
+        const FontChoice start{font.family(), font.pointSizeF(), colorNumber(now.foreground().color())};
+        const auto chosen = m_desktop.ShowFont(u"Choose font and color"_s, start);
+        if (!chosen)
+            return;
+        m_ui->txtNotes->applyFormat([&](QTextCharFormat &format) {
+            format.setFontFamilies({chosen->family});
+            format.setFontPointSize(chosen->pointSize);
+            format.setForeground(colorOf(chosen->color));
+        });
+    });
+}
+
+void MemoForm::cmdPicture_Click()
+{
+    handle([this] {
+        const FileQuestion question{
+            u"Picture to insert"_s, u"Pictures (*.jpg;*.gif;*.bmp)|*.jpg;*.jpeg;*.gif;*.bmp"_s,
+            QStandardPaths::writableLocation(QStandardPaths::PicturesLocation), {}};
+        const auto path = m_desktop.ShowOpenDialog(question);
+        if (!path)
+            return;
+        QFile file(*path);
+        if (!file.open(QIODevice::ReadOnly) || !m_ui->txtNotes->insertPictureFile(file.readAll()))
+            m_desktop.MessageBox(u'"' + *path + u"\"\r\nThis file is no picture that can be inserted."_s,
+                                 windowTitle(), Icon::Exclamation);
+        m_ui->txtNotes->setFocus();
+    });
+}
+
+void MemoForm::ImageKeyboard_Click()
+{
+    m_ui->txtNotes->setFocus();
+    m_desktop.ShowKeyboard();
+}
+
+void MemoForm::showFormat(const QTextCharFormat &format)
+{
+    m_ui->chkBold->setChecked(format.fontWeight() >= QFont::Bold);
+    m_ui->chkItalic->setChecked(format.fontItalic());
+    m_ui->chkUnderline->setChecked(format.fontUnderline());
+}
+
+} // namespace quaverly

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "notes/NoteBook.h"
+#include "notes/TextSearch.h"
+
+#include <QDialog>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+class QCheckBox;
+class QTextCharFormat;
+
+namespace Ui {
+class MemoForm;
+}
+
+namespace quaverly {
+
+struct Options;
+
+/**
+ * The catalogue's notes: a title and a formatted text each. Shown modally with open(); it goes when it is
+ * closed. What is typed is saved at leaving the box and every half minute; Cancel takes it back.
+ */
+class MemoForm final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /** The references outlive the screen. @throws dao::DaoError when the notes can't be read. */
+    MemoForm(NoteBook book, Desktop &desktop, const Options &options, QWidget *parent = nullptr);
+    ~MemoForm() override;
+
+    /** Esc and the close box: as the Exit button. */
+    void reject() override;
+
+private:
+    void wire();
+    void wireFormat();
+    void Form_Load(const Options &options);
+    void cmbTitle_Click(int index);
+    void cmbTitle_Validate();
+    void cmdAdd_Click();
+    void cmdDelete_Click();
+    void cmdFind_Click();
+    void cmdFindNext_Click();
+    void cmdCancel_Click();
+    void cmdExit_Click();
+    void cmdFontColor_Click();
+    void cmdPicture_Click();
+    void ImageKeyboard_Click();
+    void txtNotes_Change();
+    void showFormat(const QTextCharFormat &format);
+
+    /** The notes' titles anew, and that one's note. */
+    void showTitles(int index);
+    void showNote(const QString &title);
+    void saveNote();
+    void takeTitle(const QString &title);
+    [[nodiscard]] bool tellFault(TitleFault fault, const QString &title);
+    void select(const std::optional<QTextCursor> &hit);
+    bool handle(const std::function<void()> &handler);
+
+    std::unique_ptr<Ui::MemoForm> m_ui;
+    NoteBook m_book;
+    Desktop &m_desktop;
+    TextSearch m_search;
+    QTimer m_autosave;
+    /** Of the note that is shown; empty when there is none. */
+    QString m_title;
+    /** That note's text when it was opened, for Cancel. */
+    QString m_openedText;
+    bool m_savedSinceOpened = false;
+    /** A typed title was refused a moment ago. */
+    bool m_titleRefused = false;
+};
+
+} // namespace quaverly

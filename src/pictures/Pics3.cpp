@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pictures/Pics3.h"
+
+#include "pictures/PictureLoader.h"
+#include "platform/options/OptionsStore.h"
+#include "ui_Pics3.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+constexpr QSize FormSize(4008 / TwipsPerPixel, 9360 / TwipsPerPixel);
+constexpr QSize EnlargedSize(1024, 768);
+
+} // namespace
+
+Pics3::Pics3(Catalogue &catalogue, DataControl &displayed, QWidget *parent)
+    : QDialog(parent, Qt::Tool), m_ui(std::make_unique<Ui::Pics3>()), m_displayed(displayed),
+      m_files(catalogue), m_loader(new PictureLoader(this))
+{
+    m_ui->setupUi(this);
+    m_images = {m_ui->Image1, m_ui->Image2, m_ui->Image3};
+    Form_Load();
+    wire();
+    m_displayed.addListener(*this);
+}
+
+Pics3::~Pics3()
+{
+    m_displayed.removeListener(*this);
+}
+
+void Pics3::wire()
+{
+    for (int image = 0; image < Images; ++image)
+        connect(m_images[std::size_t(image)], &PictureBox::doubleClicked, this,
+                [this, image] { Image_DblClick(image); });
+    connect(m_loader, &PictureLoader::loaded, this, &Pics3::loader_Loaded);
+}
+
+void Pics3::Form_Load()
+{
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    resizeOnScreen(FormSize);
+    move(0, 0);
+}
+
+void Pics3::resizeOnScreen(QSize size)
+{
+    resize(size.boundedTo(screen()->availableSize()));
+}
+
+QStringList Pics3::paths(qint64 position) const
+{
+    QStringList found;
+    const dao::Recordset &rows = m_displayed.Recordset();
+    for (int slot = 1; slot <= Images; ++slot) {
+        const QString name = rows.valueAt(position, rows.fieldIndex(pictureField(slot))).toString().trimmed();
+        found += m_files.exists(name) ? m_files.pathOf(name) : QString();
+    }
+    return found;
+}
+
+QStringList Pics3::neighbours() const
+{
+    const dao::Recordset &rows = m_displayed.Recordset();
+    const qint64 position = rows.AbsolutePosition();
+    QStringList found;
+    if (position + 1 < rows.RecordCount())
+        found += paths(position + 1);
+    if (position > 0)
+        found += paths(position - 1);
+    return found;
+}
+
+QSize Pics3::boxOf(int image) const
+{
+    return m_images[std::size_t(image)]->size() * devicePixelRatioF();
+}
+
+void Pics3::ShowSongPictures()
+{
+    if (!isVisible())
+        return;
+    m_paths = QStringList(Images);
+    setWindowTitle(u"Pictures"_s);
+    QStringList next;
+    if (m_displayed.hasRows() && m_displayed.Recordset().AbsolutePosition() >= 0) {
+        m_paths = paths(m_displayed.Recordset().AbsolutePosition());
+        setWindowTitle(m_displayed.currentText(u"SongName"_s));
+        next = neighbours();
+    }
+    loader_Loaded();
+    const int measured = std::max(0, m_enlarged);
+    m_loader->want((isEnlarged() ? QStringList{m_paths.at(measured)} : m_paths) + next, boxOf(measured));
+}
+
+void Pics3::loader_Loaded()
+{
+    for (int image = 0; image < Images; ++image) {
+        PictureBox &box = *m_images[std::size_t(image)];
+        const QString path = m_paths.value(image);
+        box.setPicture(m_loader->picture(path, boxOf(std::max(0, m_enlarged))).value_or(QImage()));
+    }
+}
+
+void Pics3::Image_DblClick(int image)
+{
+    if (m_paths.value(image).isEmpty() || isEnlarged())
+        return;
+    m_enlarged = image;
+    for (PictureBox *box : m_images)
+        box->setVisible(box == m_images[std::size_t(image)]);
+    resizeOnScreen(EnlargedSize);
+    ShowSongPictures();
+}
+
+void Pics3::showThree()
+{
+    m_enlarged = -1;
+    for (PictureBox *box : m_images)
+        box->show();
+    resizeOnScreen(FormSize);
+    ShowSongPictures();
+}
+
+void Pics3::reject()
+{
+    close();
+}
+
+void Pics3::closeEvent(QCloseEvent *event)
+{
+    if (isEnlarged()) {
+        showThree();
+        event->ignore();
+        return;
+    }
+    event->accept();
+}
+
+void Pics3::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    ShowSongPictures();
+}
+
+void Pics3::resizeEvent(QResizeEvent *event)
+{
+    QDialog::resizeEvent(event);
+    ShowSongPictures();
+}
+
+} // namespace quaverly

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pictures/WholeFile.h"
+
+#include "desktop/FileHelpers.h"
+#include "platform/store/DaoError.h"
+
+#include <QFile>
+#include <QScopeGuard>
+
+#include <cerrno>
+#include <cstdio>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+dao::DaoError accessError(const QString &path)
+{
+    return {dao::PathFileAccess, u"Path/File access error: %1"_s.arg(path)};
+}
+
+/** The bytes, on the disk when it returns. */
+void writeThrough(const QString &path, const QByteArray &bytes)
+{
+    // Whatever bears the name goes first: a link would be written through.
+    if (::unlink(QFile::encodeName(path).constData()) != 0 && errno != ENOENT)
+        throw accessError(path);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        throw accessError(path);
+    errno = 0;
+    if (file.write(bytes) == bytes.size() && ::fsync(file.handle()) == 0)
+        return;
+    if (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)
+        throw dao::DaoError(dao::DiskFull, u"The disk is full: %1"_s.arg(path));
+    throw accessError(path);
+}
+
+} // namespace
+
+void writeWhole(const QString &path, const QByteArray &bytes)
+{
+    const QString temporary = folderOf(path) + QString::fromUtf16(TemporaryPicture) + u".jpg"_s;
+    auto remove = qScopeGuard([&] { QFile::remove(temporary); });
+    writeThrough(temporary, bytes);
+    const QByteArray name = QFile::encodeName(path);
+    if (std::rename(QFile::encodeName(temporary).constData(), name.constData()) != 0)
+        throw accessError(path);
+    remove.dismiss();
+}
+
+} // namespace quaverly

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/store/RowKeys.h"
+
+#include "platform/store/DatabaseImpl.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+
+namespace {
+
+void fill(DatabaseImpl &database, const std::vector<qint64> &keys)
+{
+    const QByteArray table = "temp." + quotedName(QString::fromUtf16(RowKeyTable));
+    Connection &connection = database.connection();
+    database.change([&] {
+        connection.execute("CREATE TABLE IF NOT EXISTS " + table + " (" +
+                           quotedName(QString::fromUtf16(RowKeyField)) +
+                           " INTEGER PRIMARY KEY); DELETE FROM " + table);
+        Statement insert = connection.prepare("INSERT INTO " + table + " VALUES (?1)", true);
+        for (const qint64 key : keys) {
+            insert.bind(1, key);
+            insert.step();
+            insert.reset();
+        }
+    });
+    database.learnTable(QString::fromUtf16(RowKeyTable));
+}
+
+} // namespace
+
+RowKeys::RowKeys(Database &database, Recordset &rows) : m_database(database)
+{
+    const qint64 count = rows.RecordCount();
+    m_keys.reserve(static_cast<std::size_t>(count));
+    for (qint64 position = 0; position < count; ++position)
+        m_keys.push_back(rows.bookmarkAt(position).key);
+    std::ranges::sort(m_keys);
+    m_keys.erase(std::unique(m_keys.begin(), m_keys.end()), m_keys.end());
+    fill(m_database.impl(), m_keys);
+}
+
+RowKeys::~RowKeys()
+{
+    try {
+        fill(m_database.impl(), {});
+    } catch (const std::exception &) {
+        // The next one empties it first.
+    }
+}
+
+std::vector<std::pair<qint64, qint64>> RowKeys::portions(qsizetype rows) const
+{
+    std::vector<std::pair<qint64, qint64>> made;
+    for (qsizetype first = 0; first < count(); first += rows) {
+        const qsizetype last = std::min(first + rows, count()) - 1;
+        made.emplace_back(m_keys[static_cast<std::size_t>(first)], m_keys[static_cast<std::size_t>(last)]);
+    }
+    return made;
+}
+
+} // namespace dao

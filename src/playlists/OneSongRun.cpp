@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlists/OneSongRun.h"
+
+#include "desktop/Guard.h"
+#include "platform/store/Dao.h"
+#include "player/PlayListSql.h"
+#include "player/SongQueue.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+OneSongRun::OneSongRun(OneSongRunParts parts) : m_parts(std::move(parts))
+{
+    m_parts.window.songEnded = [this] { songEnded(); };
+    m_parts.window.closedByUser = [this] { closedByUser(); };
+}
+
+void OneSongRun::run(const std::function<void()> &step)
+{
+    if (!guarded(m_parts.desktop, u"Play Current Song"_s, step))
+        end();
+}
+
+void OneSongRun::cmdPlay1_Click()
+{
+    if (m_running)
+        return;
+    m_running = true;
+    run([this] {
+        if (m_parts.ListCount() > 0 && m_parts.ListIndex() < 0) {
+            m_parts.focusDetail();
+            m_parts.select(0);
+        }
+        goOn();
+    });
+}
+
+void OneSongRun::songEnded()
+{
+    if (!m_running)
+        return;
+    run([this] {
+        m_parts.select(m_parts.ListIndex() + 1);
+        goOn();
+    });
+}
+
+void OneSongRun::closedByUser()
+{
+    m_StopOneSongRun = true;
+    run([this] { goOn(); });
+}
+
+void OneSongRun::goOn()
+{
+    const int row = m_parts.ListIndex();
+    const int blankRow = m_parts.ListCount() - 1;
+    if (!m_StopOneSongRun && row >= 0 && row < blankRow) {
+        // Songs are looked up by their place: behind a gap in the numbers the run is over.
+        if (playTrack(row + 1))
+            return;
+        m_parts.select(blankRow);
+    }
+    end();
+}
+
+bool OneSongRun::playTrack(qint64 listTrackId)
+{
+    const auto track = m_parts.catalogue.CatalogueDb->OpenRecordset(
+        playlistsql::oneTrack(m_parts.listId(), listTrackId), dao::RecordsetType::Snapshot);
+    if (track->isEmpty())
+        return false;
+    m_parts.window.play(songRow(track->text(u"SongTitle"_s), track->text(u"ArtistName"_s)),
+                        track->text(u"FileName"_s));
+    return true;
+}
+
+void OneSongRun::end()
+{
+    m_StopOneSongRun = false;
+    m_running = false;
+    m_parts.window.unload();
+}
+
+} // namespace quaverly

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlists/PlayListTracks.h"
+
+#include "desktop/Desktop.h"
+#include "platform/text/Text.h"
+#include "player/SongColumns.h"
+#include "songlist/DataControl.h"
+#include "songlist/ListTexts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+/** The run-time error of a text that is cut before its start. */
+constexpr int InvalidProcedureCall = 5;
+
+QString columnsOfTracks()
+{
+    return u"RecordID, SongName, Artist, AlbumName, TrackText, PathName, FileName, Duration, Year, Rating"_s;
+}
+
+} // namespace
+
+QString countStatement(const QString &recordSource)
+{
+    const QString source = conditionOf(recordSource);
+    const qsizetype from = source.indexOf("From"_L1, 0, Qt::CaseInsensitive);
+    return u"Select Count(*) as RowCount "_s + (from < 0 ? u"From "_s + source : source.sliced(from));
+}
+
+PlayListTracks::PlayListTracks(PlayListTracksParts parts) : m_parts(parts)
+{}
+
+bool PlayListTracks::LoadDetailListbox(qint64 listId)
+{
+    m_rows.load(m_parts.lists.shownTracks(listId, MostRows));
+    return m_rows.songs() > 0;
+}
+
+bool PlayListTracks::isThere(const PlayListName &list)
+{
+    if (m_parts.lists.exists(list.ListID))
+        return true;
+    m_parts.desktop.MessageBox(u'"' + list.ListName + u"\" Play list name not found."_s, u"Not added"_s,
+                               Icon::Stop);
+    return false;
+}
+
+bool PlayListTracks::addCurrentSong(const PlayListName &list)
+{
+    if (!isThere(list) || !m_parts.displayed.hasRows())
+        return false;
+    // The rows give the number: with gaps in the list it is one that a track bears already.
+    m_parts.lists.addTrack(list.ListID, m_rows.ListCount(), trackOfSong(m_parts.displayed.Recordset()));
+    return true;
+}
+
+qint64 PlayListTracks::countDisplayed() const
+{
+    const auto rows = m_parts.catalogue.CatalogueDb->OpenRecordset(
+        countStatement(m_parts.displayed.RecordSource()), dao::RecordsetType::Snapshot);
+    return rows->value(u"RowCount"_s).toLongLong();
+}
+
+bool PlayListTracks::mayAdd(qint64 songs)
+{
+    const QString count = QString::number(songs);
+    // What the list holds already does not count.
+    if (songs > MostTracks) {
+        m_parts.desktop.MessageBox(u"You cannot add more than 32,000 songs to a single Play List.  You are "
+                                   "trying to add "_s +
+                                       count + u" songs."_s,
+                                   QString::fromUtf16(ProductName));
+        return false;
+    }
+    return m_parts.desktop.MessageBox(
+               u"This will add every song displayed on the main screen (the Grid) to the current Play List.  "
+               "Songs will be added in the current Grid sort order.  Number of songs about to be added to "
+               "Play List: "_s +
+                   count + u".\r\n\r\nAre you sure?"_s,
+               u"Confirm Adding All *"_s + count + u"* Songs To Play List"_s, Icon::None, Buttons::YesNo,
+               Answer::No) == Answer::Yes;
+}
+
+std::optional<qint64> PlayListTracks::addAllSongs(const PlayListName &list)
+{
+    qint64 songs = 0;
+    {
+        const Hourglass hourglass(m_parts.desktop);
+        songs = countDisplayed();
+    }
+    if (!mayAdd(songs) || !isGreaterThanBlank(list.ListName) || !isThere(list))
+        return std::nullopt;
+    const Hourglass hourglass(m_parts.desktop);
+    const auto rows = m_parts.catalogue.CatalogueDb->OpenRecordset(
+        withColumns(m_parts.displayed.RecordSource(), columnsOfTracks()), dao::RecordsetType::Snapshot);
+    QList<Track> tracks;
+    tracks.reserve(rows->RecordCount());
+    for (; !rows->atEOF(); rows->MoveNext())
+        tracks.append(trackOfSong(*rows));
+    m_parts.lists.addTracks(list.ListID, m_rows.ListCount(), tracks);
+    return tracks.size();
+}
+
+void PlayListTracks::deleteSong(qint64 listId, int row)
+{
+    dao::Transaction transaction(m_parts.catalogue.CatalogueDb->workspace());
+    m_parts.lists.deleteTrack(listId, m_rows.ItemData(row));
+    m_parts.lists.RenumberTracks(listId);
+    transaction.commit();
+    LoadDetailListbox(listId);
+}
+
+bool PlayListTracks::failReorder(int number, const QString &description)
+{
+    m_parts.desktop.MessageBox(
+        number == dao::SyntaxErrorInCriteria
+            ? u"You have a double-quote character in one of your song titles in this list.  This has caused "
+              "an error when you dragged and dropped a song to a new position in the list.  Go to the Edit "
+              "screen and change the double quote to a single quote, then try again."_s
+            : u"Error number:"_s + QString::number(number) + u".  "_s + description,
+        u"Error"_s, Icon::Stop);
+    return false;
+}
+
+bool PlayListTracks::ReOrderTracksAfterDrag(qint64 listId)
+{
+    // A song without an artist has no mark to cut its row at: the step fails there, and is meant to.
+    const QList<qint64> numbers = m_rows.numbersToFirstWithoutArtist();
+    std::optional<qsizetype> given;
+    try {
+        given = m_parts.lists.reorder(listId, numbers);
+    } catch (const dao::DaoError &error) {
+        return failReorder(error.number, error.description);
+    }
+    if (!given)
+        return true;
+    for (int row = 0; row < *given; ++row)
+        m_rows.setItemData(row, row + 1);
+    if (*given < numbers.size()) {
+        m_parts.desktop.MessageBox(u"In ReOrderTracksAfterDrag routine.  Match not found on Track Title: "_s +
+                                       m_rows.text(static_cast<int>(*given)),
+                                   QString::fromUtf16(ProductName));
+        return true;
+    }
+    return numbers.size() == m_rows.songs() ||
+           failReorder(InvalidProcedureCall, u"Invalid procedure call or argument"_s);
+}
+
+} // namespace quaverly

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlists/PlayPlayList.h"
+
+#include "desktop/Desktop.h"
+#include "desktop/FileHelpers.h"
+#include "player/Player.h"
+#include "player/TemporaryList.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+SongQueue playable(const QList<FiledTrack> &tracks)
+{
+    SongQueue songs;
+    songs.reserve(tracks.size());
+    for (const FiledTrack &track : tracks) {
+        if (FileExists(track.FileName) && fitsInList(track.FileName))
+            songs.add(songRow(track.SongTitle, track.ArtistName), track.FileName);
+    }
+    return songs;
+}
+
+void tellNothingToPlay(Desktop &desktop, const QString &text)
+{
+    desktop.MessageBox(text, u"No music files found for these songs"_s, Icon::Exclamation);
+}
+
+} // namespace
+
+void playPlayList(const PlayPlayListParts &parts, const PlayListName &list)
+{
+    parts.player.unload();
+    const QList<FiledTrack> tracks = parts.lists.tracksWithFile(list.ListID);
+    if (tracks.isEmpty()) {
+        tellNothingToPlay(parts.desktop, u"No music files were associated with any of the songs in this Play "
+                                         "List, so there is nothing to play."_s);
+        return;
+    }
+    PlayRequest request;
+    {
+        const Hourglass hourglass(parts.desktop);
+        request.songs = playable(tracks);
+        if (!request.songs.isEmpty())
+            writeTemporaryList(parts.catalogue.DatabaseFolder, request.songs.urls());
+    }
+    if (request.songs.isEmpty()) {
+        tellNothingToPlay(parts.desktop,
+                          u"No music files found for the songs in this Play List.  They may have changed "
+                          "folder locations or been deleted from this machine."_s);
+        return;
+    }
+    request.CurrentPlayUrl = temporaryList(parts.catalogue.DatabaseFolder);
+    if (!FileExists(request.CurrentPlayUrl)) {
+        parts.desktop.MessageBox(u"File "_s + request.CurrentPlayUrl + u" cannot be found to play."_s,
+                                 u"File not found"_s, Icon::Stop);
+        return;
+    }
+    request.caption = u"PlayList: "_s + list.ListName;
+    // The player takes the list's name from this when it deletes a song.
+    request.CurrentPlayTitle = u"PlayList "_s + list.ListName;
+    request.songs.setListIndex(0);
+    request.showsCount = true;
+    parts.unload();
+    parts.player.play(std::move(request));
+}
+
+} // namespace quaverly

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "player/PlayListStore.h"
+#include "playlists/OneSongRun.h"
+#include "playlists/PlayListControls.h"
+#include "playlists/PlayListFiles.h"
+#include "playlists/PlayListTracks.h"
+#include "playlists/PopulateFromText.h"
+#include "playlists/frmPlay.h"
+#include "playlists/frmPlayListDetail.h"
+
+#include <QDialog>
+
+#include <functional>
+#include <memory>
+
+namespace Ui {
+class frmPlayList;
+}
+
+namespace quaverly {
+
+class DisplayedSet;
+class Player;
+class TrackListModel;
+struct PlayerState;
+
+/** What the play lists screen works with. All of it outlives the screen. */
+struct PlayListParts
+{
+    Desktop &desktop;
+    Player &player;
+    PlayerState &state;
+    const Options &options;
+    OptionsStore &store;
+    Catalogue &catalogue;
+    DisplayedSet &displayed;
+    /** The folder chosen last in a folder dialog. */
+    QString &LastMusicFolder;
+    /** The folder that the save dialog of play list files starts in. */
+    QString &LastPlayListFolder;
+    std::function<std::unique_ptr<media::MediaPlayer>()> makeMediaPlayer;
+    /** The plain text file of the lines for which no song was found; empty for none. */
+    QString populateReport;
+    /** Shows the report "Detail" or "DetailWithFileNames" of the list of that name; its entries are disabled
+     * while there is none. */
+    std::function<void(const QString &kind, const PlayListName &list)> RunPlayListReport;
+    /** Shows frmChangeFileNamePath over the screen given. */
+    std::function<void(QWidget *owner)> showChangeFileNamePath;
+};
+
+/**
+ * All work on play lists: the lists, the tracks of the chosen one, and what can be done with them. With
+ * PlayerState's AddingFromGrid set when it is made, a list is chosen for the grid's current song.
+ */
+class frmPlayList final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /** @throws dao::DaoError when the catalogue can't be read. */
+    explicit frmPlayList(PlayListParts parts, QWidget *parent = nullptr);
+    ~frmPlayList() override;
+
+    void LoadHeaderCombo();
+    void LoadDetailListbox();
+
+    /** However it is closed: songs that were moved keep their places. */
+    void done(int result) override;
+
+protected:
+    bool event(QEvent *event) override;
+
+private:
+    void wire();
+    void wireMenus();
+    void wireDrag();
+    void Form_Load();
+    void loadLook();
+    void Form_Activate();
+
+    void cmbHeader_Click();
+    void lbDetail_Click(int row);
+    void lbDetail_MouseUp(const QPoint &place);
+    void lbDetail_GotFocus();
+    void lbDetail_LostFocus();
+    void mnuAddAllSongs_Click();
+    void mnuEditAddSong_Click();
+    void mnuEditChangeFileNamePath_Click();
+    void mnuEditDeleteSong_Click();
+    void mnuEditEditSong_Click();
+    void mnuEditDelete_Click();
+    void mnuEditPlayList_Click();
+    void mnuReportsDetail_Click();
+    void mnuReportsDetailWithFilenames_Click();
+    void mnuHelp_Click();
+    void cmdAddHeader_Click();
+    void cmdOK_Click();
+    void cmdPlay_Click();
+
+    /** A drag's notifications, by mouse or keys; one that is cancelled needs nothing. */
+    void lbDetail_BeginDrag(int row);
+    void lbDetail_Dragging();
+    void lbDetail_Dropped(int row);
+
+    /** Runs a command after the moved songs have been given their places, unless that fails. */
+    void command(const std::function<void()> &handler);
+    /** False when the new order could not be kept: the screen closes. */
+    bool keepOrder();
+    void runReport(const QString &kind);
+    void showHeader(bool isEdited);
+    void showDetail(frmPlayListDetail::Role role, qint64 listTrackId);
+    void show(QDialog *screen);
+    void headerAdded(const QString &name, bool isNew);
+    void songSaved(frmPlayListDetail::Role role, const QString &title);
+
+    [[nodiscard]] PlayListName chosenList() const;
+    [[nodiscard]] int ListIndex() const;
+    void chooseList(const QString &name);
+    void chooseSong(int row);
+    void rowsLoaded();
+    [[nodiscard]] PlayListState stateAfter(PlayListEvent event) const;
+    void follow(const PlayListState &state);
+    void showLook();
+
+    std::unique_ptr<Ui::frmPlayList> m_ui;
+    PlayListParts m_parts;
+    PlayListStore m_lists;
+    PlayListTracks m_tracks;
+    TrackListModel *m_model;
+    PlayListFiles m_files;
+    PopulateFromText m_populate;
+    frmPlayWindow m_window;
+    OneSongRun m_run;
+    PlayListLook m_look;
+    bool m_hasTracks = false;
+    bool m_DragInProgress = false;
+    /** Songs were moved, and the focus has left them. */
+    bool m_orderPending = false;
+    int m_DragSourceIndex = -1;
+    /** The screen is activated for the first time, or after one over it. */
+    bool m_activates = true;
+    bool m_isClosing = false;
+};
+
+} // namespace quaverly

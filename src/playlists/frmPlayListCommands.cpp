@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlists/frmPlayList.h"
+
+#include "desktop/Desktop.h"
+#include "desktop/Guard.h"
+#include "platform/text/Text.h"
+#include "playlists/PlayListHeaders.h"
+#include "playlists/PlayListHelp.h"
+#include "playlists/PlayPlayList.h"
+#include "playlists/TrackListModel.h"
+#include "playlists/frmPlayListHeader.h"
+#include "songlist/PlayerState.h"
+#include "ui_frmPlayList.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+void frmPlayList::wire()
+{
+    const auto on = [this](auto *control, auto signal, auto handler) {
+        connect(control, signal, this, handler);
+    };
+    on(m_ui->cmbHeader, &QComboBox::activated, [this] { command([this] { cmbHeader_Click(); }); });
+    on(m_ui->cmdAddHeader, &QPushButton::clicked, &frmPlayList::cmdAddHeader_Click);
+    on(m_ui->cmdOK, &QPushButton::clicked, &frmPlayList::cmdOK_Click);
+    on(m_ui->cmdPlay, &QPushButton::clicked, &frmPlayList::cmdPlay_Click);
+    on(m_ui->cmdPlay1, &QPushButton::clicked, [this] { command([this] { m_run.cmdPlay1_Click(); }); });
+    on(m_ui->cmdHelpPlayList, &QPushButton::clicked, &frmPlayList::mnuHelp_Click);
+    on(m_ui->cmdClose, &QPushButton::clicked, &frmPlayList::close);
+}
+
+void frmPlayList::wireMenus()
+{
+    const auto on = [this](QAction *entry, auto handler) {
+        connect(entry, &QAction::triggered, this, handler);
+    };
+    on(m_ui->mnuFileCopyMusic, [this] { command([this] { m_files.mnuFileCopyMusic_Click(); }); });
+    on(m_ui->mnuFileMakePlayListFile,
+       [this] { command([this] { m_files.mnuFileMakePlayListFile_Click(); }); });
+    on(m_ui->mnuFileDisplayOnly, [this] { command([this] { m_files.mnuFileDisplayOnly_Click(); }); });
+    on(m_ui->mnuFilePopulate, [this] { command([this] { m_populate.mnuFilePopulate_Click(); }); });
+    on(m_ui->mnuFileClose, &frmPlayList::close);
+    on(m_ui->mnuAddAllSongs, &frmPlayList::mnuAddAllSongs_Click);
+    on(m_ui->mnuEditAddSong, &frmPlayList::mnuEditAddSong_Click);
+    on(m_ui->mnuEditChangeFileNamePath, &frmPlayList::mnuEditChangeFileNamePath_Click);
+    on(m_ui->mnuEditDeleteSong, &frmPlayList::mnuEditDeleteSong_Click);
+    on(m_ui->mnuEditEditSong, &frmPlayList::mnuEditEditSong_Click);
+    on(m_ui->mnuEditDelete, &frmPlayList::mnuEditDelete_Click);
+    on(m_ui->mnuEditPlayList, &frmPlayList::mnuEditPlayList_Click);
+    on(m_ui->mnuReportsDetail, &frmPlayList::mnuReportsDetail_Click);
+    on(m_ui->mnuReportsDetailWithFilenames, &frmPlayList::mnuReportsDetailWithFilenames_Click);
+    on(m_ui->mnuHelp, &frmPlayList::mnuHelp_Click);
+}
+
+void frmPlayList::command(const std::function<void()> &handler)
+{
+    guarded(m_parts.desktop, windowTitle(), [&] {
+        if (keepOrder())
+            handler();
+    });
+}
+
+void frmPlayList::mnuAddAllSongs_Click()
+{
+    command([this] {
+        const auto added = m_tracks.addAllSongs({m_parts.state.CurrentPlayListName, chosenList().ListID});
+        if (!added)
+            return;
+        LoadDetailListbox();
+        chooseSong(m_tracks.rows().ListCount() - 2);
+        m_ui->lblSongTitle->clear();
+        PlayListState state = stateAfter(PlayListEvent::AllSongsAdded);
+        state.songsAdded = *added;
+        follow(state);
+    });
+}
+
+void frmPlayList::cmdOK_Click()
+{
+    command([this] {
+        if (!isGreaterThanBlank(m_parts.state.CurrentPlayListName) || !m_tracks.addCurrentSong(chosenList()))
+            return;
+        LoadDetailListbox();
+        follow(stateAfter(PlayListEvent::SongAdded));
+        chooseSong(m_tracks.rows().ListCount() - 2);
+        m_ui->lblSongTitle->clear();
+    });
+}
+
+void frmPlayList::mnuEditAddSong_Click()
+{
+    command([this] {
+        if (m_tracks.rows().ListCount() >= MostRows) {
+            m_parts.desktop.MessageBox(
+                u"Play List has reached maximum size of 32,000 songs.  No more can be added."_s,
+                u"Cannot add more songs"_s);
+            return;
+        }
+        showDetail(frmPlayListDetail::Role::Add, m_tracks.rows().ListCount());
+    });
+}
+
+void frmPlayList::mnuEditEditSong_Click()
+{
+    command([this] {
+        const int row = ListIndex();
+        if (!m_tracks.rows().isSong(row)) {
+            m_parts.desktop.MessageBox(u"You must select a song to edit from the list."_s,
+                                       u"No song selected"_s);
+            return;
+        }
+        showDetail(frmPlayListDetail::Role::Edit, m_tracks.rows().ItemData(row));
+    });
+}
+
+void frmPlayList::showDetail(frmPlayListDetail::Role role, qint64 listTrackId)
+{
+    auto screen =
+        std::make_unique<frmPlayListDetail>(m_parts.desktop, m_lists, m_parts.options, role,
+                                            frmPlayListDetail::Place{chosenList().ListID, listTrackId}, this);
+    // By its place, not by its number: with gaps in the numbers it is another song's texts that show.
+    if (role == frmPlayListDetail::Role::Edit)
+        screen->LoadDetail(ListIndex() + 1);
+    connect(screen.get(), &frmPlayListDetail::saved, this,
+            [this, role](const QString &title) { songSaved(role, title); });
+    show(screen.release());
+}
+
+void frmPlayList::songSaved(frmPlayListDetail::Role role, const QString &title)
+{
+    if (role == frmPlayListDetail::Role::Add) {
+        // The new song shows when the list is loaded the next time.
+        if (const int row = m_tracks.rows().rowOf(title); row >= 0)
+            chooseSong(row);
+    } else if (const int row = ListIndex(); row >= 0) {
+        m_tracks.rows().setText(row, title);
+        m_model->textChanged(row);
+    }
+}
+
+void frmPlayList::show(QDialog *screen)
+{
+    screen->setAttribute(Qt::WA_DeleteOnClose);
+    connect(screen, &QDialog::finished, this, [this] {
+        m_activates = !isActiveWindow();
+        if (m_activates)
+            activateWindow();
+        else
+            Form_Activate();
+    });
+    screen->open();
+}
+
+void frmPlayList::mnuEditDeleteSong_Click()
+{
+    command([this] {
+        const int row = ListIndex();
+        if (!m_tracks.rows().isSong(row)) {
+            m_parts.desktop.MessageBox(u"You must select a song to remove from the list."_s,
+                                       u"No song selected"_s);
+            return;
+        }
+        m_tracks.deleteSong(chosenList().ListID, row);
+        LoadDetailListbox();
+        follow(stateAfter(PlayListEvent::SongDeleted));
+    });
+}
+
+void frmPlayList::mnuEditDelete_Click()
+{
+    command([this] {
+        PlayListHeaders headers(m_parts.desktop, m_lists);
+        if (!headers.deleteList(chosenList().ListID,
+                                u"Are you sure you want to delete this entire play list?"_s))
+            return;
+        LoadHeaderCombo();
+        m_parts.state.CurrentPlayListName.clear();
+        follow(stateAfter(PlayListEvent::ListDeleted));
+    });
+}
+
+void frmPlayList::mnuEditPlayList_Click()
+{
+    command([this] {
+        if (m_ui->cmbHeader->currentIndex() < 0) {
+            m_parts.desktop.MessageBox(u"You must select a Play List name from the list first."_s,
+                                       u"No Play List selected"_s, Icon::Exclamation);
+            return;
+        }
+        showHeader(true);
+    });
+}
+
+void frmPlayList::cmdAddHeader_Click()
+{
+    command([this] { showHeader(false); });
+}
+
+void frmPlayList::showHeader(bool isEdited)
+{
+    auto screen =
+        std::make_unique<frmPlayListHeader>(m_parts.desktop, m_lists, m_parts.options,
+                                            isEdited ? std::optional(chosenList()) : std::nullopt, this);
+    connect(screen.get(), &frmPlayListHeader::added, this,
+            [this](const QString &name) { headerAdded(name, true); });
+    connect(screen.get(), &frmPlayListHeader::edited, this,
+            [this](const QString &name) { headerAdded(name, false); });
+    connect(screen.get(), &frmPlayListHeader::deleted, this, &frmPlayList::LoadHeaderCombo);
+    show(screen.release());
+}
+
+void frmPlayList::headerAdded(const QString &name, bool isNew)
+{
+    const QString before = m_parts.state.CurrentPlayListName;
+    LoadHeaderCombo();
+    chooseList(name);
+    // The old name stays remembered, and the next song added from the main screen finds no such list.
+    if (!isNew)
+        m_parts.state.CurrentPlayListName = before;
+}
+
+void frmPlayList::cmdPlay_Click()
+{
+    command([this] {
+        playPlayList({m_parts.desktop, m_parts.catalogue, m_lists, m_parts.player, [this] { close(); }},
+                     chosenList());
+    });
+}
+
+void frmPlayList::mnuReportsDetail_Click()
+{
+    runReport(u"Detail"_s);
+}
+
+void frmPlayList::mnuReportsDetailWithFilenames_Click()
+{
+    runReport(u"DetailWithFileNames"_s);
+}
+
+void frmPlayList::runReport(const QString &kind)
+{
+    command([&] {
+        if (isGreaterThanBlank(chosenList().ListName))
+            m_parts.RunPlayListReport(kind, chosenList());
+    });
+}
+
+void frmPlayList::mnuEditChangeFileNamePath_Click()
+{
+    command([this] { m_parts.showChangeFileNamePath(this); });
+}
+
+void frmPlayList::mnuHelp_Click()
+{
+    guarded(m_parts.desktop, windowTitle(),
+            [this] { m_parts.desktop.ShowHelp(QString::fromUtf16(PlayListHelpHeading), playListHelp()); });
+}
+
+} // namespace quaverly

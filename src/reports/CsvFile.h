@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/store/Dao.h"
+
+#include <QFile>
+
+#include <functional>
+
+namespace quaverly {
+
+/**
+ * Songs as comma-separated text in UTF-8: a line of headers, then a line a song, every field between double
+ * quotes. What was written stays when writing fails.
+ */
+class CsvFile final
+{
+public:
+    /** Replaces what was there. @throws dao::DaoError 70 or 75. */
+    explicit CsvFile(const QString &path);
+
+    /** All rows in their order; @p progress is told how many are done. @throws dao::DaoError. */
+    void write(const dao::Recordset &songs, bool withNotes, const std::function<void(qint64)> &progress);
+    /** Everything on the disk. @throws dao::DaoError. */
+    void close();
+
+private:
+    void writeRow(const dao::Recordset &songs, qint64 row, const QList<int> &fields);
+    void flush();
+
+    QFile m_file;
+    QByteArray m_out;
+};
+
+} // namespace quaverly

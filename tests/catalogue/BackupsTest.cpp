@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/Backups.h"
+#include "catalogue/CatalogueSchema.h"
+#include "catalogue/frmRestoreBackup.h"
+#include "support/Limits.h"
+#include "support/QtPrinters.h"
+#include "support/ScriptedDesktop.h"
+#include "support/UserActs.h"
+#include "support/store/StoreFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+using namespace quaverly::test;
+
+namespace {
+
+/** A catalogue of a few songs whose copies are looked at. */
+class TheCopies : public testing::Test
+{
+protected:
+    TheCopies()
+    {
+        for (int i = 0; i < 5; ++i)
+            data.addSong(Song(u"Song %1"_s.arg(i)).with(u"Notes"_s, QString(100'000, u'x')));
+    }
+    [[nodiscard]] QString at(const QString &name) const { return data.path(u"Backups/"_s + name); }
+    [[nodiscard]] QStringList names() const
+    {
+        return QDir(at({})).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+    void fake(const QString &date)
+    {
+        QDir(data.folder()).mkdir(u"Backups"_s);
+        QFile file(at(u"QVdata %1.mdb"_s.arg(date)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    static void damage(const QString &path)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.seek(20'000));
+        file.write(QByteArray(40'000, 'x'));
+    }
+
+    StoreFixture data;
+    ScriptedDesktop desktop;
+    Backups backups{desktop, data.catalogue(), data.engine()};
+};
+
+TEST_F(TheCopies, HoldWhatTheCatalogueHeld)
+{
+    // Pending in the log, not yet in the file.
+    data.addSong(Song(u"the last"_s));
+    ASSERT_TRUE(backups.beforeBulkCommand());
+    data.db().Execute(u"Delete * from tblContacts"_s);
+    ASSERT_TRUE(backups.beforeBulkCommand());
+    const std::vector<Backup> list = backups.list();
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0].songs, 0);
+    EXPECT_EQ(list[1].songs, 6);
+    EXPECT_LE(list[1].made.secsTo(QDateTime::currentDateTime()), 60);
+    EXPECT_EQ(list[1].bytes, QFileInfo(list[1].path).size());
+    for (const Backup &backup : list)
+        EXPECT_TRUE(backups.check(backup));
+    EXPECT_EQ(names().size(), 2) << "nothing beside them";
+    dao::DBEngine elsewhere(catalogueSchema());
+    EXPECT_EQ(elsewhere.OpenDatabase(list[1].path)->OpenRecordset(u"tblContacts"_s)->RecordCount(), 6);
+}
+
+TEST_F(TheCopies, AreThinnedToTenAndTheFirstOfEachDay)
+{
+    const QString old[] = {u"2020-02-01 08.00.00"_s, u"2020-02-01 08.00.00 (2)"_s, u"2020-02-01 23.59.59"_s,
+                           u"2020-02-03 10.00.00"_s, u"2020-02-03 09.00.00"_s,     u"2020-02-03 11.00.00"_s};
+    for (const QString &date : old)
+        fake(date);
+    for (int hour = 10; hour < 19; ++hour)
+        fake(u"2020-02-03 %1.30.00"_s.arg(hour));
+    for (const auto *other : {"QVdata 2020-02-01 25.00.00.mdb", "QVdata b 2020-02-01 09.00.00.mdb", "notes"})
+        fake(QString::fromLatin1(other));
+    QFile part(at(u"QVdata 2020-02-03 08.00.00.mdb.part"_s));
+    ASSERT_TRUE(part.open(QIODevice::WriteOnly));
+    const qsizetype before = names().size();
+    // From 11.00 on there are the ten newest.
+    ASSERT_TRUE(backups.beforeBulkCommand(at(u"QVdata 2020-02-01 23.59.59.mdb"_s)));
+    const QStringList left = names();
+    EXPECT_EQ(left.size(), before + 1 - 4);
+    for (const QString &gone : {old[1], old[3], u"2020-02-03 10.30.00"_s})
+        EXPECT_FALSE(left.contains(u"QVdata %1.mdb"_s.arg(gone))) << qPrintable(gone);
+    EXPECT_TRUE(left.contains(u"QVdata 2020-02-01 23.59.59.mdb"_s)) << "spared";
+    EXPECT_FALSE(left.contains(QFileInfo(part.fileName()).fileName()));
+    ASSERT_TRUE(backups.beforeBulkCommand());
+    EXPECT_FALSE(names().contains(u"QVdata 2020-02-01 23.59.59.mdb"_s));
+    EXPECT_EQ(backups.list().size(), 12U);
+}
+
+TEST_F(TheCopies, AreAskedForWhenTheyCannotBeMade)
+{
+    const auto expectQuestion = [this](const QString &why) {
+        for (const Answer answer : {Answer::No, Answer::Yes}) {
+            desktop.willAnswer(answer, why);
+            EXPECT_EQ(backups.beforeBulkCommand(), answer == Answer::Yes);
+            EXPECT_TRUE(desktop.lastCall().text.startsWith(u"No copy of the database could be made"_s));
+            EXPECT_EQ(desktop.lastCall().defaultAnswer, Answer::No);
+            EXPECT_FALSE(desktop.isHourglassOn());
+        }
+    };
+    {
+        const FullDisk disk(300'000);
+        expectQuestion(u"The disk is full."_s);
+        EXPECT_EQ(names(), QStringList());
+    }
+    ASSERT_TRUE(QDir(data.folder()).rmdir(u"Backups"_s));
+    QFile inTheWay(data.path(u"Backups"_s));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    expectQuestion(u"Path/File access error"_s);
+    inTheWay.remove();
+    for (const int tick : {1, 3})
+        desktop.atEvents(desktop.eventsRun() + tick, [this] { desktop.closeWorkingForm(); });
+    expectQuestion(u"The window was closed before the copy was complete."_s);
+    EXPECT_EQ(names(), QStringList());
+
+    const OrdinaryUser user({data.folder(), data.catalogue().DatabaseFile});
+    data.close();
+    QFile::setPermissions(data.catalogue().DatabaseFile, QFile::ReadOwner);
+    data.open();
+    EXPECT_TRUE(backups.beforeBulkCommand()) << "nothing will change in it";
+    EXPECT_EQ(names(), QStringList());
+}
+
+TEST_F(TheCopies, AreListedForTheUserToChooseASoundOne)
+{
+    frmRestoreBackup none(desktop, RestoreBackup(desktop, backups), true);
+    EXPECT_TRUE(child<QLabel>(none, u"lblMessage"_s)->text().startsWith(u"There are no copies"_s));
+    ASSERT_TRUE(backups.beforeBulkCommand());
+    ASSERT_TRUE(backups.beforeBulkCommand());
+    damage(backups.list()[0].path);
+    fake(u"2020-02-03 10.00.00"_s);
+    QList<Backup> wanted;
+    frmRestoreBackup screen(desktop, RestoreBackup(desktop, backups), false);
+    QObject::connect(&screen, &frmRestoreBackup::restoreWanted,
+                     [&](const Backup &backup) { wanted.append(backup); });
+    screen.show();
+    auto *list = child<QTreeWidget>(screen, u"listBackups"_s);
+    auto *restore = child<QWidget>(screen, u"cmdRestore"_s);
+    ASSERT_EQ(list->topLevelItemCount(), 3);
+    EXPECT_FALSE(restore->isEnabled());
+    EXPECT_EQ(list->topLevelItem(1)->text(1), u"5"_s);
+    EXPECT_EQ(list->topLevelItem(2)->text(1), u"cannot be read"_s);
+    for (const int bad : {0, 2}) {
+        list->setCurrentItem(list->topLevelItem(bad));
+        desktop.willSee(u"This copy cannot be restored."_s);
+        click(restore);
+        EXPECT_TRUE(screen.isVisible());
+    }
+    key(list, Qt::Key_Up);
+    desktop.willAnswer(Answer::No, u", with 5 songs."_s);
+    click(restore);
+    EXPECT_EQ(desktop.lastCall().defaultAnswer, Answer::No);
+    EXPECT_TRUE(screen.isVisible() && wanted.isEmpty());
+    desktop.willAnswer(Answer::Yes);
+    key(list, Qt::Key_Return);
+    ASSERT_EQ(wanted.size(), 1);
+    EXPECT_EQ(wanted[0].path, backups.list()[1].path);
+    EXPECT_FALSE(screen.isVisible());
+    EXPECT_EQ(names().size(), 3) << "looking left nothing";
+}
+
+} // namespace

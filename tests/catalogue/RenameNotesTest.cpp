@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/RenameNotes.h"
+#include "catalogue/CatalogueSchema.h"
+#include "platform/shell/FileMove.h"
+#include "support/Limits.h"
+#include "support/QtPrinters.h"
+#include "support/store/StoreFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <functional>
+#include <sys/ptrace.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+using namespace quaverly::test;
+
+namespace {
+
+constexpr std::array ChangesOfTheDisk = {SYS_write,     SYS_pwrite64, SYS_fsync,    SYS_fdatasync,
+                                         SYS_ftruncate, SYS_unlink,   SYS_renameat2};
+
+/** Runs @p act in a child that is killed as it sets out to change the disk for the @p nth time, from 1;
+ * false when it came to its end before. */
+bool diesAt(int nth, const std::function<void()> &prepare, const std::function<void()> &act)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        prepare();
+        ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        ::raise(SIGSTOP);
+        act();
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
+    for (int left = nth; WIFSTOPPED(status);) {
+        __ptrace_syscall_info info = {};
+        ::ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof info, &info);
+        if (info.op == PTRACE_SYSCALL_INFO_ENTRY &&
+            std::ranges::count(ChangesOfTheDisk, static_cast<int>(info.entry.nr)) > 0 && --left == 0)
+            ::kill(child, SIGKILL);
+        ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+        ::waitpid(child, &status, 0);
+    }
+    EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
+    return WIFSIGNALED(status);
+}
+
+void write(const QString &path)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
+    file.write("sound");
+}
+
+/** A catalogue with one song in two play lists, and its file. */
+class TheRename : public testing::Test
+{
+protected:
+    TheRename()
+    {
+        QDir(data.folder()).mkdir(u"new"_s);
+        write(from + name);
+        data.addSong(Song(u"SOS"_s).file(from, name));
+        for (const auto &list : {u"one"_s, u"two"_s}) {
+            const qint64 id = data.addPlayList(list);
+            data.addRow(u"tblPlayListDetail"_s, {{u"ListID"_s, id}, {u"FileName"_s, from + name}});
+        }
+    }
+    void keep(qint64 song = 1) { notes.keep(song, from, name, to, newName); }
+    /** What the editor does. */
+    void renameAll()
+    {
+        keep();
+        shell::moveFile(from + name, to + newName);
+        const auto quoted = [](QString text) { return u'"' + text.replace(u'"', u"\"\""_s) + u'"'; };
+        data.db().Execute(u"Update tblPlayListDetail Set FileName="_s + quoted(to + newName) +
+                          u" Where FileName="_s + quoted(from + name));
+        const auto row = data.db().OpenRecordset(u"Select * from tblContacts"_s);
+        row->Edit();
+        row->setValue(u"PathName"_s, to);
+        row->setValue(u"FileName"_s, newName);
+        row->Update();
+        notes.drop(1);
+    }
+    [[nodiscard]] QString file(qint64 song = 1)
+    {
+        return data.songValue(song, u"PathName"_s).toString() +
+               data.songValue(song, u"FileName"_s).toString();
+    }
+    [[nodiscard]] QStringList tracks()
+    {
+        return data.column(u"Select FileName from tblPlayListDetail Order By ListID"_s);
+    }
+    [[nodiscard]] qint64 notesLeft()
+    {
+        return data.valueOf(u"Select Count(*) from tblRenameNotes"_s).toLongLong();
+    }
+    void expectAt(const QString &path)
+    {
+        EXPECT_EQ(file(), path);
+        EXPECT_EQ(tracks(), QStringList({path, path}));
+    }
+
+    StoreFixture data;
+    const QString from = data.folder();
+    const QString to = data.path(u"new/"_s);
+    const QString name = u"O\"Hara 'x'.mp3"_s;
+    const QString newName = u"b \"2\".mp3"_s;
+    RenameNotes notes{data.catalogue()};
+};
+
+TEST_F(TheRename, KilledAtAnyStepLeavesFileRowAndPlayListsTogether)
+{
+    const QString catalogue = data.catalogue().DatabaseFile;
+    data.close();
+    ASSERT_TRUE(QFile::copy(catalogue, catalogue + u".before"_s));
+    int deaths = 0;
+    int settled = 0;
+    for (bool died = true; died;) {
+        SCOPED_TRACE(deaths);
+        died = diesAt(
+            deaths + 1, [this] { data.open(); }, [this] { renameAll(); });
+        deaths += died;
+        data.open();
+        const bool moved = QFileInfo::exists(to + newName);
+        EXPECT_NE(moved, QFileInfo::exists(from + name));
+        settled += moved && file() != to + newName;
+        notes.settle();
+        expectAt(moved ? to + newName : from + name);
+        EXPECT_EQ(notesLeft(), 0);
+        EXPECT_TRUE(moved || died);
+        data.close();
+        ASSERT_TRUE(!moved || QFile::rename(to + newName, from + name));
+        ASSERT_TRUE(QFile::remove(catalogue) && QFile::copy(catalogue + u".before"_s, catalogue));
+    }
+    EXPECT_GT(deaths, 10);
+    RecordProperty("deaths", deaths);
+    RecordProperty("settled", settled);
+    EXPECT_GT(settled, 2) << "it died between the rename and the row";
+    data.open();
+}
+
+TEST_F(TheRename, IsSettledByWhatTheDiskHolds)
+{
+    const auto expectAfter = [&](const QStringList &files, const QString &path, qint64 left) {
+        SCOPED_TRACE(qPrintable(files.join(u'|')));
+        keep();
+        QFile::remove(from + name);
+        for (const QString &there : files)
+            write(there);
+        data.reopen();
+        notes.settle();
+        expectAt(path);
+        EXPECT_EQ(notesLeft(), left);
+        for (const QString &there : files)
+            QFile::remove(there);
+    };
+    expectAfter({}, from + name, 0);
+    expectAfter({from + name}, from + name, 0);
+    expectAfter({from + name, to + newName}, from + name, 0);
+    // The volume is gone, and comes back with the file.
+    ASSERT_TRUE(QDir(data.folder()).rename(u"new"_s, u"away"_s));
+    expectAfter({}, from + name, 1);
+    ASSERT_TRUE(QDir(data.folder()).rename(u"away"_s, u"new"_s));
+    expectAfter({to + newName}, to + newName, 0);
+}
+
+TEST_F(TheRename, LeavesAloneWhatIsNotItsOwn)
+{
+    // One row was given another file by hand, one song bears the new file already, one track another case.
+    const qint64 changed = data.addSong(Song(u"b"_s).file(from, u"by hand.mp3"_s));
+    const QString twin = from + name.toUpper();
+    data.addRow(u"tblPlayListDetail"_s, {{u"ListID"_s, 9}, {u"FileName"_s, twin}});
+    keep(changed);
+    ASSERT_TRUE(QFile::rename(from + name, to + newName));
+    notes.settle();
+    EXPECT_EQ(file(changed), from + u"by hand.mp3"_s);
+    EXPECT_EQ(tracks(), QStringList({to + newName, to + newName, twin}));
+
+    data.addSong(Song(u"c"_s).file(to, newName));
+    keep();
+    keep(77);
+    notes.settle();
+    EXPECT_EQ(file(), from + name);
+    EXPECT_EQ(notesLeft(), 0);
+}
+
+TEST_F(TheRename, IsNotedInOlderCataloguesAndNotBegunInReadOnlyOnes)
+{
+    dao::Schema first = catalogueSchema();
+    first.migrations = first.migrations.first(1);
+    const QString old = data.path(u"old.mdb"_s);
+    dao::DBEngine(first).CreateEmpty(old);
+    data.close();
+    data.catalogue().DatabaseFile = old;
+    const OrdinaryUser user({old, data.folder()});
+    for (const bool writable : {false, true}) {
+        QFile::setPermissions(old, writable ? QFile::ReadOwner | QFile::WriteOwner : QFile::ReadOwner);
+        data.open();
+        if (writable)
+            EXPECT_NO_THROW(keep());
+        else
+            EXPECT_THROW(keep(), dao::DaoError);
+        EXPECT_TRUE(!writable || notesLeft() == 1);
+        notes.settle();
+        data.close();
+    }
+}
+
+} // namespace

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/EditorFixture.h"
+
+#include "platform/text/Text.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly::test {
+
+EditorTest::EditorTest()
+    : commands({desktop, set, screen, store.catalogue(), player, state,
+                [this](std::function<void()> closed) {
+                    form = new NameEdit({desktop, set, screen, store.catalogue(), store.settings(), options,
+                                         player, state, MusicFolder, [this] { return now; }, hooks});
+                    form->showModally(std::move(closed));
+                },
+                [this] { ++listShown; }})
+{
+    QDir().mkpath(music());
+}
+
+EditorTest::~EditorTest()
+{
+    delete form;
+    set.Data1().Close();
+}
+
+void EditorTest::write(const QString &name, const QByteArray &bytes) const
+{
+    QDir().mkpath(QFileInfo(music(name)).path());
+    QFile file(music(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+QByteArray EditorTest::read(const QString &path) const
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+}
+
+qint64 EditorTest::song(const QString &name, const QString &artist)
+{
+    const QString file = name + u".mp3"_s;
+    write(file, name.toUtf8());
+    return store.addSong(Song(name, artist).file(music(), file));
+}
+
+void EditorTest::display()
+{
+    set.openAtLoad();
+    set.openAtFirstActivation();
+}
+
+void EditorTest::edit(qint64 song)
+{
+    if (!set.Data1().isOpen())
+        display();
+    ASSERT_TRUE(set.Data1().findRecord(song));
+    commands.cmdEdit_Click();
+    ASSERT_TRUE(isOpen());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+}
+
+void EditorTest::add()
+{
+    if (!set.Data1().isOpen())
+        display();
+    commands.cmdAdd_Click();
+    ASSERT_TRUE(isOpen());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+}
+
+QString EditorTest::shown(const QString &name)
+{
+    auto &widget = control(name);
+    if (const auto *line = qobject_cast<QLineEdit *>(&widget))
+        return line->text();
+    if (const auto *box = qobject_cast<QComboBox *>(&widget))
+        return box->currentText();
+    if (const auto *label = qobject_cast<QLabel *>(&widget))
+        return label->text();
+    if (const auto *button = qobject_cast<QAbstractButton *>(&widget))
+        return button->text();
+    return qobject_cast<QPlainTextEdit *>(&widget)->toPlainText();
+}
+
+void EditorTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(form->focusWidget(), key, modifiers);
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+void EditorTest::leave(const QString &name)
+{
+    control(name).setFocus();
+    press(Qt::Key_Return);
+}
+
+QString EditorTest::focus() const
+{
+    return form->focusWidget()->objectName();
+}
+
+QString EditorTest::value(qint64 song, const QString &field)
+{
+    return NullToEmpty(store.songValue(song, field));
+}
+
+void EditorTest::reopen()
+{
+    EXPECT_FALSE(isOpen());
+    set.Data1().Close();
+    store.reopen();
+}
+
+} // namespace quaverly::test

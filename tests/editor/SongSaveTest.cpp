@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/DuplicateQueries.h"
+#include "editor/EditorFixture.h"
+#include "support/Limits.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QStorageInfo>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+using namespace quaverly::test;
+
+namespace {
+
+class TheSave : public EditorTest
+{
+protected:
+    void SetUp() override
+    {
+        sos = song(u"SOS"_s);
+        other = song(u"Other"_s);
+        list = store.addPlayList(u"Party"_s);
+        for (const QString &file : {music(u"SOS.mp3"_s), music(u"sos.mp3"_s), music(u"Other.mp3"_s)})
+            store.addRow(u"tblPlayListDetail"_s, {{u"ListID"_s, list}, {u"FileName"_s, file}});
+        QDir().mkpath(music(u"new"_s));
+    }
+    QStringList tracks() { return store.column(u"Select FileName From tblPlayListDetail"_s); }
+    QStringList files(const QString &folder = {})
+    {
+        return QDir(music(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+    qint64 notes() { return store.valueOf(u"Select Count(*) From tblRenameNotes"_s).toLongLong(); }
+    QString row() { return value(sos, u"PathName"_s) + value(sos, u"FileName"_s); }
+    /** Types the names, with OK at each warning, and saves. */
+    void rename(const QString &path, const QString &name, bool closes = true)
+    {
+        if (!isOpen())
+            edit(sos);
+        if (name != shown(u"txtFileName"_s)) {
+            desktop.willPassWarning(true);
+            enter(u"txtFileName"_s, name);
+            press(Qt::Key_Tab);
+        }
+        if (path != shown(u"txtPathName"_s)) {
+            desktop.willPassWarning(true);
+            enter(u"txtPathName"_s, path);
+            press(Qt::Key_Tab);
+        }
+        press(u"cmdSave"_s);
+        EXPECT_EQ(isOpen(), !closes);
+    }
+
+    qint64 sos = 0, other = 0, list = 0;
+};
+
+TEST_F(TheSave, RenamesTheFileAndItsTracksOnly)
+{
+    rename(music(), u"S.O.S. \"live\".mp3"_s.remove(u'"'));
+    reopen();
+    EXPECT_EQ(files(), QStringList({u"Other.mp3"_s, u"S.O.S. live.mp3"_s}));
+    EXPECT_EQ(read(row()), "SOS");
+    EXPECT_EQ(tracks(),
+              QStringList({music(u"S.O.S. live.mp3"_s), music(u"sos.mp3"_s), music(u"Other.mp3"_s)}));
+    EXPECT_EQ(notes(), 0);
+}
+
+TEST_F(TheSave, MovesTheFileFromAFolderWhoseNameHoldsQuotes)
+{
+    const QString folder = music(u"it's \"12\\inch\"/"_s);
+    QDir().mkpath(folder);
+    rename(folder, u"SOS.mp3"_s);
+    EXPECT_EQ(read(row()), "SOS");
+    rename(music(u"new"_s), u"back.mp3"_s);
+    reopen();
+    EXPECT_EQ(row(), music(u"new/back.mp3"_s));
+    EXPECT_EQ(read(row()), "SOS");
+    EXPECT_EQ(tracks().first(), row());
+    EXPECT_EQ(files(), QStringList(u"Other.mp3"_s));
+}
+
+TEST_F(TheSave, MovesTheFileToAnotherFileSystem)
+{
+    QTemporaryDir elsewhere(u"/dev/shm/quaverly-XXXXXX"_s);
+    ASSERT_TRUE(elsewhere.isValid());
+    rename(elsewhere.path() + u'/', u"SOS.mp3"_s);
+    reopen();
+    EXPECT_EQ(read(elsewhere.filePath(u"SOS.mp3"_s)), "SOS");
+    EXPECT_EQ(row(), elsewhere.filePath(u"SOS.mp3"_s));
+    EXPECT_FALSE(QFile::exists(music(u"SOS.mp3"_s)));
+}
+
+TEST_F(TheSave, GoesBackWhenTheWarningIsNotAccepted)
+{
+    edit(sos);
+    desktop.willPassWarning(false);
+    enter(u"txtFileName"_s, u"b.mp3"_s);
+    press(u"cmdSave"_s);
+    EXPECT_EQ(focus(), u"txtFileName"_s);
+    EXPECT_EQ(shown(u"txtFileName"_s), u"SOS.mp3"_s);
+    // One click does, with the warning in between.
+    desktop.willPassWarning(true);
+    enter(u"txtFileName"_s, u"b.mp3"_s);
+    press(u"cmdSave"_s);
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(read(music(u"b.mp3"_s)), "SOS");
+}
+
+TEST_F(TheSave, NeverOverwritesAFile)
+{
+    write(u"new/SOS.mp3"_s, "mine");
+    rename(music(u"new/"_s), u"SOS.mp3"_s);
+    reopen();
+    EXPECT_EQ(row(), music(u"new/SOS.mp3"_s));
+    EXPECT_EQ(read(music(u"new/SOS.mp3"_s)), "mine");
+    EXPECT_EQ(read(music(u"SOS.mp3"_s)), "SOS");
+    EXPECT_EQ(tracks().first(), music(u"SOS.mp3"_s));
+}
+
+TEST_F(TheSave, LeavesTheDiskAloneWhenToldSo)
+{
+    options.FileRenameDisabled = true;
+    edit(sos);
+    enter(u"txtFileName"_s, u"b.mp3"_s);
+    press(u"cmdSave"_s);
+    reopen();
+    EXPECT_EQ(row(), music(u"b.mp3"_s));
+    EXPECT_EQ(files(), QStringList({u"Other.mp3"_s, u"SOS.mp3"_s}));
+    EXPECT_EQ(tracks().first(), music(u"SOS.mp3"_s));
+}
+
+TEST_F(TheSave, TakesNewNamesOfAFileThatIsGone)
+{
+    QFile::remove(music(u"SOS.mp3"_s));
+    edit(sos);
+    enter(u"txtFileName"_s, u"b.mp3"_s);
+    press(u"cmdSave"_s);
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(row(), music(u"b.mp3"_s));
+}
+
+TEST_F(TheSave, RefusesWithTheFileMovedAndWritesTheRowLater)
+{
+    store.db().Execute(u"Update tblContacts Set ID='7' Where RecordID="_s + QString::number(other));
+    edit(sos);
+    enter(u"txtID"_s, u"7"_s);
+    desktop.willPassWarning(true);
+    enter(u"txtFileName"_s, u"b.mp3"_s);
+    desktop.willSee(u"You cannot have a Song with the same ID number as an existing Song."_s);
+    press(u"cmdSave"_s);
+    EXPECT_EQ(focus(), u"txtID"_s);
+    EXPECT_EQ(row(), music(u"SOS.mp3"_s));
+    EXPECT_EQ(read(music(u"b.mp3"_s)), "SOS");
+    EXPECT_EQ(tracks().first(), music(u"b.mp3"_s));
+    EXPECT_EQ(notes(), 1);
+    enter(u"txtSongName"_s, u" other "_s);
+    press(u"cmdSave"_s);
+    EXPECT_FALSE(isOpen());
+    reopen();
+    EXPECT_EQ(row(), music(u"b.mp3"_s));
+    EXPECT_EQ(notes(), 0);
+}
+
+TEST_F(TheSave, RefusesHalfNamesAndBadOnes)
+{
+    edit(sos);
+    const auto refuse = [this](const QString &path, const QString &name, const QString &text) {
+        control<QLineEdit>(u"txtPathName"_s).setText(path);
+        control<QLineEdit>(u"txtFileName"_s).setText(name);
+        desktop.willSee(text);
+        press(u"cmdSave"_s);
+        EXPECT_TRUE(isOpen()) << text.toStdString();
+    };
+    refuse(music(), u"a?.mp3"_s, u"File Name contains illegal characters.  Please correct it."_s);
+    refuse({}, {}, u"File Name is blank.  Please correct it."_s);
+    options.FileRenameDisabled = true;
+    refuse(u"/nowhere/"_s, u"SOS.mp3"_s, u"The Path name does not exist."_s);
+    refuse({}, u"SOS.mp3"_s, u"The Path name cannot be blank if the File name is not blank."_s);
+    refuse(music(), {}, u"The File name cannot be blank if the Path name is not blank."_s);
+    refuse(music(u"SOS.mp3"_s), u"x.mp3"_s, u"The Path name does not exist."_s);
+    // Two songs of one file: the catalogue refuses the row.
+    refuse(music(), u"Other.mp3"_s, QString());
+    EXPECT_FALSE(state.RecordSaved);
+    EXPECT_TRUE(state.RecordDirty);
+    desktop.willAnswer(Answer::Yes, u"Lose any changes?"_s);
+    press(Qt::Key_Escape);
+    reopen();
+    EXPECT_EQ(row(), music(u"SOS.mp3"_s));
+}
+
+TEST_F(TheSave, TellsWhatTheDiskRefusesAndKeepsEverything)
+{
+    const OrdinaryUser user({store.folder(), store.path(u"QVdata.mdb"_s), music(), music(u"SOS.mp3"_s)});
+    QDir().mkpath(music(u"closed"_s));
+    QFile(music(u"closed"_s)).setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    edit(sos);
+    desktop.willPassWarning(true).willSee();
+    enter(u"txtPathName"_s, music(u"closed"_s));
+    press(u"cmdSave"_s);
+    EXPECT_TRUE(isOpen() && state.RecordDirty);
+    EXPECT_EQ(desktop.lastCall().title, u"Error"_s);
+    EXPECT_EQ(notes(), 0);
+    desktop.willPassWarning(true).willSee();
+    enter(u"txtPathName"_s, music());
+    enter(u"txtFileName"_s, QString(255, u'ü'));
+    press(u"cmdSave"_s);
+    EXPECT_EQ(files(), QStringList({u"Other.mp3"_s, u"SOS.mp3"_s}));
+    EXPECT_EQ(row(), music(u"SOS.mp3"_s));
+    EXPECT_EQ(tracks().first(), music(u"SOS.mp3"_s));
+    desktop.willAnswer(Answer::Yes, u"Lose any changes?"_s);
+    press(Qt::Key_Escape);
+    QFile(music(u"closed"_s)).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+TEST_F(TheSave, SurvivesARowThatWasDeletedElsewhere)
+{
+    edit(sos);
+    store.db().Execute(u"Delete From tblContacts Where RecordID="_s + QString::number(sos));
+    enter(u"txtAlbum"_s, u"x"_s);
+    desktop.willSee();
+    press(u"cmdSave"_s);
+    EXPECT_TRUE(isOpen() && state.RecordDirty);
+    desktop.willSee();
+    press(u"cmdNext"_s);
+    EXPECT_EQ(shown(u"txtAlbum"_s), u"x"_s);
+    desktop.willAnswer(Answer::Yes, u"Lose any changes?"_s);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(files(), QStringList({u"Other.mp3"_s, u"SOS.mp3"_s}));
+    EXPECT_EQ(value(other, u"AlbumName"_s), QString());
+}
+
+TEST_F(TheSave, SavesNothingFromADuplicateView)
+{
+    store.db().Execute(u"Update tblContacts Set SongName='SOS', FileSize='1 MB'"_s);
+    ensureDuplicateQueries(store.db());
+    display();
+    ASSERT_TRUE(set.duplicateView(u"qryDuplicateSongs"_s));
+    edit(sos);
+    EXPECT_FALSE(control(u"cmdSave"_s).isEnabled() || control(u"cmdAddNew"_s).isEnabled());
+    enter(u"txtAlbum"_s, u"x"_s);
+    press(u"cmdNext"_s);
+    EXPECT_TRUE(isOpen());
+    enter(u"txtAlbum"_s, u"y"_s);
+    press(u"cmdCancel"_s);
+    reopen();
+    EXPECT_EQ(store.valueOf(u"Select Count(*) From tblContacts Where AlbumName > ''"_s), 0);
+}
+
+TEST_F(TheSave, RenamesToWhatThePromptSays)
+{
+    edit(sos);
+    desktop.willType(u"Save Our Souls"_s).willPassWarning(true);
+    press(u"cmdBrowseFile"_s);
+    EXPECT_EQ(desktop.lastCall().offered, u"SOS"_s);
+    EXPECT_EQ(shown(u"txtFileName"_s), u"Save Our Souls.mp3"_s);
+    press(Qt::Key_Tab);
+    desktop.willBrowse(music(u"new/"_s)).willPassWarning(true);
+    press(u"cmdBrowsePath"_s);
+    EXPECT_EQ(MusicFolder, music());
+    press(u"cmdSave"_s);
+    reopen();
+    EXPECT_EQ(read(music(u"new/Save Our Souls.mp3"_s)), "SOS");
+    EXPECT_EQ(row(), music(u"new/Save Our Souls.mp3"_s));
+}
+
+} // namespace

@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "intake/cMP3ID3v2.h"
+#include "intake/fuzz/Mp3TagFuzz.h"
+#include "support/QtPrinters.h"
+#include "support/TagBytes.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace tagbytes;
+
+namespace quaverly::test {
+
+namespace {
+
+/** A tag whose size says @p size, whatever follows. */
+QByteArray tag(char version, quint32 size, const QByteArray &frames)
+{
+    return "ID3" + QByteArray(1, version) + QByteArray(2, '\0') + bigEndian(size) + frames;
+}
+
+QByteArray shortFrame(const QByteArray &id, const QByteArray &content)
+{
+    return id + bigEndian(static_cast<quint32>(content.size())).mid(1) + content;
+}
+
+QString sourceOf(const std::function<void()> &act)
+{
+    try {
+        act();
+    } catch (const Mp3TagError &error) {
+        return error.source;
+    }
+    return u"no error"_s;
+}
+
+class Mp3Tag : public ::testing::Test
+{
+protected:
+    QString write(const QByteArray &bytes)
+    {
+        QFile file(m_folder.filePath(u"song.mp3"_s));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return file.fileName();
+    }
+    cMP3ID3v2 &read(const QByteArray &bytes)
+    {
+        m_tag.setMP3File(write(bytes));
+        return m_tag;
+    }
+    [[nodiscard]] QStringList frames() const
+    {
+        QStringList ids;
+        for (qint32 i = 1; i <= m_tag.FrameCount(); ++i)
+            ids += m_tag.Frame(i);
+        return ids;
+    }
+
+    QTemporaryDir m_folder;
+    cMP3ID3v2 m_tag;
+    const QByteArray m_title = latin1Frame("TIT2", "Tiger");
+    /** Two artists and a title. */
+    const QByteArray m_frames = latin1Frame("TPE1", "Abba") + m_title + latin1Frame("TPE1", "Blur") +
+                                latin1Frame("TPE1", "Cher") + QByteArray(64, '\0');
+};
+
+} // namespace
+
+TEST_F(Mp3Tag, IsFoundBeforeTheFirstSound)
+{
+    const QByteArray all = tag(3, 100'000, m_title + QByteArray(99, '\0'));
+    struct Case
+    {
+        const char *what;
+        QByteArray file;
+        bool found;
+    };
+    const Case cases[] = {
+        {"at the start", all, true},
+        {"at 5000", QByteArray(5000, 'x') + all, true},
+        {"behind a sound in an earlier chunk", "\xFF\xFB" + QByteArray(5000, 'x') + all, false},
+        {"behind a sound in its chunk", "\xFF\xFB" + QByteArray(500, 'x') + all, true},
+        {"over two chunks", QByteArray(4094, 'x') + all, true},
+        {"nothing", {}, false},
+        {"all but the last byte", "xID3", false},
+        {"no tag", QByteArray(9000, 'x'), false}};
+    for (const Case &c : cases) {
+        cMP3ID3v2 fresh;
+        fresh.setMP3File(write(c.file));
+        EXPECT_EQ(fresh.HasID3v2Tag(), c.found) << c.what;
+        EXPECT_EQ(fresh.FrameCount(), c.found ? 1 : 0) << c.what;
+    }
+    read(all);
+    EXPECT_TRUE(read("nothing").HasID3v2Tag()) << "position and version are those of the file before";
+    EXPECT_EQ(m_tag.FrameCount(), 0);
+}
+
+TEST_F(Mp3Tag, CountsTheTextsOfAFrame)
+{
+    read(tag(3, 1000, m_frames));
+    EXPECT_EQ(frames(), (QStringList{u"TPE1"_s, u"TIT2"_s}));
+    EXPECT_EQ(m_tag.TagsInFrame(u"TPE1"_s), 3);
+    EXPECT_EQ(m_tag.TagsInFrame(1), 1) << "a count that grew has moved behind the others";
+    EXPECT_EQ(m_tag.Tag(u"TPE1"_s, 3), u"Cher"_s);
+    for (const auto &unknown : {std::function<void()>([&] { (void)m_tag.Frame(3); }),
+                                {[&] { (void)m_tag.Frame(0); }},
+                                {[&] { (void)m_tag.Tag(u"TPE1"_s, 4); }},
+                                {[&] { (void)m_tag.TagsInFrame(u"X"_s); }}})
+        EXPECT_THROW(unknown(), dao::DaoError);
+    EXPECT_THROW((void)cMP3ID3v2().FrameCount(), dao::DaoError) << "before any file";
+}
+
+TEST_F(Mp3Tag, ReadsSizesAsPlainNumbers)
+{
+    for (const char version : {char(1), char(5)}) {
+        EXPECT_EQ(read(tag(version, 1000, m_frames)).ID3v2TagVersion(), version);
+        EXPECT_TRUE(m_tag.HasID3v2Tag());
+        EXPECT_EQ(m_tag.FrameCount(), 0);
+    }
+    // A packed size of 2048 reads as 4096, so that a frame of 3000 is still within it.
+    read(tag(4, 0x1000, latin1Frame("TIT2", QByteArray(2999, 'x'))));
+    EXPECT_EQ(m_tag.Tag(u"TIT2"_s, 1).size(), 2999);
+    // Each header counts as 16, which leaves no room for the second frame.
+    read(tag(3, 42, m_title + m_title + m_title));
+    EXPECT_EQ(m_tag.TagsInFrame(u"TIT2"_s), 1);
+    read(tag(3, 44, QByteArray(m_title)) + m_title + m_title);
+    EXPECT_EQ(m_tag.TagsInFrame(u"TIT2"_s), 2);
+    // The position counts from the start of the file.
+    read(QByteArray(500, 'x') + tag(3, 400, m_frames));
+    EXPECT_EQ(frames(), QStringList{u"TPE1"_s});
+}
+
+TEST_F(Mp3Tag, TurnsShortIdsIntoLongOnes)
+{
+    read(tag(2, 1000,
+             shortFrame("TT2", QByteArray("\0Tiger", 6)) + shortFrame("PIC", "xyz") +
+                 shortFrame("ULT", "words") + shortFrame("COM", QByteArray("\0eng\0fine", 9)) +
+                 QByteArray(10, '\0')));
+    EXPECT_EQ(frames(), (QStringList{u"TIT2"_s, u""_s, u"COMM"_s}));
+    EXPECT_EQ(m_tag.Tag({}, 2), u"words"_s);
+    EXPECT_EQ(m_tag.Comment(), u"fine"_s);
+}
+
+TEST_F(Mp3Tag, KeepsWhatTellsTheEncoding)
+{
+    const QByteArray wide("\1\xFF\xFE"
+                          "A\0b\0",
+                          7);
+    read(tag(3, 1000,
+             frame("TIT2", wide) + frame("TALB", "\3\xC3\xA9") + frame("TCOM", QByteArray("\0\xE9t", 3)) +
+                 frame("COMM", QByteArray("\0eng\0one", 8)) + frame("COMM", QByteArray("\0deu\0two", 8))));
+    EXPECT_EQ(m_tag.Tag(u"TIT2"_s, 1), u"\u0001ÿþAb"_s);
+    EXPECT_EQ(m_tag.Tag(u"TALB"_s, 1), u"\u0003é"_s);
+    EXPECT_EQ(m_tag.Tag(u"TCOM"_s, 1), u"ét"_s);
+    EXPECT_EQ(m_tag.Comment(), u"one"_s + QChar(u'\0') + u"\r\ndeutwo"_s);
+    m_tag.setComment(u"mine"_s);
+    EXPECT_EQ(m_tag.Comment(), u"mine"_s);
+    EXPECT_EQ(m_tag.TagsInFrame(u"COMM"_s), 1);
+    EXPECT_EQ(m_tag.Tag(u"COMM"_s, 1), QChar(u'\0') + u"nt"_s + QChar(u'\0') + u"mine"_s);
+}
+
+TEST_F(Mp3Tag, LosesTheOtherFramesTextsWithOneText)
+{
+    read(tag(3, 1000, m_frames));
+    m_tag.RemoveTag(u"TPE1"_s, 2);
+    EXPECT_EQ(m_tag.TagsInFrame(u"TPE1"_s), 2);
+    EXPECT_EQ(m_tag.Tag(u"TPE1"_s, 2), u"Cher"_s);
+    EXPECT_THROW((void)m_tag.Tag(u"TIT2"_s, 1), dao::DaoError);
+    EXPECT_EQ(m_tag.TagsInFrame(u"TIT2"_s), 1);
+    m_tag.AddTag(u"TPE1"_s, u"Dido"_s);
+    m_tag.AddTag(u"TYER"_s, u"1976"_s);
+    EXPECT_EQ(m_tag.Tag(u"TPE1"_s, 3), u"Dido"_s);
+    m_tag.RemoveTag(u"TYER"_s, 1);
+    EXPECT_EQ(frames(), (QStringList{u"TPE1"_s, u"TIT2"_s}));
+    m_tag.RemoveFrame(u"TPE1"_s);
+    EXPECT_EQ(frames(), QStringList{u"TIT2"_s});
+    EXPECT_THROW((void)m_tag.Tag(u"TPE1"_s, 1), dao::DaoError);
+}
+
+TEST_F(Mp3Tag, NamesTheSourceOfAnError)
+{
+    const QString program = QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName();
+    read(tag(3, 1000, m_frames));
+    EXPECT_EQ(sourceOf([&] { m_tag.RemoveTag(u"TPE1"_s, 9); }), program + u".cMP3ID3v2"_s);
+    EXPECT_EQ(sourceOf([&] { m_tag.RemoveFrame(u"TXXX"_s); }), program + u".cMP3ID3v2"_s);
+    EXPECT_EQ(sourceOf([&] { m_tag.RemoveFrame(3); }), program + u".cMP3ID3v2"_s);
+    EXPECT_EQ(m_tag.FrameCount(), 2);
+    m_tag.RemoveFrame(1);
+    EXPECT_EQ(m_tag.TagsInFrame(u"TPE1"_s), 3) << "by number, the first count goes: the title's";
+    EXPECT_EQ(sourceOf([&] { m_tag.setMP3File(m_folder.filePath(u"none.mp3"_s)); }),
+              program + u".cMP3ID3v1"_s);
+    EXPECT_EQ(m_tag.FrameCount(), 0);
+}
+
+TEST_F(Mp3Tag, SurvivesAnything)
+{
+    const QByteArray seed =
+        tag(3, 0x7FFFFFFF, m_frames + frame("COMM", "\1eng") + "APIC" + bigEndian(0x7FFFFF00U) + "xx");
+    EXPECT_EQ(faultOfTag(seed, m_folder.path()), QString());
+    EXPECT_THROW(read(tag(4, 1000, "TIT2" + bigEndian(0xFFFFFF00U) + "xx")), dao::DaoError) << "below 0";
+    QRandomGenerator random(1);
+    for (int run = 0; run < 3000 && !HasFailure(); ++run) {
+        QByteArray input = seed;
+        for (int step = random.bounded(6); step >= 0; --step) {
+            const qsizetype at = random.bounded(static_cast<int>(input.size()));
+            if (random.bounded(4) == 0)
+                input.insert(at, seed.mid(random.bounded(40), random.bounded(60)));
+            else
+                input[at] = static_cast<char>(random.bounded(256));
+        }
+        EXPECT_EQ(faultOfTag(input, m_folder.path()), QString()) << input.toBase64().constData();
+    }
+}
+
+} // namespace quaverly::test

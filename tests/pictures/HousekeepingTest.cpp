@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pictures/PicturesFixture.h"
+#include "support/Limits.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly::test {
+
+class HousekeepingTest : public PicturesTest
+{
+protected:
+    static QStringList files(const QString &folder)
+    {
+        return QDir(folder).entryList(QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
+    }
+};
+
+TEST_F(HousekeepingTest, DeletesPicturesThatNoSongHas)
+{
+    m_desktop.willSee(u"No pictures exist."_s);
+    m_housekeeping.OphanedPictures_Click();
+    const QStringList linked{u"a.jpg"_s, u"Say \"hi\".jpg"_s, u"Été.jpg"_s, u"EIGHT.JPG"_s};
+    for (const QString &name : linked + QStringList{u"lost.jpg"_s, u"lost \"2\".jpg"_s})
+        writeFile(pictures(name), "x");
+    song(u"One"_s, {u"a.jpg"_s, u"Say \"hi\".jpg"_s});
+    song(u"Two"_s, {u"été.jpg"_s, {}, {}, {}, {}, {}, {}, u"eight.jpg"_s});
+    m_desktop.willAnswer(Answer::Yes, u"Number of orphaned pictures found: 2.\r\nThese are"_s)
+        .willSee(u"Orphaned pictures deleted."_s)
+        .willSee(u"No orphaned pictures found."_s);
+    m_housekeeping.OphanedPictures_Click();
+    EXPECT_EQ(m_desktop.calls().at(1).title, u"Clean-up Confirmation"_s);
+    EXPECT_EQ(m_desktop.calls().at(1).defaultAnswer, Answer::No);
+    QStringList left = files(pictures());
+    EXPECT_EQ(left.size(), linked.size()) << left.join(u' ').toStdString();
+    m_housekeeping.OphanedPictures_Click();
+}
+
+TEST_F(HousekeepingTest, MovesThemOrLeavesThem)
+{
+    writeFile(pictures(u"lost.jpg"_s), "new");
+    QDir().mkpath(deleted());
+    writeFile(deleted(u"lost.jpg"_s), "old");
+    m_desktop.willAnswer(Answer::No)
+        .willAnswer(Answer::No, u"move them"_s)
+        .willSee(u"left in the Quaverly"_s);
+    m_housekeeping.OphanedPictures_Click();
+    EXPECT_EQ(m_desktop.lastCall().title, u"Pictures not deleted."_s);
+    EXPECT_EQ(readFile(deleted(u"lost.jpg"_s)), "old");
+    m_desktop.willAnswer(Answer::No).willAnswer(Answer::Yes).willSee(u"moved to the Quaverly Deleted"_s);
+    m_housekeeping.OphanedPictures_Click();
+    EXPECT_EQ(readFile(deleted(u"lost.jpg"_s)), "new");
+    EXPECT_EQ(files(pictures()), QStringList());
+}
+
+TEST_F(HousekeepingTest, EmptiesOneFolderAndNothingElse)
+{
+    m_desktop.willSee(u"No Deleted Pictures exist."_s);
+    m_housekeeping.EmptyDeletedPicturesFolder_Click();
+    const QString precious = m_store.path(u"precious/"_s);
+    QDir().mkpath(precious);
+    writeFile(precious + u"one"_s, "x");
+    QDir().mkpath(deleted(u"sub"_s));
+    writeFile(deleted(u"sub/two"_s), "x");
+    writeFile(deleted(u"*.jpg"_s), "x");
+    QFile::link(precious, deleted(u"link to folder"_s));
+    QFile::link(precious + u"one"_s, deleted(u"link to file"_s));
+    QFile(deleted(u"*.jpg"_s)).setPermissions(QFile::ReadOwner);
+    m_desktop.willAnswer(Answer::No, u"from the \r\n"_s + deleted() + u" folder?"_s);
+    m_housekeeping.EmptyDeletedPicturesFolder_Click();
+    EXPECT_EQ(files(deleted()).size(), 2);
+    m_desktop.willAnswer(Answer::Yes).willSee(u"Files deleted."_s);
+    m_housekeeping.EmptyDeletedPicturesFolder_Click();
+    EXPECT_EQ(QDir(deleted()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System),
+              QStringList{u"sub"_s});
+    EXPECT_TRUE(QFile::exists(precious + u"one"_s) && QFile::exists(deleted(u"sub/two"_s)));
+
+    QDir(deleted()).removeRecursively();
+    QFile::link(precious, m_store.path(u"Deleted Pictures"_s));
+    m_desktop.willSee(u"No Deleted Pictures exist."_s);
+    m_housekeeping.EmptyDeletedPicturesFolder_Click();
+    EXPECT_TRUE(QFile::exists(precious + u"one"_s)) << "the folder itself is a link";
+}
+
+TEST_F(HousekeepingTest, SaysWhatItCannotDelete)
+{
+    QDir().mkpath(deleted());
+    writeFile(deleted(u"one.jpg"_s), "x");
+    QFile::setPermissions(deleted(), QFile::ReadOwner | QFile::ExeOwner);
+    {
+        const OrdinaryUser user({deleted(), m_store.folder()});
+        m_desktop.willAnswer(Answer::Yes).willSee(u"Path/File access error: "_s + deleted(u"one.jpg"_s));
+        m_housekeeping.EmptyDeletedPicturesFolder_Click();
+    }
+    QFile::setPermissions(deleted(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_EQ(files(deleted()).size(), 1);
+}
+
+} // namespace quaverly::test

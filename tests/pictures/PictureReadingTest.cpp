@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pictures/Picture.h"
+#include "pictures/PictureFiles.h"
+#include "pictures/TestPictures.h"
+#include "support/QtPrinters.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly::test {
+
+namespace {
+
+bool isNear(QRgb a, QRgb b)
+{
+    return std::abs(qRed(a) - qRed(b)) < 12 && std::abs(qGreen(a) - qGreen(b)) < 12 &&
+           std::abs(qBlue(a) - qBlue(b)) < 12;
+}
+
+qint64 mostMemoryInKilobytes()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+} // namespace
+
+TEST(PictureSize, MeetsTheBoxInItsProportions)
+{
+    const std::pair<QSize, QSize> cases[] = {
+        {{1024, 768}, {1024, 768}}, {{100, 100}, {768, 768}},    {{200, 100}, {1024, 512}},
+        {{100, 200}, {384, 768}},   {{4000, 3000}, {1024, 768}}, {{1, 1}, {768, 768}},
+        {{30000, 10}, {1024, 1}},   {{10, 30000}, {1, 768}},     {{110, 100}, {845, 768}}};
+    for (const auto &[own, fitted] : cases)
+        EXPECT_EQ(fittedSize(own, PictureBoxSize), fitted) << own.width() << " by " << own.height();
+}
+
+TEST(PictureNames, EndInJpg)
+{
+    const std::pair<QString, QString> names[] = {{u"cover.png"_s, u"cover.jpg"_s},
+                                                 {u"Cover.JPG"_s, u"Cover.JPG"_s},
+                                                 {u"abcd"_s, u"abcd"_s},
+                                                 {u"cover"_s, u"c.jpg"_s},
+                                                 {u""_s, u""_s},
+                                                 {u"a.gif"_s, u"a.jpg"_s}};
+    for (const auto &[name, link] : names)
+        EXPECT_EQ(asLinkName(name), link);
+    const std::pair<QString, QString> files[] = {{u"/a/b/front.cover.webp"_s, u"front.cover.jpg"_s},
+                                                 {u"/a/x:y\"?.png"_s, u"xy.jpg"_s},
+                                                 {u"/a/.png"_s, u".png.jpg"_s},
+                                                 {u"/a/???"_s, u"Picture.jpg"_s}};
+    for (const auto &[path, link] : files)
+        EXPECT_EQ(linkNameOf(path), link);
+}
+
+TEST(PictureReading, TakesWhatIsAPictureWhateverItsName)
+{
+    const QTemporaryDir folder;
+    const QImage wide = plain(30000, 20, Qt::green);
+    const QByteArray photo = fileOf(colourful(800, 600), "JPG");
+    struct Case
+    {
+        const char *what;
+        QByteArray bytes;
+        QSize size;
+        std::optional<QRgb> corner{};
+    };
+    const Case cases[] = {
+        {"nothing at all", {}, {}},
+        {"text", "no picture", {}},
+        {"a drawing that names files", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>", {}},
+        {"a bomb", pngBomb(30000, 30000), {}},
+        {"a bomb as large as may be", pngBomb(0x7FFFFFFF, 0x7FFFFFFF), {}},
+        {"a bitmap whose head lies",
+         fileOf(plain(4, 4, Qt::red), "BMP").replace(18, 8, "\xff\xff\xff\x7f\xff\xff\xff\x7f"),
+         {}},
+        {"one pixel", fileOf(plain(1, 1, Qt::red), "PNG"), {1, 1}, qRgb(255, 0, 0)},
+        {"30,000 pixels wide", fileOf(wide, "JPG"), {30000, 20}, qRgb(0, 255, 0)},
+        {"four inks", inkJpeg(), {16, 12}},
+        {"a moving picture's first", animatedGif(), {3, 2}, qRgb(255, 0, 0)},
+        {"a bitmap", fileOf(plain(40, 30, Qt::blue), "BMP"), {40, 30}, qRgb(0, 0, 255)},
+        {"half a file", photo.left(photo.size() / 2), {800, 600}, colourful(800, 600).pixel(0, 0)},
+        {"a head alone", photo.left(300), {}},
+        {"lying on its side", orientedJpeg(plain(60, 20, Qt::red), 6), {20, 60}, qRgb(255, 0, 0)},
+        {"large and lying", orientedJpeg(plain(3000, 1000, Qt::red), 8), {1000, 3000}, qRgb(255, 0, 0)},
+    };
+    const qint64 before = mostMemoryInKilobytes();
+    for (const Case &c : cases) {
+        const QString path = folder.filePath(u"picture.gif"_s);
+        writeFile(path, c.bytes);
+        const auto picture = readPicture(path, PictureBoxSize);
+        EXPECT_EQ(picture.value_or(Picture{}).size, c.size.isNull() ? Picture{}.size : c.size) << c.what;
+        if (!picture || !c.corner)
+            continue;
+        EXPECT_TRUE(isNear(picture->image.pixel(0, 0), *c.corner)) << c.what;
+        const QImage box = paintedBox(*picture, PictureBoxSize);
+        EXPECT_TRUE(isNear(box.pixel(0, 0), *c.corner)) << c.what;
+        EXPECT_LE(picture->image.width(), std::max(c.size.width(), 1024)) << c.what;
+    }
+    EXPECT_LT(mostMemoryInKilobytes() - before, 300 * 1024);
+    EXPECT_FALSE(readPicture(folder.path(), PictureBoxSize));
+    EXPECT_FALSE(takePicture(QImage(60000, 2000, QImage::Format_Mono), PictureBoxSize));
+}
+
+} // namespace quaverly::test

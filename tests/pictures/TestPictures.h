@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+
+namespace quaverly::test {
+
+/** Soft colours with some grain, as a photograph has them. */
+[[nodiscard]] QImage colourful(int width, int height);
+/** Sharp shapes on white. */
+[[nodiscard]] QImage drawn(int width, int height);
+/** One colour all over. */
+[[nodiscard]] QImage plain(int width, int height, const QColor &color);
+
+[[nodiscard]] QByteArray fileOf(const QImage &image, const char *format);
+/** A JPEG file with that orientation in its EXIF data. */
+[[nodiscard]] QByteArray orientedJpeg(const QImage &image, char orientation);
+/** The head of a PNG file of that size, and hardly more. */
+[[nodiscard]] QByteArray pngBomb(quint32 width, quint32 height);
+/** 16 by 12 pixels in four inks. */
+[[nodiscard]] QByteArray inkJpeg();
+/** Red, then blue; 3 by 2 pixels. */
+[[nodiscard]] QByteArray animatedGif();
+
+void writeFile(const QString &path, const QByteArray &bytes);
+[[nodiscard]] QByteArray readFile(const QString &path);
+
+} // namespace quaverly::test

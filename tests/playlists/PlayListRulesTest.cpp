@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlists/PlayListControls.h"
+#include "playlists/PlayListTracks.h"
+#include "support/QtPrinters.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+
+namespace {
+
+using enum PlayListControl;
+using enum PlayListEvent;
+
+constexpr PlayListControls Five =
+    mnuFileMakePlayListFile | cmdPlay | cmdPlay1 | mnuFileCopyMusic | mnuFileDisplayOnly;
+constexpr PlayListControls Seven = Five | mnuEditDeleteSong | mnuEditEditSong;
+constexpr PlayListControls All = AllPlayListControls;
+constexpr PlayListControls None;
+
+TEST(PlayListRules, FollowWhatHappened)
+{
+    struct Case
+    {
+        const char *what;
+        PlayListState state;
+        PlayListControls before;
+        PlayListControls enabled;
+        PlayListControls hidden;
+        QString lblMsg;
+    };
+    const QString kept = u"as before"_s;
+    const QString press = u"Press the Add Song button to add this song, or choose another play list."_s;
+    const PlayListControls ofList = mnuEditDelete | mnuEditPlayList | mnuFilePopulate | mnuEditAddSong;
+    const Case cases[] = {
+        {"no lists",
+         {.event = HeadersLoaded},
+         All,
+         All & ~(Five | mnuEditDelete | mnuEditPlayList | cmdOK | mnuFilePopulate),
+         lblSongTitle,
+         u"There are no play lists.  You must create a new one before you can add songs to it."_s},
+        {"lists",
+         {.event = HeadersLoaded, .hasLists = true},
+         mnuEditAddSong,
+         mnuEditAddSong | cmdOK,
+         None,
+         kept},
+        {"load without lists",
+         {.event = ScreenLoaded, .displaysSongs = true},
+         All,
+         All & ~(Seven | ofList | mnuAddAllSongs | cmdOK),
+         lblSongTitle | lblInstructions,
+         u"There are no play lists.  Click the Add New Play List button."_s},
+        {"load, none remembered",
+         {.event = ScreenLoaded, .hasLists = true, .displaysSongs = true},
+         All,
+         All & ~(Seven | ofList | mnuAddAllSongs | cmdOK),
+         lblSongTitle,
+         u"Select a play list."_s},
+        {"load to add a song",
+         {.event = ScreenLoaded,
+          .hasLists = true,
+          .isListChosen = true,
+          .isFirstRowEmpty = false,
+          .displaysSongs = true,
+          .AddingFromGrid = true},
+         mnuEditAddSong | Seven,
+         mnuEditAddSong | Seven | ofList | mnuAddAllSongs | cmdOK,
+         lblInstructions,
+         press},
+        {"load, remembered",
+         {.event = ScreenLoaded, .hasLists = true, .isListChosen = true, .isFirstRowEmpty = false},
+         Seven,
+         Seven | mnuEditDelete | mnuEditPlayList | mnuFilePopulate,
+         lblInstructions,
+         {}},
+        {"load, empty list",
+         {.event = ScreenLoaded, .hasLists = true, .isListChosen = true, .displaysSongs = true},
+         All,
+         All & ~(Seven | cmdOK),
+         lblInstructions,
+         {}},
+        {"no tracks", {.event = TracksLoaded}, All, All & ~Five, None, kept},
+        {"tracks", {.event = TracksLoaded, .hasTracks = true}, cmdOK, cmdOK | Five, None, kept},
+        {"a list, a song waits",
+         {.event = ListChosen, .isFirstRowEmpty = false, .displaysSongs = true, .songWaits = true},
+         Five,
+         Seven | ofList | mnuAddAllSongs | cmdOK,
+         lblInstructions,
+         press},
+        {"a list, no song waits",
+         {.event = ListChosen, .isFirstRowEmpty = false},
+         All,
+         All & ~(mnuAddAllSongs | cmdOK),
+         lblInstructions | cmdOK | lblSongTitle,
+         u"Add Songs by selecting them from previous screen using the Right mouse button."_s},
+        {"an empty list",
+         {.event = ListChosen, .displaysSongs = true, .songWaits = true},
+         All,
+         All & ~Seven,
+         lblInstructions,
+         press},
+        {"a song is clicked", {.event = SongChosen}, None, mnuEditEditSong, None, kept},
+        {"a song was added",
+         {.event = SongAdded},
+         cmdOK,
+         cmdOK | Five | mnuEditDeleteSong | mnuFilePopulate,
+         cmdOK,
+         u"Song was added to Play List."_s},
+        {"all were added",
+         {.event = AllSongsAdded, .songsAdded = 12},
+         Five,
+         Five,
+         None,
+         u"12 songs were added to Play List."_s},
+        {"a song of several is deleted", {.event = SongDeleted, .hasTracks = true}, All, All, None, kept},
+        {"the last song is deleted",
+         {.event = SongDeleted},
+         All,
+         All & ~(Seven | mnuFilePopulate),
+         None,
+         kept},
+        {"the list is deleted", {.event = ListDeleted}, All, All & ~(Seven | ofList | cmdOK), None, kept},
+    };
+    for (const Case &each : cases) {
+        const PlayListLook look = lookAfter(each.state, {each.before, All, kept});
+        EXPECT_EQ(look.enabled.toInt(), each.enabled.toInt()) << each.what;
+        EXPECT_EQ(look.shown.toInt(), (All & ~each.hidden).toInt()) << each.what;
+        EXPECT_EQ(look.lblMsg, each.lblMsg) << each.what;
+    }
+}
+
+TEST(PlayListRules, MoveARowAboveTheOneItIsDroppedOn)
+{
+    struct Case
+    {
+        int selected, target;
+        QString order;
+    };
+    const Case cases[] = {
+        {0, 2, u"BACD "_s}, {0, 4, u"BCDA "_s},  {3, 0, u"DABC "_s},  {2, 1, u"ACBD "_s}, {1, 2, u"ABCD "_s},
+        {1, 1, u"ABCD "_s}, {-1, 2, u"ABCD "_s}, {1, -1, u"ABCD "_s}, {1, 5, u"ABCD "_s}, {4, 0, u"ABCD "_s},
+    };
+    for (const Case &each : cases) {
+        TrackRows rows;
+        rows.load({{u"A"_s, {}, 1}, {u"B"_s, {}, 2}, {u"C"_s, {}, 3}, {u"D"_s, {}, 4}});
+        rows.MoveListBoxItem(each.selected, each.target);
+        QString order;
+        for (int row = 0; row < rows.ListCount(); ++row)
+            order += rows.text(row).isEmpty() ? u" "_s : rows.text(row);
+        EXPECT_EQ(order, each.order) << each.selected << " to " << each.target;
+        EXPECT_EQ(rows.ItemData(0), order.at(0).unicode() - u'A' + 1);
+    }
+}
+
+TEST(PlayListRules, CountWhatIsDisplayed)
+{
+    const std::pair<QString, QString> cases[] = {
+        {u"Select DISTINCTROW * from  tblContacts Where a=1 order By b"_s,
+         u"Select Count(*) as RowCount from  tblContacts Where a=1 "_s},
+        {u"qryDuplicateSongs"_s, u"Select Count(*) as RowCount From qryDuplicateSongs"_s},
+    };
+    for (const auto &[source, expected] : cases)
+        EXPECT_EQ(countStatement(source), expected);
+}
+
+} // namespace

@@ -1,0 +1,416 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlists/PlayListFixture.h"
+#include "playlists/TrackListView.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace quaverly;
+using namespace quaverly::test;
+
+namespace {
+
+class PlayLists : public PlayListTest
+{
+protected:
+    /** The selected row's text. */
+    QString selected() { return rows().value(lbDetail().ListIndex()); }
+    void addHeader(const QString &name)
+    {
+        press(u"cmdAddHeader");
+        inScreen([&](QWidget &header) {
+            retype(child<QLineEdit>(header, u"txtPlayListName"_s), name);
+            click(header, u"cmdOK"_s);
+        });
+    }
+    void closeChild()
+    {
+        inScreen([](QWidget &over) { over.close(); });
+    }
+};
+
+TEST_F(PlayLists, AreChosenAndShown)
+{
+    open();
+    EXPECT_EQ(shown(u"lblMsg"), u"Select a play list."_s);
+    EXPECT_EQ(control<QComboBox>(u"cmbHeader").currentIndex(), -1);
+    EXPECT_TRUE(control<QComboBox>(u"cmbHeader").hasFocus());
+    pick(u"Party"_s);
+    EXPECT_EQ(
+        rows(),
+        (QStringList{
+            u"A <> Artist"_s, u"B <> Artist"_s, u"C <> Artist"_s, u"D <> Artist"_s, u"E <> Artist"_s, {}}));
+    EXPECT_EQ(shown(u"lblNumSongs"), u"Number of songs: 5"_s);
+    EXPECT_EQ(m_state.CurrentPlayListName, u"Party"_s);
+    EXPECT_FALSE(control<QWidget>(u"cmdOK").isVisible());
+    clickRow(5);
+    EXPECT_EQ(selected(), u"E <> Artist"_s);
+    choose(u"mnuReportsDetail");
+    EXPECT_EQ(m_reports, QStringList{u"Detail Party"_s});
+    press(u"cmdClose");
+    EXPECT_FALSE(isOpen());
+    open(u"party"_s);
+    EXPECT_EQ(rows().size(), 6);
+    EXPECT_EQ(shown(u"lblMsg"), QString());
+    m_screens.cmdPlayList_Click();
+    EXPECT_EQ(QApplication::activeModalWidget(), &screen());
+}
+
+TEST_F(PlayLists, TakeTheGridsSong)
+{
+    m_state.AddingFromGrid = true;
+    open();
+    EXPECT_EQ(screen().windowTitle(), u"Add song: \"Say \"Hi\"\" to play list."_s);
+    pick(u"Party"_s);
+    EXPECT_EQ(shown(u"lblSongTitle"), u"Say \"Hi\""_s);
+    press(u"cmdOK");
+    EXPECT_EQ(stored(m_party), u"A B C D E Say 'Hi'"_s);
+    EXPECT_EQ(selected(), u"Say 'Hi' <> Artist"_s);
+    EXPECT_EQ(shown(u"lblMsg"), u"Song was added to Play List."_s);
+    EXPECT_FALSE(control<QWidget>(u"cmdOK").isVisible());
+    screen().close();
+    EXPECT_FALSE(m_state.AddingFromGrid);
+
+    m_state.AddingFromGrid = true;
+    open();
+    pick(u"Empty"_s);
+    m_lists.deleteList(m_empty);
+    m_desktop.willSee(u"\"Empty\" Play list name not found."_s);
+    press(u"cmdOK");
+    EXPECT_EQ(numbers(m_empty), QString());
+}
+
+TEST_F(PlayLists, AreMadeRenamedAndDeleted)
+{
+    open(u"Party"_s);
+    m_desktop.willSee(u"You must enter a name for this new Play List."_s);
+    addHeader(u"   "_s);
+    closeChild();
+    m_desktop.willSee(u"A Play List already exists with this name.  Please chose another name."_s);
+    addHeader(u"pARTY "_s);
+    closeChild();
+    m_desktop.willSee(u"too small"_s);
+    addHeader(QString(300, u'x'));
+    closeChild();
+    for (const QString &name : {u"The \"best\""_s, u"A <> B & C"_s, u"PlayList "_s}) {
+        QString kept = name;
+        kept = kept.replace(u'"', u'\'').trimmed();
+        m_desktop.willSee(u"New play list added.\r\n("_s + kept + u')');
+        addHeader(name);
+        EXPECT_EQ(m_state.CurrentPlayListName, kept);
+        EXPECT_EQ(control<QComboBox>(u"cmbHeader").currentText(), kept);
+        EXPECT_TRUE(m_lists.ListID(kept).has_value());
+    }
+    const qint64 list = *m_lists.ListID(u"PlayList"_s);
+    choose(u"mnuEditPlayList");
+    inScreen([](QWidget &header) {
+        EXPECT_EQ(child<QLineEdit>(header, u"txtPlayListName"_s)->text(), u"PlayList"_s);
+        retype(child<QLineEdit>(header, u"txtPlayListName"_s), u"Later"_s);
+        type(child<QPlainTextEdit>(header, u"txtNotes"_s), u"notes"_s);
+        click(header, u"cmdOK"_s);
+    });
+    EXPECT_EQ(m_lists.ListID(u"Later"_s), list);
+    EXPECT_EQ(control<QComboBox>(u"cmbHeader").currentText(), u"Later"_s);
+    // The remembered name stays the old one.
+    EXPECT_EQ(m_state.CurrentPlayListName, u"PlayList"_s);
+    choose(u"mnuEditPlayList");
+    m_desktop.willAnswer(Answer::Yes, u"Are you sure you want to delete this play list?"_s);
+    inScreen([](QWidget &header) { click(header, u"cmdDelete"_s); });
+    EXPECT_FALSE(m_lists.exists(list));
+    // With no list chosen, the lists open by themselves.
+    EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    if (auto *popup = QApplication::activePopupWidget())
+        popup->close();
+    pick(u"Party"_s);
+    m_desktop.willAnswer(Answer::No, u"Are you sure you want to delete this entire play list?"_s);
+    choose(u"mnuEditDelete");
+    EXPECT_EQ(m_desktop.lastCall().defaultAnswer, Answer::No);
+    EXPECT_EQ(stored(m_party), u"A B C D E"_s);
+    m_desktop.willAnswer(Answer::Yes);
+    choose(u"mnuEditDelete");
+    EXPECT_FALSE(m_lists.exists(m_party));
+    EXPECT_EQ(stored(m_party), QString());
+    EXPECT_EQ(m_state.CurrentPlayListName, QString());
+    EXPECT_EQ(rows(), QStringList());
+    EXPECT_FALSE(control<QWidget>(u"cmdPlay").isEnabled());
+}
+
+TEST_F(PlayLists, OfOneNameAreToldApart)
+{
+    const qint64 other = addList(u"Party"_s, 2);
+    open();
+    auto &combo = control<QComboBox>(u"cmbHeader");
+    key(&combo, Qt::Key_End);
+    EXPECT_EQ(combo.currentData().toLongLong(), other);
+    EXPECT_EQ(rows().size(), 3);
+    choose(u"mnuEditPlayList");
+    m_desktop.willAnswer(Answer::Yes);
+    inScreen([](QWidget &header) { click(header, u"cmdDelete"_s); });
+    EXPECT_EQ(stored(m_party), u"A B C D E"_s);
+    EXPECT_FALSE(m_lists.exists(other));
+}
+
+TEST_F(PlayLists, AreReorderedWhenTheFocusLeaves)
+{
+    open(u"Party"_s);
+    const QAbstractItemModelTester tester(lbDetail().model());
+    dragRow(0, 2);
+    EXPECT_EQ(rows().mid(0, 3), (QStringList{u"B <> Artist"_s, u"A <> Artist"_s, u"C <> Artist"_s}));
+    EXPECT_EQ(selected(), u"A <> Artist"_s);
+    dragRow(1, 5);
+    EXPECT_EQ(selected(), u"A <> Artist"_s);
+    dragRow(0, 3, true);
+    EXPECT_EQ(rows().at(0), u"B <> Artist"_s);
+    EXPECT_EQ(stored(m_party), u"A B C D E"_s);
+    leaveList();
+    EXPECT_EQ(stored(m_party), u"B C D E A"_s);
+    // The same road by keys; at the ends of the list there is nowhere to go.
+    clickRow(4);
+    key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);
+    key(&lbDetail(), Qt::Key_Up, Qt::AltModifier);
+    leaveList();
+    EXPECT_EQ(stored(m_party), u"B C D A E"_s);
+    EXPECT_EQ(selected(), u"A <> Artist"_s);
+    clickRow(0);
+    key(&lbDetail(), Qt::Key_Up, Qt::AltModifier);
+    key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);
+    key(&lbDetail(), Qt::Key_Delete);
+    // What was moved keeps its place before another command works on the list.
+    EXPECT_EQ(stored(m_party), u"C D A E"_s);
+    clickRow(0);
+    key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);
+    screen().close();
+    EXPECT_EQ(stored(m_party), u"D C A E"_s);
+    EXPECT_EQ(numbers(m_party), u"1 2 3 4"_s);
+}
+
+TEST_F(PlayLists, SeekNumbersThatWereJustWritten)
+{
+    open(u"Party"_s);
+    dragRow(2, 0);
+    leaveList();
+    // C A B D E is what shows; A, first in the old order, takes a number that was meant for B.
+    EXPECT_EQ(rows().at(1), u"A <> Artist"_s);
+    EXPECT_EQ(stored(m_party), u"C B A D E"_s);
+    EXPECT_EQ(numbers(m_party), u"1 2 3 4 5"_s);
+}
+
+TEST_F(PlayLists, AreNotReorderedPastASongWithoutAnArtist)
+{
+    m_store.db().Execute(u"Update tblPlayListDetail Set ArtistName=\"\" Where SongTitle=\"D\""_s);
+    open(u"Party"_s);
+    dragRow(0, 3);
+    dragRow(4, 3);
+    m_desktop.willSee(u"Error number:5.  Invalid procedure call or argument"_s);
+    leaveList();
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(m_desktop.lastCall().title, u"Error"_s);
+    // The rows above are renumbered.
+    EXPECT_EQ(numbers(m_party), u"1 2 3 4 4"_s);
+
+    const qint64 other = addList(u"Other"_s, 3);
+    open(u"Other"_s);
+    m_lists.deleteTrack(other, 2);
+    dragRow(1, 0);
+    m_desktop.willSee(u"In ReOrderTracksAfterDrag routine.  Match not found on Track Title: "_s);
+    leaveList();
+    EXPECT_TRUE(isOpen());
+}
+
+TEST_F(PlayLists, LoseASongAndItsNumber)
+{
+    open(u"Party"_s);
+    lbDetail().clearSelection();
+    m_desktop.willSee(u"You must select a song to remove from the list."_s);
+    choose(u"mnuEditDeleteSong");
+    m_desktop.willSee(u"You must select a song to edit from the list."_s);
+    choose(u"mnuEditEditSong");
+    clickRow(1);
+    QMenu &menu = control<QMenu>(u"mnuEdit");
+    Q_EMIT lbDetail().customContextMenuRequested(
+        lbDetail().visualRect(lbDetail().model()->index(2, 0)).center());
+    EXPECT_EQ(selected(), u"C <> Artist"_s);
+    EXPECT_TRUE(menu.isVisible());
+    EXPECT_FALSE(control<QAction>(u"mnuEditDelete").isVisible());
+    control<QAction>(u"mnuEditDeleteSong").trigger();
+    menu.close();
+    EXPECT_TRUE(control<QAction>(u"mnuEditDelete").isVisible());
+    EXPECT_EQ(stored(m_party), u"A B D E"_s);
+    EXPECT_EQ(numbers(m_party), u"1 2 3 4"_s);
+    EXPECT_EQ(shown(u"lblNumSongs"), u"Number of songs: 4"_s);
+    for (int song = 0; song < 4; ++song) {
+        clickRow(0);
+        key(&lbDetail(), Qt::Key_Delete);
+    }
+    EXPECT_EQ(stored(m_party), QString());
+    EXPECT_EQ(rows(), QStringList{QString()});
+    EXPECT_FALSE(control<QAction>(u"mnuFilePopulate").isEnabled());
+    key(&lbDetail(), Qt::Key_Delete);
+}
+
+TEST_F(PlayLists, TakeAllDisplayedSongs)
+{
+    open(u"Party"_s);
+    m_desktop.willAnswer(Answer::No,
+                         u"Number of songs about to be added to Play List: 4.\r\n\r\nAre you sure?"_s);
+    choose(u"mnuAddAllSongs");
+    EXPECT_EQ(m_desktop.lastCall().title, u"Confirm Adding All *4* Songs To Play List"_s);
+    EXPECT_EQ(m_desktop.lastCall().defaultAnswer, Answer::No);
+    EXPECT_EQ(rows().size(), 6);
+    m_desktop.willAnswer(Answer::Yes);
+    choose(u"mnuAddAllSongs");
+    EXPECT_EQ(stored(m_party), u"A B C D E Say 'Hi' Take <> Five SOS Untitled"_s);
+    EXPECT_EQ(numbers(m_party), u"1 2 3 4 5 6 7 8 9"_s);
+    EXPECT_EQ(selected(), u"Untitled <> Artist"_s);
+    EXPECT_EQ(shown(u"lblMsg"), u"4 songs were added to Play List."_s);
+    EXPECT_EQ(m_store.column(u"select FileName from tblPlayListDetail Where SongTitle=\"SOS\""_s),
+              QStringList{u"/music/SOS.mp3"_s});
+}
+
+TEST_F(PlayLists, AreFullByEachOfTheirTests)
+{
+    QList<Track> tracks;
+    for (int i = 0; i < MostRows + 1; ++i)
+        tracks.append({.SongTitle = u"s"_s});
+    m_lists.addTracks(m_empty, 1, tracks.mid(0, MostTracks - 1));
+    open(u"Empty"_s);
+    EXPECT_EQ(rows().size(), MostTracks);
+    choose(u"mnuEditAddSong");
+    closeChild();
+    m_lists.addTracks(m_empty, MostTracks, tracks.mid(0, 1));
+    pick(u"Party"_s);
+    pick(u"Empty"_s);
+    m_desktop.willSee(u"Play List has reached maximum size of 32,000 songs.  No more can be added."_s);
+    choose(u"mnuEditAddSong");
+    // Adding all looks at the displayed songs alone; what is shown ends at 32,001.
+    m_desktop.willAnswer(Answer::Yes, u"This will add every song"_s);
+    choose(u"mnuAddAllSongs");
+    EXPECT_EQ(m_lists.highestTrack(m_empty), MostTracks + 4);
+    EXPECT_EQ(shown(u"lblNumSongs"), u"Number of songs: 32001"_s);
+    m_store.db().Execute(u"Update tblPlayListDetail Set ContactRecordID=1"_s);
+    m_displayed.Data1().setRecordSource(
+        u"SELECT DISTINCTROW tblContacts.* FROM tblContacts INNER JOIN tblPlayListDetail ON "
+        "tblContacts.RecordID = tblPlayListDetail.ContactRecordID  WHERE tblPlayListDetail.ListID=%1  order "
+        "by "
+        "tblContacts!SongName"_s.arg(m_empty));
+    m_desktop.willSee(u"You are trying to add 32004 songs."_s);
+    choose(u"mnuAddAllSongs");
+}
+
+TEST_F(PlayLists, TakeSongsByHand)
+{
+    const auto fill = [](QWidget &detail, const QString &title, const QString &file) {
+        retype(child<QLineEdit>(detail, u"txtSongName"_s), title);
+        retype(child<QLineEdit>(detail, u"txtFileName"_s), file);
+        child<QLineEdit>(detail, u"txtArtistName"_s)->setFocus();
+        QApplication::processEvents();
+        click(detail, u"cmdOK"_s);
+    };
+    open(u"Party"_s);
+    choose(u"mnuEditAddSong");
+    inScreen([&](QWidget &detail) {
+        EXPECT_EQ(detail.windowTitle(), u"Add a new song title that is not in database to this Play List"_s);
+        m_desktop.willSee(u"You must enter both a Song Name and a File Name for this new song."_s);
+        fill(detail, u"New"_s, u" "_s);
+        m_desktop.willSee(u"Warning!  The file name \"/no.mp3\" does not exist!"_s);
+        fill(detail, u"The \"New\" <> one  "_s, u"/no.mp3"_s);
+    });
+    EXPECT_EQ(stored(m_party), u"A B C D E The 'New' <> one"_s);
+    EXPECT_EQ(m_store.column(u"select Notes from tblPlayListDetail Where ListTrackID=6"_s),
+              QStringList{u"  *added manually, when song was not cataloged in database*"_s});
+    // It shows when the list is loaded the next time.
+    EXPECT_EQ(rows().size(), 6);
+
+    const QString file = m_store.path(u"there.mp3"_s);
+    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+    clickRow(1);
+    QTest::mouseDClick(lbDetail().viewport(), Qt::LeftButton, {},
+                       lbDetail().visualRect(lbDetail().model()->index(1, 0)).center());
+    inScreen([&](QWidget &detail) {
+        EXPECT_EQ(child<QLineEdit>(detail, u"txtSongName"_s)->text(), u"B"_s);
+        m_desktop.willOpen(file);
+        click(detail, u"cmdBrowse"_s);
+        EXPECT_EQ(child<QLineEdit>(detail, u"txtFileName"_s)->text(), file);
+        m_desktop.willSee(u"The song name cannot be blank."_s);
+        fill(detail, u" "_s, file);
+        fill(detail, u"Bee"_s, file);
+    });
+    EXPECT_EQ(stored(m_party), u"A Bee C D E The 'New' <> one"_s);
+    EXPECT_EQ(rows().at(1), u"Bee"_s);
+    EXPECT_EQ(m_store.column(u"select FileName from tblPlayListDetail Where ListTrackID=2"_s),
+              QStringList{file});
+    // With a gap in the numbers another song's texts show, or none; what is written is the selected one.
+    m_lists.deleteTrack(m_party, 1);
+    pick(u"Empty"_s);
+    pick(u"Party"_s);
+    clickRow(0);
+    choose(u"mnuEditEditSong");
+    inScreen([&](QWidget &detail) {
+        EXPECT_EQ(child<QLineEdit>(detail, u"txtSongName"_s)->text(), QString());
+        fill(detail, u"Two"_s, file);
+    });
+    EXPECT_EQ(stored(m_party), u"Two C D E The 'New' <> one"_s);
+}
+
+TEST_F(PlayLists, ArePlayed)
+{
+    open(u"Party"_s);
+    const auto refused = [this](const QString &text) {
+        m_desktop.willSee(text);
+        press(u"cmdPlay");
+        EXPECT_EQ(m_desktop.lastCall().title, u"No music files found for these songs"_s);
+        EXPECT_EQ(m_desktop.lastCall().icon, Icon::Exclamation);
+    };
+    refused(
+        u"No music files were associated with any of the songs in this Play List, so there is nothing to play."_s);
+    m_store.db().Execute(u"Update tblPlayListDetail Set FileName=\"/gone.mp3\" Where SongTitle=\"A\""_s);
+    refused(u"No music files found for the songs in this Play List."_s);
+    const QString file = m_store.path(u"there.mp3"_s);
+    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+    m_store.db().Execute(u"Update tblPlayListDetail Set FileName=\"%1\" Where SongTitle > \"B\""_s.arg(file));
+    press(u"cmdPlay");
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(m_player.unloads, 3);
+    ASSERT_EQ(m_player.played.size(), 1);
+    const PlayRequest &request = m_player.played.first();
+    EXPECT_EQ(request.caption, u"PlayList: Party"_s);
+    EXPECT_EQ(request.CurrentPlayTitle, u"PlayList Party"_s);
+    EXPECT_EQ(request.songs.song(0), u"C <> Artist"_s);
+    EXPECT_EQ(request.songs.urls(), (QStringList{file, file, file}));
+    EXPECT_EQ(request.songs.ListIndex(), 0);
+    EXPECT_TRUE(request.cmdDelete && request.showsCount);
+    QFile list(request.CurrentPlayUrl);
+    ASSERT_TRUE(list.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QString::fromUtf8(list.readAll()), (file + u"\r\n"_s).repeated(3));
+}
+
+TEST_F(PlayLists, AreThereForTheOtherCommands)
+{
+    m_state.CurrentPlayListName = u"Renamed since"_s;
+    open(u"Renamed since"_s);
+    EXPECT_EQ(control<QComboBox>(u"cmbHeader").currentIndex(), -1);
+    EXPECT_FALSE(control<QAction>(u"mnuEditChangeFileNamePath").isEnabled());
+    pick(u"Party"_s);
+    m_desktop.willSee(u"No records found in database for this PlayList."_s);
+    choose(u"mnuFileDisplayOnly");
+    m_desktop.willSave({});
+    choose(u"mnuFileMakePlayListFile");
+    m_desktop.willAnswer(Answer::No);
+    choose(u"mnuFilePopulate");
+    screen().close();
+    m_lists.deleteList(m_party);
+    m_lists.deleteList(m_empty);
+    open(u"Party"_s);
+    EXPECT_EQ(m_state.CurrentPlayListName, QString());
+    EXPECT_EQ(shown(u"lblMsg"), u"There are no play lists.  Click the Add New Play List button."_s);
+    EXPECT_TRUE(control<QWidget>(u"cmdAddHeader").hasFocus());
+}
+
+} // namespace
