@@ -4,6 +4,7 @@
 #include "desktop/VirtualKeys.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -12,6 +13,9 @@
 namespace quaverly {
 
 namespace {
+
+/** Keys that no screen takes until then are lost. */
+constexpr int LongestWaitMs = 1000;
 
 struct KeyPair
 {
@@ -66,13 +70,29 @@ Qt::KeyboardModifier modifierOf(quint16 virtualKey)
     }
 }
 
+void post(const QtKeyStroke &stroke);
+
 void deliver(const QtKeyStroke &stroke)
 {
     QObject *target = QGuiApplication::focusObject();
-    if (target == nullptr)
+    if (target == nullptr) {
+        // A box was closed just now, and the screen below it is yet to be told that it has the keys again.
+        const auto again = [stroke, deadline = QDeadlineTimer(LongestWaitMs)] {
+            if (!deadline.hasExpired())
+                post(stroke);
+        };
+        QObject::connect(qGuiApp, &QGuiApplication::focusObjectChanged, qGuiApp, again,
+                         Qt::SingleShotConnection);
         return;
+    }
     QKeyEvent event(stroke.type, stroke.key, stroke.modifiers, stroke.text);
     QCoreApplication::sendEvent(target, &event);
+}
+
+void post(const QtKeyStroke &stroke)
+{
+    QMetaObject::invokeMethod(
+        qApp, [stroke] { deliver(stroke); }, Qt::QueuedConnection);
 }
 
 } // namespace
@@ -101,8 +121,7 @@ std::vector<QtKeyStroke> qtKeyStrokes(const std::vector<KeyboardEvent> &events)
 void SendKeysInput(const QString &keys)
 {
     for (const QtKeyStroke &stroke : qtKeyStrokes(keyEvents(keys, KeyboardLayout())))
-        QMetaObject::invokeMethod(
-            qApp, [stroke] { deliver(stroke); }, Qt::QueuedConnection);
+        post(stroke);
 }
 
 } // namespace quaverly

@@ -24,8 +24,6 @@
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;

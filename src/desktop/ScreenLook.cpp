@@ -47,9 +47,11 @@ int longestLine(const QLabel &label)
 /** Breaks a line at blanks so that no part is wider; a word alone may be. */
 QString foldedLine(const QFontMetrics &metrics, const QString &line, int width)
 {
-    QString folded;
+    // The blanks that a line begins with are meant, those at a fold are not.
+    const QString text = line.trimmed();
+    QString folded = line.first(line.indexOf(text));
     QString part;
-    for (const QString &word : line.split(u' ')) {
+    for (const QString &word : text.split(u' ')) {
         const QString longer = part.isEmpty() ? word : part + u' ' + word;
         if (!part.isEmpty() && metrics.horizontalAdvance(longer) > width) {
             folded += part + u'\n';

@@ -7,6 +7,12 @@
 
 namespace quaverly {
 
+namespace {
+
+constexpr float FaintAlpha = 0.5F;
+
+} // namespace
+
 LabelEdit::LabelEdit(QWidget *parent) : QLineEdit(parent)
 {
     setTextMargins(0, 0, 0, 0);
@@ -19,13 +25,16 @@ void LabelEdit::paintEvent(QPaintEvent *event)
         return;
     }
     const bool isDefault = text().isEmpty();
-    const QPalette::ColorRole role = isDefault ? QPalette::PlaceholderText : QPalette::WindowText;
+    // Some dark themes leave the palette's own colour for defaults dark.
+    const QColor full = palette().color(QPalette::WindowText);
+    QColor faint = full;
+    faint.setAlphaF(FaintAlpha);
     const QString shown =
         fontMetrics().elidedText(isDefault ? placeholderText() : text(), Qt::ElideRight, width());
     QPainter painter(this);
-    painter.setPen(palette().color(role));
+    painter.setPen(isDefault ? faint : full);
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
-    QPen dots(palette().color(underMouse() ? QPalette::Link : QPalette::PlaceholderText), 1, Qt::DotLine);
+    QPen dots(underMouse() ? palette().color(QPalette::Link) : faint, 1, Qt::DotLine);
     painter.setPen(dots);
     const int line = (height() + fontMetrics().height()) / 2;
     const int length = std::max(fontMetrics().horizontalAdvance(shown), fontMetrics().averageCharWidth() * 8);

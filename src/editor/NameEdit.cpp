@@ -18,6 +18,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 
 #include <utility>
 
@@ -71,7 +72,9 @@ void NameEdit::showModally(std::function<void()> closed)
 void NameEdit::placeScreen()
 {
     const QRect area = screen()->availableGeometry();
-    resize(FirstSize.boundedTo(area.size()));
+    // The title is the window manager's, who tells its height only when the screen is shown.
+    const QSize frame(0, 2 * style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
+    resize(FirstSize.boundedTo(area.size() - frame));
     const EditorState &state = m_parts.state;
     const QPoint stored(state.EditFormLeft / TwipsPerPixel, state.EditFormTop / TwipsPerPixel);
     if (state.EditFormLeft >= 1 && QGuiApplication::screenAt(stored) != nullptr) {
@@ -81,7 +84,7 @@ void NameEdit::placeScreen()
     const bool atTop =
         m_parts.options.TabletActive ||
         (qRound(screen()->logicalDotsPerInchX()) == LargeDots && screen()->size().height() < LittleHeight);
-    const QPoint centre = area.center() - rect().center();
+    const QPoint centre = area.center() - QRect({}, size() + frame).center();
     move(centre.x(), atTop ? area.top() + HighTopTwips / TwipsPerPixel : centre.y());
 }
 

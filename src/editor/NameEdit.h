@@ -136,6 +136,7 @@ private:
     [[nodiscard]] bool Form_KeyDown(QWidget &control, const QKeyEvent &key);
     [[nodiscard]] bool rightButtonDown(const QWidget &control, QPoint globalPlace);
     void doubleClick(const QWidget &control);
+    [[nodiscard]] bool enlargeNotes(const QWidget &control);
     [[nodiscard]] bool focusLabel(const QWidget &field);
     [[nodiscard]] bool capitalise(QLineEdit &field, const QKeyEvent &key) const;
     [[nodiscard]] Leave field_Validate(QWidget &field);

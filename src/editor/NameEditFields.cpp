@@ -158,7 +158,7 @@ bool NameEdit::Form_KeyDown(QWidget &control, const QKeyEvent &key)
 {
     const bool isEnter = isPlainEnter(key);
     const bool leavesField = &control != m_ui->txtNotes && &control != m_ui->cmbHeader;
-    if (key.key() == Qt::Key_F2 && focusLabel(control))
+    if (key.key() == Qt::Key_F2 && (enlargeNotes(control) || focusLabel(control)))
         return true;
     if (leavesField && (isEnter || (key.key() == Qt::Key_Down && !isWithModifier(key)))) {
         SendKeysInput(u"{Tab}"_s);
@@ -188,6 +188,15 @@ bool NameEdit::capitalise(QLineEdit &field, const QKeyEvent &key) const
     if (!field.text().isEmpty() && !field.text().endsWith(u' '))
         return false;
     field.insert(typed.toUpper());
+    return true;
+}
+
+/** The keyboard's double click. */
+bool NameEdit::enlargeNotes(const QWidget &control)
+{
+    if (&control != m_ui->txtNotes)
+        return false;
+    txtNotes_DblClick();
     return true;
 }
 

@@ -121,7 +121,8 @@ void NameList::buildPlayCommands()
             GatherFolders(m_session.shell(), m_session.desktop(), never, root, found);
             return found.folders;
         },
-        [this](const std::function<void()> &closed) { m_spokes->playLists.show(closed); }, [this] { showNotice(); }});
+        [this](const std::function<void()> &closed) { m_spokes->playLists.show(closed); },
+        [this] { showNotice(); }});
 }
 
 void NameList::showNotice()
@@ -212,6 +213,7 @@ void NameList::Form_Unload()
         if (m_session.options().RememberWindowSize && pos().y() >= 0 && !isMinimized())
             savePlace(*this, m_session.optionsStore());
     });
+    m_spokes->unload();
     m_ui->Table1->unbind();
     m_session.displayedSet().setScreen(nullptr);
     m_session.displayedSet().Data1().Close();

@@ -57,6 +57,12 @@ bool Spokes::isBusy() const
     return maintenance.isBusy() || duplicates.isBusy() || fileCopy.isRunning();
 }
 
+void Spokes::unload()
+{
+    pictures.unloadPics3();
+    viewer.unload();
+}
+
 MaintenanceParts Spokes::maintenanceParts() const
 {
     return {m_session.catalogue(), m_session.displayedSet(), m_hooks.mainScreen,
@@ -70,26 +76,25 @@ template <typename Screen> void Spokes::showMaintenance()
 
 PlayListParts Spokes::playListParts()
 {
-    return {m_session.desktop(),
-            m_hooks.player,
-            m_session.player(),
-            m_session.options(),
-            m_session.optionsStore(),
-            m_session.catalogue(),
-            m_session.displayedSet(),
-            m_session.intake().MusicFolder,
-            m_session.lastPlayListFolder(),
-            [this] { return m_session.media().makeMediaPlayer(); },
-            folders::state() + u"populate-report.txt"_s,
-            [this](const QString &kind, const PlayListName &list) {
-                if (kind == "Detail"_L1)
-                    playListReports.mnuReportsDetail_Click(list.ListName);
-                else
-                    playListReports.mnuReportsDetailWithFilenames_Click(list.ListName);
-            },
-            [this](QWidget *owner) {
-                (new frmChangeFileNamePath(maintenanceParts(), owner))->showModally();
-            }};
+    return {
+        m_session.desktop(),
+        m_hooks.player,
+        m_session.player(),
+        m_session.options(),
+        m_session.optionsStore(),
+        m_session.catalogue(),
+        m_session.displayedSet(),
+        m_session.intake().MusicFolder,
+        m_session.lastPlayListFolder(),
+        [this] { return m_session.media().makeMediaPlayer(); },
+        folders::state() + u"populate-report.txt"_s,
+        [this](const QString &kind, const PlayListName &list) {
+            if (kind == "Detail"_L1)
+                playListReports.mnuReportsDetail_Click(list.ListName);
+            else
+                playListReports.mnuReportsDetailWithFilenames_Click(list.ListName);
+        },
+        [this](QWidget *owner) { (new frmChangeFileNamePath(maintenanceParts(), owner))->showModally(); }};
 }
 
 EditParts Spokes::editParts()
@@ -119,8 +124,7 @@ NameEditHooks Spokes::nameEditHooks()
         pictures.cmdPicture_Click(pictureEditor(editor), slot, &editor);
     };
     hooks.showPictureMenu = [this](NameEdit &editor, int slot, QPoint place) {
-        pictures.showPictureMenu(pictureEditor(editor), slot, place,
-                                 &editor);
+        pictures.showPictureMenu(pictureEditor(editor), slot, place, &editor);
     };
     hooks.cmdEditTags = [this](NameEdit &editor) {
         m_webLookup.cmdEditTags_Click(editor.text(u"PathName"_s));
@@ -136,9 +140,8 @@ void Spokes::showWebLookupMenu(NameEdit &editor, QPoint place)
     menu->setObjectName(u"mnuWebLookup"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto add = [&](const QString &text, auto handler) {
-        QObject::connect(menu->addAction(text), &QAction::triggered, &editor, [this, &editor, handler] {
-            (m_webLookup.*handler)(lookupSong(editor));
-        });
+        QObject::connect(menu->addAction(text), &QAction::triggered, &editor,
+                         [this, &editor, handler] { (m_webLookup.*handler)(lookupSong(editor)); });
     };
     add(u"Find song Lyrics"_s, &WebLookup::mnuWebLookupLyrics_Click);
     add(u"Find album art images"_s, &WebLookup::mnuWebLookupImages_Click);
@@ -151,7 +154,8 @@ void Spokes::showNameEdit(const std::function<void()> &closed)
     auto editor = std::make_unique<NameEdit>(
         NameEditParts{m_session.desktop(), m_session.displayedSet(), m_hooks.mainScreen,
                       m_session.catalogue(), m_session.settings(), m_session.options(), m_session.player(),
-                      m_session.editor(), m_session.intake().MusicFolder, &QDateTime::currentDateTime, nameEditHooks()},
+                      m_session.editor(), m_session.intake().MusicFolder, &QDateTime::currentDateTime,
+                      nameEditHooks()},
         &m_hooks.owner);
     editor.release()->showModally(closed);
 }

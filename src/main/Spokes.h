@@ -46,6 +46,8 @@ public:
 
     /** True while a command lets events run: the main screen may not go before that has ended. */
     [[nodiscard]] bool isBusy() const;
+    /** Closes the windows that stand beside the main screen. */
+    void unload();
     /** The notebook. */
     void cmdNotes_Click();
 

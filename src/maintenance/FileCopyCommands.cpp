@@ -93,9 +93,11 @@ void FileCopyCommands::copyDisplayed()
         const Hourglass hourglass(m_parts.desktop);
         const auto wait = m_parts.desktop.ShowWorkingForm(Copying, u"Please wait..."_s, true);
         m_parts.desktop.letEventsRun();
-        if (!hasRoom(folder, *wait))
+        result.shortage = shortageIn(folder, *wait);
+        if (wait->isClosed())
             return;
-        copyAll(folder, *wait, result);
+        if (result.shortage.isEmpty())
+            copyAll(folder, *wait, result);
     }
     tell(result, folder);
 }
@@ -119,11 +121,10 @@ bool FileCopyCommands::isConfirmed(const QString &folder)
                Buttons::YesNo) == Answer::Yes;
 }
 
-bool FileCopyCommands::hasRoom(const QString &folder, WorkingWindow &wait)
+QString FileCopyCommands::shortageIn(const QString &folder, const WorkingWindow &wait)
 {
     qint64 needed = 0;
     QSet<QString> names;
-    bool goesOnStill = true;
     forEachFile(m_parts.set.Data1().Recordset(), [&](qint64 /*row*/, const SongFile &file) {
         if (!file.fileName.isEmpty() && !names.contains(file.fileName) &&
             !FileExists(folder + file.fileName)) {
@@ -132,17 +133,13 @@ bool FileCopyCommands::hasRoom(const QString &folder, WorkingWindow &wait)
                 needed += *size;
             }
         }
-        goesOnStill = goesOn(wait);
-        return goesOnStill;
+        return goesOn(wait);
     });
     const auto room = shell::freeSpace(folder);
-    if (!goesOnStill || !room || needed <= *room)
-        return goesOnStill;
-    m_parts.desktop.MessageBox(u"These music files need "_s + shell::sizeText(needed) + u", but only "_s +
-                                   shell::sizeText(*room) + u" are free in the folder\n"_s + folder +
-                                   u"\nNo files were copied."_s,
-                               u"Not enough room"_s, Icon::Exclamation);
-    return false;
+    if (!room || needed <= *room)
+        return {};
+    return u"These music files need "_s + shell::sizeText(needed) + u", but only "_s +
+           shell::sizeText(*room) + u" are free in the folder\n"_s + folder + u"\nNo files were copied."_s;
 }
 
 void FileCopyCommands::copyAll(const QString &folder, WorkingWindow &wait, Result &result)
@@ -182,6 +179,10 @@ bool FileCopyCommands::goesOn(const WorkingWindow &wait)
 
 void FileCopyCommands::tell(const Result &result, const QString &folder)
 {
+    if (!result.shortage.isEmpty()) {
+        m_parts.desktop.MessageBox(result.shortage, u"Not enough room"_s, Icon::Exclamation);
+        return;
+    }
     if (!result.failures.isEmpty()) {
         m_parts.desktop.MessageBox(u"Number of files that could not be copied: "_s +
                                        QString::number(result.failures.size()) + u"\n"_s +

@@ -26,6 +26,8 @@ public:
 private:
     struct Result
     {
+        /** Why nothing was copied at all; mostly empty. */
+        QString shortage;
         qint64 count = 0;
         QStringList failures;
         /** Nothing more is copied. */
@@ -36,8 +38,8 @@ private:
     void copyCurrent();
     [[nodiscard]] QString browse(const QString &prompt, const QString &title);
     [[nodiscard]] bool isConfirmed(const QString &folder);
-    /** False when the user closed the window, or there is too little room, which is told. */
-    [[nodiscard]] bool hasRoom(const QString &folder, WorkingWindow &wait);
+    /** What to tell when there is too little room; empty when there is enough, or nobody knows. */
+    [[nodiscard]] QString shortageIn(const QString &folder, const WorkingWindow &wait);
     void copyAll(const QString &folder, WorkingWindow &wait, Result &result);
     void copyOne(const QString &source, const QString &target, WorkingWindow &wait, Result &result);
     [[nodiscard]] bool goesOn(const WorkingWindow &wait);

@@ -134,8 +134,8 @@ void MemoForm::showNote(const QString &title)
     m_ui->txtNotes->document()->setModified(false);
     m_ui->lblNotice->setVisible(!reading.isWhole || !reading.keepsAll);
     for (QWidget *control : std::initializer_list<QWidget *>{
-             m_ui->txtNotes, m_ui->cmbTitle, m_ui->cmdDelete, m_ui->cmdFind, m_ui->cmdFindNext,
-             m_ui->chkBold, m_ui->chkItalic, m_ui->chkUnderline, m_ui->cmdFontColor, m_ui->cmdPicture})
+             m_ui->txtNotes, m_ui->cmbTitle, m_ui->cmdDelete, m_ui->cmdFind, m_ui->cmdFindNext, m_ui->chkBold,
+             m_ui->chkItalic, m_ui->chkUnderline, m_ui->cmdFontColor, m_ui->cmdPicture})
         control->setEnabled(!title.isEmpty());
     showFormat(m_ui->txtNotes->currentCharFormat());
 }
@@ -223,8 +223,7 @@ bool MemoForm::tellFault(TitleFault fault, const QString &title)
 void MemoForm::cmdAdd_Click()
 {
     handle([this] {
-        const QString typed =
-            m_desktop.InputPrompt(u"Enter a Title for this new note."_s, u"New Note"_s);
+        const QString typed = m_desktop.InputPrompt(u"Enter a Title for this new note."_s, u"New Note"_s);
         if (m_book.check(typed) == TitleFault::Blank)
             return;
         saveNote();
@@ -258,9 +257,8 @@ void MemoForm::cmdFind_Click()
 
 void MemoForm::cmdFindNext_Click()
 {
-    handle([this] {
-        select(m_search.cmdFindNext(*m_ui->txtNotes->document(), m_ui->txtNotes->textCursor()));
-    });
+    handle(
+        [this] { select(m_search.cmdFindNext(*m_ui->txtNotes->document(), m_ui->txtNotes->textCursor())); });
 }
 
 void MemoForm::select(const std::optional<QTextCursor> &hit)
@@ -317,9 +315,10 @@ void MemoForm::cmdFontColor_Click()
 void MemoForm::cmdPicture_Click()
 {
     handle([this] {
-        const FileQuestion question{
-            u"Picture to insert"_s, u"Pictures (*.jpg;*.gif;*.bmp)|*.jpg;*.jpeg;*.gif;*.bmp"_s,
-            QStandardPaths::writableLocation(QStandardPaths::PicturesLocation), {}};
+        const FileQuestion question{u"Picture to insert"_s,
+                                    u"Pictures (*.jpg;*.gif;*.bmp)|*.jpg;*.jpeg;*.gif;*.bmp"_s,
+                                    QStandardPaths::writableLocation(QStandardPaths::PicturesLocation),
+                                    {}};
         const auto path = m_desktop.ShowOpenDialog(question);
         if (!path)
             return;

@@ -68,9 +68,8 @@ void NotesForm::cmdFind_Click()
 
 void NotesForm::cmdFindNext_Click()
 {
-    handle([this] {
-        select(m_search.cmdFindNext(*m_ui->txtNotes->document(), m_ui->txtNotes->textCursor()));
-    });
+    handle(
+        [this] { select(m_search.cmdFindNext(*m_ui->txtNotes->document(), m_ui->txtNotes->textCursor())); });
 }
 
 void NotesForm::select(const std::optional<QTextCursor> &hit)

@@ -8,6 +8,8 @@
 #include <QCloseEvent>
 #include <QScreen>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -50,9 +52,12 @@ void Pics3::Form_Load()
     move(0, 0);
 }
 
-void Pics3::resizeOnScreen(QSize size)
+void Pics3::resizeOnScreen(QSize wanted)
 {
-    resize(size.boundedTo(screen()->availableSize()));
+    // A window that was never shown has no frame yet; the main screen's is alike.
+    const QWidget &framed = isVisible() || !parentWidget() ? *this : *parentWidget();
+    const QSize frame = framed.frameGeometry().size() - framed.size();
+    resize(wanted.boundedTo(screen()->availableSize() - frame));
 }
 
 QStringList Pics3::paths(qint64 position) const
@@ -114,18 +119,31 @@ void Pics3::Image_DblClick(int image)
     if (m_paths.value(image).isEmpty() || isEnlarged())
         return;
     m_enlarged = image;
+    m_placeOfThree = pos();
     for (PictureBox *box : m_images)
         box->setVisible(box == m_images[std::size_t(image)]);
     resizeOnScreen(EnlargedSize);
+    moveOntoScreen();
     ShowSongPictures();
+}
+
+void Pics3::moveOntoScreen()
+{
+    const QRect room = screen()->availableGeometry();
+    const QRect frame = frameGeometry();
+    move(std::max(room.left(), std::min(frame.left(), room.right() + 1 - frame.width())),
+         std::max(room.top(), std::min(frame.top(), room.bottom() + 1 - frame.height())));
 }
 
 void Pics3::showThree()
 {
+    const bool wasEnlarged = isEnlarged();
     m_enlarged = -1;
     for (PictureBox *box : m_images)
         box->show();
     resizeOnScreen(FormSize);
+    if (wasEnlarged)
+        move(m_placeOfThree);
     ShowSongPictures();
 }
 

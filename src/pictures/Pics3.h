@@ -57,7 +57,8 @@ private:
     void Form_Load();
     void Image_DblClick(int image);
     void loader_Loaded();
-    void resizeOnScreen(QSize size);
+    void resizeOnScreen(QSize wanted);
+    void moveOntoScreen();
     /** Paths by image; empty where the song has no picture. */
     [[nodiscard]] QStringList paths(qint64 position) const;
     /** Those of the rows before and behind, which are likely to be wanted next. */
@@ -71,6 +72,8 @@ private:
     std::array<PictureBox *, Images> m_images = {};
     QStringList m_paths;
     int m_enlarged = -1;
+    /** Where the three were when one was enlarged. */
+    QPoint m_placeOfThree;
 };
 
 } // namespace quaverly

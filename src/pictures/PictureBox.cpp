@@ -31,7 +31,10 @@ void PictureBox::paintEvent(QPaintEvent * /*event*/)
         painter.fillRect(rect(), palette().base());
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
-        painter.setPen(palette().color(QPalette::PlaceholderText));
+        // Not the palette's own colour for hints, which some dark palettes leave black.
+        QColor hint = palette().color(QPalette::Text);
+        hint.setAlphaF(0.6F);
+        painter.setPen(hint);
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
         return;
     }

@@ -80,6 +80,13 @@ void PictureForm::Form_Load(const Options &options)
     showPasteButton();
     handle([this] { m_link->open(); });
     showLink();
+    focusNext();
+    // By itself a window takes no more than two thirds of the screen.
+    resize(sizeHint());
+}
+
+void PictureForm::focusNext()
+{
     // What the user takes next: a file for an empty box, else the way out.
     if (m_viewOnly)
         m_ui->cmdCancel->setFocus();
@@ -133,12 +140,14 @@ void PictureForm::cmdLoadFile_Click()
             showOthers(false);
     });
     showLink();
+    focusNext();
 }
 
 void PictureForm::cmdClipboardPaste_Click()
 {
     handle([this] { m_link->paste(); });
     showLink();
+    focusNext();
 }
 
 void PictureForm::cmdPrev_Click()

@@ -55,6 +55,7 @@ private:
     bool handle(const std::function<void()> &handler);
     void showPasteButton();
     void showLink();
+    void focusNext();
     void showOthers(bool shown);
 
     std::unique_ptr<Ui::PictureForm> m_ui;

@@ -101,26 +101,25 @@ bool PictureLink::loadFile()
 
 void PictureLink::paste()
 {
-    QImage held;
-    if (!m_desktop.takeFromClipboard(held))
+    if (!m_desktop.isPictureOnClipboard())
         return;
     if (const auto name = askPictureName(m_desktop, u"Joe's Song"_s, {}))
         takeFromClipboard(*name);
 }
 
-bool PictureLink::takeFromClipboard(const QString &name)
+void PictureLink::takeFromClipboard(const QString &name)
 {
     QImage held;
-    if (!m_desktop.takeFromClipboard(held))
-        return false;
-    std::optional<Picture> picture = takePicture(held, PictureBoxSize);
+    std::optional<Picture> picture;
+    // What is offered there may still be damaged, or too large to be read.
+    if (m_desktop.takeFromClipboard(held))
+        picture = takePicture(held, PictureBoxSize);
     const bool taken = picture.has_value();
     show(std::move(picture));
     if (taken) {
         m_name = name;
         m_replaced = true;
     }
-    return taken;
 }
 
 QStringList PictureLink::column(const QString &sql) const

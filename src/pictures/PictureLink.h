@@ -78,7 +78,7 @@ private:
     void showFile(const QString &path);
     void show(std::optional<Picture> picture);
     void clear();
-    bool takeFromClipboard(const QString &name);
+    void takeFromClipboard(const QString &name);
     void tellShared(const QStringList &names, bool several);
     [[nodiscard]] bool isInOtherSlot(const QString &name) const;
     [[nodiscard]] bool isOfOtherSong(const QString &name) const;

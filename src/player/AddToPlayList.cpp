@@ -15,13 +15,11 @@ namespace {
 /** A track of the player's row, which shows name and artist as one text. */
 Track trackOfRow(const QString &row, const QString &url)
 {
-    const QString mark = QString::fromUtf16(ArtistMark);
-    const QString text = singleQuotes(row);
-    const qsizetype place = text.indexOf(mark);
+    const SongNames names = namesOfRow(singleQuotes(row));
     Track track;
-    track.SongTitle = place < 0 ? text : text.first(place);
-    if (place >= 0)
-        track.ArtistName = text.sliced(place + mark.size());
+    track.SongTitle = names.SongName;
+    if (!names.Artist.isNull())
+        track.ArtistName = names.Artist;
     track.FileName = url;
     track.Notes = u"Added from Player"_s;
     return track;

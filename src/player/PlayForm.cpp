@@ -83,18 +83,19 @@ void PlayForm::wire()
 
 void PlayForm::listenToDesktop()
 {
+    const auto names = [this] { return m_queue.namesOf(m_media->currentMedia().sourceURL); };
     const auto later = [this](auto act) { QMetaObject::invokeMethod(this, act, Qt::QueuedConnection); };
     m_remote = std::make_unique<media::PlayerRemote>(
-        *m_media, media::RemoteHost{[this] {
-                                        raise();
-                                        activateWindow();
-                                    },
-                                    // The call itself must have come back before its objects go.
-                                    [this, later] { later([this] { close(); }); },
-                                    [this](bool on) { m_ui->cbLoop->setChecked(on); },
-                                    [this](bool on) { m_ui->cbShuffle->setChecked(on); },
-                                    {},
-                                    {}});
+        *m_media,
+        media::RemoteHost{[this] {
+                              raise();
+                              activateWindow();
+                          },
+                          // The call itself must have come back before its objects go.
+                          [this, later] { later([this] { close(); }); },
+                          [this](bool on) { m_ui->cbLoop->setChecked(on); },
+                          [this](bool on) { m_ui->cbShuffle->setChecked(on); },
+                          [names] { return names().SongName; }, [names] { return names().Artist; }});
     m_mpris = std::make_unique<media::Mpris>(*m_remote);
 }
 

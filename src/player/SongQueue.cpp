@@ -8,6 +8,13 @@ QString songRow(const QString &songName, const QString &artist)
     return artist.isEmpty() ? songName : songName + QString::fromUtf16(ArtistMark) + artist;
 }
 
+SongNames namesOfRow(const QString &row)
+{
+    const QString mark = QString::fromUtf16(ArtistMark);
+    const qsizetype place = row.indexOf(mark);
+    return place < 0 ? SongNames{row, {}} : SongNames{row.first(place), row.sliced(place + mark.size())};
+}
+
 bool isSameText(const QString &left, const QString &right)
 {
     return left.compare(right, Qt::CaseInsensitive) == 0;
@@ -39,6 +46,12 @@ int SongQueue::rowOf(const QString &url) const
             return row;
     }
     return -1;
+}
+
+SongNames SongQueue::namesOf(const QString &url) const
+{
+    const int row = isSameText(this->url(m_listIndex), url) ? m_listIndex : rowOf(url);
+    return song(row) == url ? SongNames() : namesOfRow(song(row));
 }
 
 void SongQueue::setListIndex(int row)

@@ -12,6 +12,15 @@ inline constexpr char16_t ArtistMark[] = u" <> ";
 /** A song as the player's list shows it: its name, and behind the mark its artist unless that is empty. */
 [[nodiscard]] QString songRow(const QString &songName, const QString &artist);
 
+struct SongNames
+{
+    QString SongName;
+    QString Artist;
+};
+
+/** A row's two parts; a song whose own name holds the mark is cut there too. */
+[[nodiscard]] SongNames namesOfRow(const QString &row);
+
 /** Paths and rows are the same whatever their case. */
 [[nodiscard]] bool isSameText(const QString &left, const QString &right);
 
@@ -35,6 +44,8 @@ public:
     [[nodiscard]] const QStringList &urls() const { return m_urls; }
     /** First row with that path, -1 without one. */
     [[nodiscard]] int rowOf(const QString &url) const;
+    /** What the row of that path says, the selected one first; nothing where it only shows the path. */
+    [[nodiscard]] SongNames namesOf(const QString &url) const;
 
     [[nodiscard]] int ListIndex() const { return m_listIndex; }
     /** Takes any row that is there, or -1. */

@@ -108,6 +108,8 @@ void TrackListView::dragMoveEvent(QDragMoveEvent *event)
         event->ignore();
         return;
     }
+    // The place that it notes is where it scrolls from.
+    QListView::dragMoveEvent(event);
     event->acceptProposedAction();
     m_dragPoint = event->position().toPoint();
     const QRect middle = viewport()->rect().adjusted(0, autoScrollMargin(), 0, -autoScrollMargin());

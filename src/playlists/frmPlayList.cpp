@@ -13,6 +13,7 @@
 #include "ui_frmPlayList.h"
 
 #include <QScreen>
+#include <QStyle>
 
 #include <utility>
 
@@ -65,7 +66,8 @@ void frmPlayList::Form_Load()
     if (m_parts.options.TabletActive)
         sizeForFingers(*this);
     m_model->setRowHeight(m_parts.options.TabletActive ? FingerRow : fontMetrics().height() + RowPadding);
-    resize(FirstSize.boundedTo(screen()->availableSize()));
+    const QSize frame(0, 2 * style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
+    resize(FirstSize.boundedTo(screen()->availableSize() - frame));
     m_ui->Label3->setText(u"To change song order, drag and drop song names in this list to a new position.\n"
                           "To delete a song, right-click a song and choose Delete from the pop-up menu."_s);
     scaleFont(*m_ui->Label3, CaptionScale);

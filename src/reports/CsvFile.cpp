@@ -2,10 +2,8 @@
 #include "reports/CsvFile.h"
 
 #include "platform/text/Text.h"
-#include "reports/Blanks.h"
 
 #include <QDateTime>
-#include <QStringConverter>
 
 #include <algorithm>
 #include <span>
@@ -68,28 +66,40 @@ QList<int> placesOf(const dao::Recordset &songs, bool withNotes)
     return places;
 }
 
-/** The only escaping: no field holds a double quote. */
-void appendQuoted(QByteArray &out, QStringView text)
+QByteArrayView withoutBlanks(QByteArrayView text)
 {
-    constexpr qsizetype MostBytesOfCharacter = 3;
-    const QStringView kept = withoutOuterBlanks(text);
-    const qsizetype at = out.size();
-    out.resize(at + kept.size() * MostBytesOfCharacter + 2);
-    char *begin = out.data() + at;
-    *begin = '"';
-    QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
-    char *end = encoder.appendToBuffer(begin + 1, kept);
-    std::replace(begin + 1, end, '"', '\'');
-    *end++ = '"';
-    out.truncate(end - out.constData());
+    while (text.startsWith(' '))
+        text = text.sliced(1);
+    while (text.endsWith(' '))
+        text.chop(1);
+    return text;
 }
 
-QString dayOf(const QDateTime &date)
+/** The only escaping: no field holds a double quote. */
+void appendQuoted(QByteArray &out, QByteArrayView text)
 {
-    return shortDate(QDateTime(date.date(), QTime(0, 0), Qt::UTC));
+    const QByteArrayView kept = withoutBlanks(text);
+    out += '"';
+    const qsizetype at = out.size();
+    out.append(kept);
+    std::replace(out.data() + at, out.data() + out.size(), '"', '\'');
+    out += '"';
 }
 
 } // namespace
+
+QByteArrayView ShortDates::of(QByteArrayView stored)
+{
+    constexpr qsizetype DayLength = 10;
+    const QByteArray day = stored.first(std::min(DayLength, stored.size())).toByteArray();
+    auto known = m_days.constFind(day);
+    if (known == m_days.cend()) {
+        const QDate date = QDate::fromString(QString::fromLatin1(day), Qt::ISODate);
+        const QByteArray shown = shortDate(QDateTime(date, QTime(0, 0), Qt::UTC)).toUtf8();
+        known = m_days.insert(day, date.isValid() ? shown : stored.toByteArray());
+    }
+    return *known;
+}
 
 CsvFile::CsvFile(const QString &path) : m_file(path)
 {
@@ -103,34 +113,25 @@ void CsvFile::write(const dao::Recordset &songs, bool withNotes, const std::func
 {
     const QList<int> places = placesOf(songs, withNotes);
     for (const Column &column : columns(withNotes)) {
-        appendQuoted(m_out, QString(column.header));
+        appendQuoted(m_out, column.header);
         m_out += ',';
     }
     m_out.chop(1);
     m_out += "\r\n";
-    const qint64 count = songs.RecordCount();
-    for (qint64 row = 0; row < count; ++row) {
-        writeRow(songs, row, places);
+    QList<bool> isDate;
+    for (const int place : places)
+        isDate.append(songs.Fields().at(place).type == dao::FieldType::Date);
+    songs.forEachRow(places, [&](qint64 row, std::span<const QByteArrayView> texts) {
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            appendQuoted(m_out, isDate[static_cast<qsizetype>(i)] ? m_dates.of(texts[i]) : texts[i]);
+            m_out += i + 1 < texts.size() ? "," : "\r\n";
+        }
         if (m_out.size() > LongOutput) {
             flush();
             progress(row);
         }
-    }
+    });
     flush();
-}
-
-void CsvFile::writeRow(const dao::Recordset &songs, qint64 row, const QList<int> &fields)
-{
-    for (const int field : fields) {
-        const QVariant value = songs.valueAt(row, field);
-        if (value.typeId() == QMetaType::QDateTime)
-            appendQuoted(m_out, dayOf(value.toDateTime()));
-        else
-            appendQuoted(m_out, value.toString());
-        m_out += ',';
-    }
-    m_out.chop(1);
-    m_out += "\r\n";
 }
 
 void CsvFile::flush()

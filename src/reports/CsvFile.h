@@ -4,10 +4,21 @@
 #include "platform/store/Dao.h"
 
 #include <QFile>
+#include <QHash>
 
 #include <functional>
 
 namespace quaverly {
+
+/** Stored dates in the system's short form, each day worked out once; what is no date stays. */
+class ShortDates final
+{
+public:
+    [[nodiscard]] QByteArrayView of(QByteArrayView stored);
+
+private:
+    QHash<QByteArray, QByteArray> m_days;
+};
 
 /**
  * Songs as comma-separated text in UTF-8: a line of headers, then a line a song, every field between double
@@ -25,11 +36,11 @@ public:
     void close();
 
 private:
-    void writeRow(const dao::Recordset &songs, qint64 row, const QList<int> &fields);
     void flush();
 
     QFile m_file;
     QByteArray m_out;
+    ShortDates m_dates;
 };
 
 } // namespace quaverly

@@ -12,6 +12,8 @@
 
 #include <QTextDocument>
 
+#include <span>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -28,6 +30,28 @@ const auto Proceed =
 const auto LinesPrompt =
     u"Enter number of lines per page for all reports.  For no page breaks, enter 0.\n\nThis setting only "
     "affects saved or printed reports, not those viewed on screen.  The original setting was 54."_s;
+
+struct SongFieldOfReport
+{
+    QLatin1StringView name;
+    QString ReportSong::*text;
+};
+
+/** Of each song only what the report shows is read. */
+QList<SongFieldOfReport> fieldsOf(SongReportKind kind)
+{
+    const SongFieldOfReport artist{"Artist"_L1, &ReportSong::Artist},
+        song{"SongName"_L1, &ReportSong::SongName};
+    switch (kind) {
+    case SongReportKind::Artist:
+        return {artist, song, {"Duration"_L1, &ReportSong::Duration}};
+    case SongReportKind::Song:
+        return {song, artist};
+    case SongReportKind::Path:
+        break;
+    }
+    return {{"PathName"_L1, &ReportSong::PathName}, {"FileName"_L1, &ReportSong::FileName}};
+}
 
 void showProgress(WorkingWindow &window, qint64 done, qint64 count)
 {
@@ -86,16 +110,19 @@ void ReportCommands::compose(SongReportKind kind, ReportDocument &report)
     const auto rows = m_catalogue.CatalogueDb->OpenRecordset(
         songReportSql(kind, m_displayed.Data1().RecordSource(), m_displayed.texts()),
         dao::RecordsetType::Snapshot);
-    const auto field = [&rows](const QString &name) { return rows->fieldIndex(name); };
-    const int artist = field(u"Artist"_s), song = field(u"SongName"_s), path = field(u"PathName"_s),
-              file = field(u"FileName"_s), duration = field(u"Duration"_s);
     const qint64 count = rows->RecordCount();
     SongReport composer(kind, linesOf(m_options.RptLinesPerPage), report);
-    for (qint64 row = 0; row < count; ++row) {
+    const QList<SongFieldOfReport> shown = fieldsOf(kind);
+    QList<int> places;
+    for (const SongFieldOfReport &field : shown)
+        places.append(rows->fieldIndex(QString(field.name)));
+    ReportSong song;
+    rows->forEachRow(places, [&](qint64 row, std::span<const QByteArrayView> texts) {
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            song.*shown[static_cast<qsizetype>(i)].text = QString::fromUtf8(texts[i]);
+        composer.add(song);
         showProgress(*window, row + 1, count);
-        const auto text = [&rows, row](int index) { return NullToEmpty(rows->valueAt(row, index)); };
-        composer.add({text(artist), text(song), text(path), text(file), text(duration)});
-    }
+    });
 }
 
 void ReportCommands::mnuRptLinesPerPage_Click()

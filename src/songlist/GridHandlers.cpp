@@ -94,7 +94,9 @@ void GridHandlers::Table1_KeyDown(QKeyEvent *event)
         event->setAccepted(!m_grid.CellEditing());
     } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         event->accept();
-        m_actions.cmdEdit_Click();
+        // The Enter that ends the typing in a cell comes by here as well.
+        if (!m_grid.CellEditing())
+            m_actions.cmdEdit_Click();
     } else if (!m_grid.AllowUpdate() && forwardToLocate(*event)) {
         event->accept();
     }

@@ -2,6 +2,7 @@
 #include "catalogue/RenameNotes.h"
 #include "catalogue/CatalogueSchema.h"
 #include "platform/shell/FileMove.h"
+#include "support/Death.h"
 #include "support/Limits.h"
 #include "support/QtPrinters.h"
 #include "support/store/StoreFixture.h"
@@ -12,51 +13,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-#include <csignal>
-#include <functional>
-#include <sys/ptrace.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 using namespace quaverly;
 using namespace quaverly::test;
 
 namespace {
-
-constexpr std::array ChangesOfTheDisk = {SYS_write,     SYS_pwrite64, SYS_fsync,    SYS_fdatasync,
-                                         SYS_ftruncate, SYS_unlink,   SYS_renameat2};
-
-/** Runs @p act in a child that is killed as it sets out to change the disk for the @p nth time, from 1;
- * false when it came to its end before. */
-bool diesAt(int nth, const std::function<void()> &prepare, const std::function<void()> &act)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        prepare();
-        ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-        ::raise(SIGSTOP);
-        act();
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
-    for (int left = nth; WIFSTOPPED(status);) {
-        __ptrace_syscall_info info = {};
-        ::ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof info, &info);
-        if (info.op == PTRACE_SYSCALL_INFO_ENTRY &&
-            std::ranges::count(ChangesOfTheDisk, static_cast<int>(info.entry.nr)) > 0 && --left == 0)
-            ::kill(child, SIGKILL);
-        ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-        ::waitpid(child, &status, 0);
-    }
-    EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
-    return WIFSIGNALED(status);
-}
 
 void write(const QString &path)
 {

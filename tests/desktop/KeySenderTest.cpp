@@ -108,6 +108,17 @@ TEST(KeySenderTest, KeysArriveInOrderWhereTheFocusIs)
     EXPECT_EQ(first->text(), u"aB"_s);
 }
 
+TEST(KeySenderTest, KeysWaitForTheScreenBelowABox)
+{
+    ASSERT_EQ(QGuiApplication::focusObject(), nullptr);
+    SendKeysInput(u"ab{LEFT}c"_s);
+    QCoreApplication::sendPostedEvents();
+    QLineEdit edit;
+    edit.show();
+    edit.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return edit.text() == u"acb"_s; })) << edit.text().toStdString();
+}
+
 } // namespace
 
 } // namespace quaverly::test

@@ -76,12 +76,12 @@ TEST_F(TheDesktop, MessageTextsAreShownAsTheyStand)
 {
     test::inDialog([](QWidget &dialog) {
         auto &box = dynamic_cast<QMessageBox &>(dialog);
-        EXPECT_EQ(box.text(), u"<b>R&B</b>\nnext  line"_s);
+        EXPECT_EQ(box.text(), u"<b>R&B</b>\n   next  line"_s);
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
         EXPECT_EQ(box.icon(), QMessageBox::Warning);
         press(dialog, QMessageBox::Ok);
     });
-    desktop.MessageBox(u"<b>R&B</b>\r\nnext  line"_s, u"File not added"_s, Icon::Exclamation);
+    desktop.MessageBox(u"<b>R&B</b>\r\n   next  line"_s, u"File not added"_s, Icon::Exclamation);
 }
 
 TEST_F(TheDesktop, PromptsMaskPasswords)

@@ -102,6 +102,7 @@ TEST_F(TheEditor, SavesEveryFieldAsTheTableSays)
 
 TEST_F(TheEditor, MovesWithEnterAndTheArrowsAndCapitalises)
 {
+    hooks.showNotesForm = [](NameEdit &, const QString &, const auto &closed) { closed(u"enlarged"_s); };
     edit(sos);
     control(u"txtSongName"_s).setFocus();
     press(Qt::Key_Return);
@@ -117,6 +118,8 @@ TEST_F(TheEditor, MovesWithEnterAndTheArrowsAndCapitalises)
     press(Qt::Key_Return);
     EXPECT_EQ(focus(), u"txtNotes"_s);
     EXPECT_EQ(shown(u"txtNotes"_s), u"\n"_s);
+    press(Qt::Key_F2);
+    EXPECT_EQ(shown(u"txtNotes"_s), u"enlarged"_s);
     control(u"txtMiscField2"_s).setFocus();
     press(Qt::Key_F2);
     EXPECT_EQ(focus(), u"txtMiscField2_Desc"_s);

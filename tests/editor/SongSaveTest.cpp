@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/DuplicateQueries.h"
+#include "catalogue/RenameNotes.h"
 #include "editor/EditorFixture.h"
+#include "support/Death.h"
 #include "support/Limits.h"
 
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QStorageInfo>
+
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
@@ -52,6 +56,23 @@ protected:
         EXPECT_EQ(isOpen(), !closes);
     }
 
+    /** Without the screen, which a child of the test can't show: the names typed, and saved. */
+    SaveOutcome saveAs(const QString &path, const QString &name, std::function<QDateTime()> clock = {})
+    {
+        display();
+        EXPECT_TRUE(set.Data1().findRecord(sos));
+        state.EditMode = state.RecordDirty = true;
+        state.RecordSaved = false;
+        SongTexts texts = textsOf(set.Data1().Recordset());
+        texts[u"PathName"_s] = path;
+        texts[u"FileName"_s] = name;
+        texts[u"AlbumName"_s] = u"saved"_s;
+        SongSave save({desktop, set, store.catalogue(), options, state,
+                       clock ? std::move(clock) : [this] { return now; }});
+        return save.save(texts).outcome;
+    }
+    void expectDeathsLeaveAllTogether(const QString &path);
+
     qint64 sos = 0, other = 0, list = 0;
 };
 
@@ -89,6 +110,110 @@ TEST_F(TheSave, MovesTheFileToAnotherFileSystem)
     EXPECT_EQ(read(elsewhere.filePath(u"SOS.mp3"_s)), "SOS");
     EXPECT_EQ(row(), elsewhere.filePath(u"SOS.mp3"_s));
     EXPECT_FALSE(QFile::exists(music(u"SOS.mp3"_s)));
+}
+
+TEST_F(TheSave, KeepsTheFileWhenTheOtherFileSystemIsFull)
+{
+    QTemporaryDir elsewhere(u"/dev/shm/quaverly-XXXXXX"_s);
+    ASSERT_TRUE(elsewhere.isValid());
+    const QString target = elsewhere.filePath(u"SOS.mp3"_s);
+    constexpr int Large = 4 << 20;
+    write(u"SOS.mp3"_s, QByteArray(Large, 's'));
+    {
+        const FullDisk full(Large / 2);
+        edit(sos);
+        desktop.willPassWarning(true);
+        desktop.willSee(u"The disk is full.  There is no room for '%1'."_s.arg(target));
+        enter(u"txtPathName"_s, elsewhere.path());
+        press(u"cmdSave"_s);
+    }
+    EXPECT_EQ(desktop.lastCall().title, u"Error"_s);
+    EXPECT_TRUE(state.RecordDirty && !state.RecordSaved);
+    EXPECT_EQ(read(music(u"SOS.mp3"_s)).size(), Large);
+    EXPECT_TRUE(QDir(elsewhere.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+    EXPECT_EQ(row(), music(u"SOS.mp3"_s));
+    EXPECT_EQ(tracks().first(), row());
+    EXPECT_EQ(notes(), 0);
+    press(u"cmdSave"_s);
+    reopen();
+    EXPECT_EQ(row(), target);
+    EXPECT_EQ(tracks().first(), target);
+    EXPECT_EQ(read(target).size(), Large);
+    EXPECT_FALSE(QFile::exists(music(u"SOS.mp3"_s)));
+}
+
+void TheSave::expectDeathsLeaveAllTogether(const QString &path)
+{
+    const QString before = music(u"SOS.mp3"_s);
+    const QString target = path + u"b.mp3"_s;
+    const QString catalogue = store.catalogue().DatabaseFile;
+    store.close();
+    ASSERT_TRUE(QFile::copy(catalogue, catalogue + u".before"_s));
+    int deaths = 0;
+    int between = 0;
+    for (bool died = true; died; deaths += died) {
+        SCOPED_TRACE(deaths);
+        died = diesAt(
+            deaths + 1, [this] { store.open(); },
+            [&] {
+                if (saveAs(path, u"b.mp3"_s) != SaveOutcome::Saved)
+                    std::_Exit(1);
+            });
+        store.open();
+        const bool moved = !QFile::exists(before);
+        const bool written = row() == target;
+        between += moved && !written;
+        RenameNotes(store.catalogue()).settle();
+        EXPECT_EQ(row(), moved ? target : before);
+        EXPECT_EQ(tracks(), QStringList({row(), music(u"sos.mp3"_s), music(u"Other.mp3"_s)}));
+        EXPECT_EQ(read(row()), "SOS");
+        EXPECT_TRUE(!QFile::exists(target) || read(target) == "SOS");
+        EXPECT_EQ(notes(), 0);
+        EXPECT_EQ(value(sos, u"AlbumName"_s), written ? u"saved"_s : QString());
+        EXPECT_TRUE(written || died);
+        store.close();
+        QFile::remove(target);
+        write(u"SOS.mp3"_s, "SOS");
+        for (const QString &ending : {u""_s, u"-wal"_s, u"-shm"_s})
+            QFile::remove(catalogue + ending);
+        ASSERT_TRUE(QFile::copy(catalogue + u".before"_s, catalogue));
+    }
+    QFile::remove(catalogue + u".before"_s);
+    store.open();
+    EXPECT_GT(deaths, 10);
+    EXPECT_GT(between, 2) << "it died between the rename and the record";
+}
+
+TEST_F(TheSave, KilledAtAnyStepLeavesFileRecordAndTracksTogether)
+{
+    QTemporaryDir elsewhere(u"/dev/shm/quaverly-XXXXXX"_s);
+    ASSERT_TRUE(elsewhere.isValid());
+    for (const QString &path : {music(), elsewhere.path() + u'/'}) {
+        SCOPED_TRACE(qPrintable(path));
+        expectDeathsLeaveAllTogether(path);
+    }
+}
+
+TEST_F(TheSave, TriesAgainWhenTheRecordChangesMeanwhile)
+{
+    int writes = 0;
+    // The clock is read between the record's opening for the change and its writing.
+    const auto saveWhileWritten = [&](int times) {
+        return saveAs(music(), u"b.mp3"_s, [&, times] {
+            if (writes++ < times)
+                store.db().Execute(u"Update tblContacts Set Code='%1'"_s.arg(writes));
+            return now;
+        });
+    };
+    EXPECT_EQ(saveWhileWritten(2), SaveOutcome::Saved);
+    EXPECT_EQ(writes, 3);
+    EXPECT_EQ(row(), music(u"b.mp3"_s));
+    EXPECT_EQ(value(sos, u"AlbumName"_s), u"saved"_s);
+    EXPECT_EQ(value(other, u"Code"_s), u"2"_s);
+    desktop.willSee();
+    EXPECT_EQ(saveWhileWritten(99), SaveOutcome::Refused);
+    EXPECT_EQ(writes, 6);
+    EXPECT_TRUE(state.RecordDirty && !state.RecordSaved);
 }
 
 TEST_F(TheSave, GoesBackWhenTheWarningIsNotAccepted)

@@ -126,6 +126,13 @@ TEST_F(FileCopy, TellsHowManyArrivedWhenTheDiskIsFullOrShut)
     EXPECT_EQ(onStick(), QStringList());
 }
 
+TEST_F(FileCopy, TellsOfTooLittleRoomOnceTheWaitWindowIsGone)
+{
+    desktop.willBrowse(u"/proc/"_s).willAnswer(Answer::Yes).willSee(u"These music files need "_s);
+    desktop.meanwhile([this] { EXPECT_FALSE(commands.isRunning()); });
+    commands.mnuFileCopy_Click();
+}
+
 TEST_F(FileCopy, CopiesTheCurrentFileAndReplacesOnlyWhenTold)
 {
     desktop.willBrowse(stick).willSee(u"File 日本.mp3\ncopied to folder\n"_s + stick);

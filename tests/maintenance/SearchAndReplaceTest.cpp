@@ -5,6 +5,7 @@
 #include "support/UserActs.h"
 
 #include <QLineEdit>
+#include <QPointer>
 #include <QRadioButton>
 
 #include <ostream>

@@ -3,6 +3,7 @@
 #include "pictures/PicturesFixture.h"
 
 #include <QFile>
+#include <QScreen>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -82,17 +83,22 @@ TEST_F(Pics3Test, EnlargesOneOnADoubleClick)
     song(u"Song"_s, {u"a.jpg"_s, u"a.jpg"_s});
     m_commands.cmdPictures_Click();
     const QSize small = screen().size();
+    const QRect room = screen().screen()->availableGeometry();
+    const QPoint corner(room.right() - small.width(), room.bottom() - small.height());
+    screen().move(corner);
     auto *second = child<PictureBox>(screen(), u"Image2"_s);
     QTest::mouseDClick(child<PictureBox>(screen(), u"Image3"_s), Qt::LeftButton);
     EXPECT_FALSE(screen().isEnlarged()) << "there is no picture";
     QTest::mouseDClick(second, Qt::LeftButton);
     EXPECT_TRUE(screen().isEnlarged());
     EXPECT_FALSE(child<PictureBox>(screen(), u"Image1"_s)->isVisible());
+    EXPECT_TRUE(room.contains(screen().frameGeometry()));
     EXPECT_TRUE(QTest::qWaitFor([&] { return second->picture().width() > small.width(); })) << "read afresh";
     screen().close();
     EXPECT_TRUE(screen().isVisible());
     EXPECT_FALSE(screen().isEnlarged());
     EXPECT_EQ(screen().size(), small);
+    EXPECT_EQ(screen().pos(), corner) << "where they were";
     key(&screen(), Qt::Key_Escape);
     EXPECT_FALSE(screen().isVisible());
     m_commands.cmdPictures_Click();

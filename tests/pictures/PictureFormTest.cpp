@@ -128,7 +128,8 @@ TEST_F(PictureFormTest, LoadsFilesFromElsewhereAndLinksStoredOnes)
     openSlot(3);
     m_desktop.willOpen(pictures(u"other.jpg"_s));
     press(u"cmdLoadFile"_s);
-    press(u"cmdClose"_s);
+    key(form().focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(isClosed()) << "saved, not asked for a file again";
     EXPECT_EQ(m_texts.value(u"PicturePath3"_s), u"other.jpg"_s);
     EXPECT_EQ(readFile(pictures(u"other.jpg"_s)), before) << "shared, not written again";
 }
@@ -153,6 +154,11 @@ TEST_F(PictureFormTest, RefusesAFileThatIsNoPicture)
     openSlot(1);
     EXPECT_EQ(m_desktop.lastCall().title, u"File not found.  Link broken."_s) << "a link out of the folder";
     EXPECT_FALSE(corner().isValid());
+
+    m_desktop.willSee(u"Invalid picture."_s);
+    PictureLink pasted(m_desktop, m_store.catalogue(), editor(), {.slot = 1, .pasteName = u"new.jpg"_s});
+    pasted.open();
+    EXPECT_FALSE(pasted.PictureReplaced()) << "what was on the clipboard cannot be read";
 }
 
 TEST_F(PictureFormTest, WalksOverTheSlotsWhoseFilesAreThere)

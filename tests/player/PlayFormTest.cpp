@@ -507,6 +507,21 @@ TEST_F(TheRealPlayer, StaysUsableWithNothingToPlay)
     EXPECT_FALSE(form());
 }
 
+TEST_F(TheRealPlayer, TellsThatThereIsNoSoundOutput)
+{
+    display();
+    m_mediaOptions.audioOutput = u"nosuchoutput"_s;
+    m_commands.cmdPlayAll_Click();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_events.endsWith(u"1"_s); }));
+    EXPECT_TRUE(isShown(u"lblMediaNote"_s));
+    EXPECT_TRUE(shown(u"lblMediaNote"_s).contains(u"no sound output"_s))
+        << shown(u"lblMediaNote"_s).toStdString();
+    EXPECT_EQ(ListIndex(), 0) << "the songs behind it fare no better";
+    EXPECT_FALSE(m_events.contains(u"8"_s)) << m_events.join(u' ').toStdString();
+    click(*form(), u"cmdExit"_s);
+    EXPECT_FALSE(form());
+}
+
 TEST_F(TheRealPlayer, ClosesAtAnyMoment)
 {
     display();

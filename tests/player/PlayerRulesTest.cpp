@@ -138,6 +138,25 @@ TEST(TheItemRules, KeepTheSelectionOnTheSong)
     EXPECT_EQ(decideItemChange(unread, queue), (ItemDecision{0, true})) << "the list was not read yet";
 }
 
+TEST(TheSongsNames, AreThoseOfTheRowThatPlays)
+{
+    SongQueue queue;
+    queue.add(u"Sun <> Tide"_s, u"/m/1.mp3"_s);
+    queue.add(u"Sun & \"Moon\""_s, u"/m/2.mp3"_s);
+    queue.add(u"Other <> Tide <> Sea"_s, u"/m/2.mp3"_s);
+    queue.add(u"/m/3.mp3"_s, u"/m/3.mp3"_s);
+    const auto told = [&](const QString &url) {
+        const SongNames names = queue.namesOf(url);
+        return names.SongName + u'|' + names.Artist;
+    };
+    EXPECT_EQ(told(u"/m/1.mp3"_s), u"Sun|Tide"_s);
+    EXPECT_EQ(told(u"/m/2.mp3"_s), u"Sun & \"Moon\"|"_s);
+    queue.setListIndex(2);
+    EXPECT_EQ(told(u"/m/2.mp3"_s), u"Other|Tide <> Sea"_s) << "the selected one of two rows";
+    EXPECT_EQ(told(u"/m/3.mp3"_s), u"|"_s) << "a path says less than the file's tags";
+    EXPECT_EQ(told(u"/m/4.mp3"_s), u"|"_s);
+}
+
 TEST(TheRandomRow, HitsTheEndsHalfAsOften)
 {
     const std::tuple<double, qint64, qint64> cases[] = {{0, 5, 0},        {0.124, 5, 0}, {0.126, 5, 1},

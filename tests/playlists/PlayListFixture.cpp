@@ -8,6 +8,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -113,6 +114,22 @@ void PlayListTest::dragRow(int from, int to, bool escape)
     for (QEvent *event :
          std::initializer_list<QEvent *>{&enter, &move, escape ? static_cast<QEvent *>(&leave) : &drop})
         QApplication::sendEvent(view, event);
+}
+
+void PlayListTest::scrollByDrag()
+{
+    QWidget *view = lbDetail().viewport();
+    control<QComboBox>(u"cmbHeader").setFocus();
+    const std::unique_ptr<QMimeData> song(lbDetail().model()->mimeData({lbDetail().model()->index(0, 0)}));
+    const QPoint edge(view->width() / 2, view->height() - 2);
+    QDragEnterEvent enter(edge, Qt::MoveAction, song.get(), Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(edge, Qt::MoveAction, song.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(view, &enter);
+    QApplication::sendEvent(view, &move);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return lbDetail().verticalScrollBar()->value() > 0; }));
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(view, &leave);
+    lbDetail().setFocus(); // and forgets the drag, which moved nothing
 }
 
 void PlayListTest::leaveList()

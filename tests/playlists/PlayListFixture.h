@@ -60,6 +60,8 @@ protected:
     /** Clicks a row of lbDetail. */
     void clickRow(int row);
     void dragRow(int from, int to, bool escape = false);
+    /** Holds the first song at the list's lower edge until that scrolls. */
+    void scrollByDrag();
     /** By the tab key, and lets what follows happen. */
     void leaveList();
     /** Runs @p act in the screen that is over the play lists. */

@@ -284,6 +284,7 @@ TEST_F(PlayLists, AreFullByEachOfTheirTests)
     EXPECT_EQ(rows().size(), MostTracks);
     choose(u"mnuEditAddSong");
     closeChild();
+    scrollByDrag();
     m_lists.addTracks(m_empty, MostTracks, tracks.mid(0, 1));
     pick(u"Party"_s);
     pick(u"Empty"_s);

@@ -83,12 +83,16 @@ TEST_F(Csv, WhatCantBeWrittenIsTold)
         m_commands.Export_Click();
     }
     EXPECT_EQ(content().size(), 2000);
+    store.db().Execute(u"Delete from tblContacts Where SongName = 'SOS'"_s);
+    desktop.willAnswer(Answer::Yes).willSave(path).willSee(u"Record is deleted."_s);
+    m_commands.Export_Click();
+    EXPECT_TRUE(desktop.lastCall().text.contains(u"isn't whole"_s));
     desktop.willAnswer(Answer::Yes)
         .willSave(store.catalogue().DatabaseFile)
         .willSee(u"the catalogue itself"_s);
     m_commands.Export_Click();
     store.reopen();
-    EXPECT_EQ(store.column(u"Select RecordID from tblContacts"_s).size(), 57);
+    EXPECT_EQ(store.column(u"Select RecordID from tblContacts"_s).size(), 56);
     desktop.willAnswer(Answer::Yes).willSave(store.folder()).willSee(store.folder());
     data().Refresh();
     m_commands.Export_Click();

@@ -13,9 +13,9 @@ namespace {
 
 const char *nameOf(Shown shown)
 {
-    constexpr std::array names = {"message box", "prompt",        "warning",     "open dialog",
-                                  "save dialog", "folder dialog", "color dialog", "font dialog",
-                                  "printer dialog"};
+    constexpr std::array names = {"message box",  "prompt",      "warning",
+                                  "open dialog",  "save dialog", "folder dialog",
+                                  "color dialog", "font dialog", "printer dialog"};
     return names.at(static_cast<std::size_t>(shown));
 }
 

@@ -3,7 +3,7 @@
 
 #include "platform/richtext/RichText.h"
 
-#include <QTextBlockFormat>
+#include <QTextBlock>
 #include <QTextDocument>
 
 #include <algorithm>

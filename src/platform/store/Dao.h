@@ -4,6 +4,8 @@
 #include "platform/store/DaoError.h"
 #include "platform/store/Schema.h"
 
+#include <QByteArrayView>
+#include <QList>
 #include <QMetaObject>
 #include <QString>
 #include <QStringList>
@@ -12,6 +14,7 @@
 #include <compare>
 #include <functional>
 #include <memory>
+#include <span>
 
 /**
  * The catalogue store: DAO's surface over a SQLite file. Statements are written in the catalogue's
@@ -44,6 +47,13 @@ struct Bookmark
     qint64 key = 0;
     auto operator<=>(const Bookmark &) const = default;
 };
+
+/**
+ * Takes a row's place and its fields in the order asked for, as they are stored: UTF-8, a date as
+ * "yyyy-MM-dd" with " HH:mm:ss" behind it unless that is midnight, empty for a Null. The texts go with the
+ * call.
+ */
+using RowVisitor = std::function<void(qint64 position, std::span<const QByteArrayView> texts)>;
 
 /**
  * Rows of a table or a statement, with a current one.
@@ -108,6 +118,12 @@ public:
     [[nodiscard]] QString text(const QString &field) const;
     /** Any row's value, without moving there; the grid's road, through the row cache. */
     [[nodiscard]] QVariant valueAt(qint64 position, int field) const;
+    /**
+     * Shows @p visit all rows in their order, with the fields of those places only; the current row stays.
+     * The fast road through many rows. The catalogue is not written to meanwhile. @throws 3167 for a row that
+     * was deleted elsewhere.
+     */
+    void forEachRow(const QList<int> &fields, const RowVisitor &visit) const;
 
     void Edit();
     /** The current row stays current; LastModified names the new one after Update. */

@@ -33,6 +33,7 @@ public:
 
     /** @throws 3167 when the row was deleted. */
     [[nodiscard]] QVariant value(qint64 position, int field) const;
+    void visit(const QList<int> &fields, const RowVisitor &visitor) const;
     /** A stored field of the row of that key, in the set or not. */
     [[nodiscard]] QVariant storedValue(qint64 key, int field) const;
     /** What is stored in a field of that type, as its readers see it. */

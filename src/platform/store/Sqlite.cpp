@@ -203,6 +203,12 @@ bool Statement::isNull(int column) const
     return sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL;
 }
 
+QByteArrayView Statement::utf8(int column) const
+{
+    const auto *bytes = reinterpret_cast<const char *>(sqlite3_column_text(m_statement.get(), column));
+    return {bytes, bytes == nullptr ? 0 : sqlite3_column_bytes(m_statement.get(), column)};
+}
+
 QVariant Statement::variant(int column) const
 {
     switch (sqlite3_column_type(m_statement.get(), column)) {

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] QString columnName(int column) const;
     [[nodiscard]] qint64 integer(int column) const;
     [[nodiscard]] QString text(int column) const;
+    /** Of the row stepped to last, until the next step; empty for a Null. */
+    [[nodiscard]] QByteArrayView utf8(int column) const;
     /** QString, qint64, double or a Null, as the value is stored. */
     [[nodiscard]] QVariant variant(int column) const;
     [[nodiscard]] bool isNull(int column) const;
