@@ -230,7 +230,7 @@ int main(int argc, char **argv)
     QString folder;
     frmPlayList screen(
         {desktop, player, state, options, store, catalogue, displayed, folder, folder, {}, {}, {}, {}});
-    screen.show();
+    screen.open();
     suite.compare(
         u"load 32k tracks"_s, 3, [&] { screen.LoadDetailListbox(); }, [&] { bare.load(list); });
     return suite.exitCode();

@@ -272,6 +272,9 @@ void NameEdit::unload()
         m_assignCategory ? m_parts.hooks.assignCategoryOnAdd : std::function<void()>();
     m_parts.mainScreen.setScreenEnabled(true);
     QDialog::reject();
+    // Closed from behind a question of its own, it leaves some window managers with no active window.
+    if (parentWidget() != nullptr)
+        parentWidget()->window()->activateWindow();
     if (assignCategory)
         assignCategory();
 }

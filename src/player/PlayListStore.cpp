@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <set>
+#include <span>
 #include <unordered_map>
 
 using namespace Qt::StringLiterals;
@@ -256,9 +257,10 @@ QList<ShownTrack> PlayListStore::shownTracks(qint64 listId, qint64 most) const
     const qint64 count = std::min(rows->RecordCount(), most);
     QList<ShownTrack> tracks;
     tracks.reserve(count);
-    for (qint64 row = 0; row < count; ++row)
-        tracks.append({rows->valueAt(row, 0).toString(), rows->valueAt(row, 1).toString(),
-                       rows->valueAt(row, 2).toLongLong()});
+    rows->forEachRow({0, 1, 2}, [&](qint64 row, std::span<const QByteArrayView> texts) {
+        if (row < count)
+            tracks.append({QString::fromUtf8(texts[0]), QString::fromUtf8(texts[1]), texts[2].toLongLong()});
+    });
     return tracks;
 }
 

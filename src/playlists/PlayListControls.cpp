@@ -109,4 +109,9 @@ PlayListLook lookAfter(const PlayListState &state, PlayListLook look)
     return look;
 }
 
+bool hasDragSupport(const QString &programFolder)
+{
+    return !programFolder.contains("source"_L1, Qt::CaseInsensitive);
+}
+
 } // namespace quaverly

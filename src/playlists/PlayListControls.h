@@ -83,4 +83,8 @@ struct PlayListLook
  */
 [[nodiscard]] PlayListLook lookAfter(const PlayListState &state, PlayListLook before);
 
+/** Whether songs can be dragged. A program in a folder with "source" in its path does without; that is meant.
+ */
+[[nodiscard]] bool hasDragSupport(const QString &programFolder);
+
 } // namespace quaverly

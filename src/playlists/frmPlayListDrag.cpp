@@ -5,6 +5,8 @@
 #include "playlists/TrackListModel.h"
 #include "ui_frmPlayList.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace quaverly {
@@ -24,6 +26,7 @@ void frmPlayList::wireDrag()
     on(&TrackListView::beginDrag, &frmPlayList::lbDetail_BeginDrag);
     on(&TrackListView::dragging, &frmPlayList::lbDetail_Dragging);
     on(&TrackListView::dropped, &frmPlayList::lbDetail_Dropped);
+    m_ui->lbDetail->setDragEnabled(hasDragSupport(QCoreApplication::applicationDirPath()));
 }
 
 void frmPlayList::lbDetail_Click(int row)

@@ -156,6 +156,12 @@ TEST(PlayListRules, MoveARowAboveTheOneItIsDroppedOn)
     }
 }
 
+TEST(PlayListRules, DragUnlessTheProgramStandsWithItsSources)
+{
+    EXPECT_TRUE(hasDragSupport(u"/usr/bin"_s));
+    EXPECT_FALSE(hasDragSupport(u"/home/a/Sources/bin"_s));
+}
+
 TEST(PlayListRules, CountWhatIsDisplayed)
 {
     const std::pair<QString, QString> cases[] = {
