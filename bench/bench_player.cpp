@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Playing every displayed song, and play lists of the greatest size.
 #include "Bench.h"
+#include "WillingDesktop.h"
 
 #include "catalogue/CatalogueSchema.h"
 #include "catalogue/Options.h"
-#include "desktop/QtDesktop.h"
 #include "platform/media/Media.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/shell/Shell.h"
@@ -27,18 +27,6 @@ namespace {
 
 constexpr int Songs = 32'000;
 constexpr int SongsInFolder = 12;
-
-/** A user who wants all of them. */
-class WillingDesktop final : public QtDesktop
-{
-public:
-    using QtDesktop::QtDesktop;
-    Answer MessageBox(const QString & /*text*/, const QString & /*title*/, Icon /*icon*/, Buttons /*buttons*/,
-                      std::optional<Answer> /*defaultAnswer*/) override
-    {
-        return Answer::Yes;
-    }
-};
 
 QString folderOfSong(const QString &root, int song)
 {
@@ -118,7 +106,7 @@ int main(int argc, char **argv)
     catalogue.DatabaseFolder = root;
     catalogue.CatalogueDb = engine.OpenDatabase(root + u"QVdata.mdb"_s);
     OptionsStore store(root + u"options.ini"_s);
-    WillingDesktop desktop(store);
+    bench::WillingDesktop desktop(store);
     PlayerState state;
     const Options options;
     DataControl displayed(catalogue);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Play lists of the greatest size: loading one, filling it with all displayed songs, moving a song in it.
 #include "Bench.h"
+#include "WillingDesktop.h"
 
 #include "catalogue/CatalogueSchema.h"
 #include "catalogue/Options.h"
 #include "catalogue/SettingsRows.h"
-#include "desktop/QtDesktop.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/store/Collation.h"
 #include "platform/store/SqlFunctions.h"
@@ -29,18 +29,6 @@ namespace {
 
 constexpr int Songs = 32'000;
 constexpr int SongsOfArtist = 12;
-
-/** A user who wants all of them. */
-class WillingDesktop final : public QtDesktop
-{
-public:
-    using QtDesktop::QtDesktop;
-    Answer MessageBox(const QString & /*text*/, const QString & /*title*/, Icon /*icon*/, Buttons /*buttons*/,
-                      std::optional<Answer> /*defaultAnswer*/) override
-    {
-        return Answer::Yes;
-    }
-};
 
 class NoPlayer final : public Player
 {
@@ -192,7 +180,7 @@ int main(int argc, char **argv)
     catalogue.CatalogueDb = engine.OpenDatabase(root + u"QVdata.mdb"_s);
     Bare bare(root + u"QVdata.mdb"_s);
     OptionsStore store(root + u"options.ini"_s);
-    WillingDesktop desktop(store);
+    bench::WillingDesktop desktop(store);
     SettingsRows settings(catalogue);
     DisplayedSet displayed(catalogue, settings, desktop);
     displayed.Data1().setRecordSource(u"Select * from  tblContacts Order By SongName"_s);

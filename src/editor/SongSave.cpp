@@ -133,8 +133,11 @@ void SongSave::write(const SongTexts &texts)
     const EditorState before = state;
     state.RecordSaved = true;
     try {
+        // The song with its category or neither: else the next save would add the song a second time.
+        dao::Transaction transaction(m_parts.catalogue.CatalogueDb->workspace());
         writeOrRetry(texts);
         assignShownCategory();
+        transaction.commit();
     } catch (...) {
         // Otherwise the next closing would take the record for saved, and let it go without a word.
         state = before;

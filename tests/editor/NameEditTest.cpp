@@ -195,8 +195,18 @@ TEST_F(TheEditor, AddsARecordToTheCategoryOnShow)
     desktop.willOpen(music(u"new.mp3"_s));
     press(u"cmdBrowseFile"_s);
     enter(u"txtSongName"_s, u"Fernando"_s);
+    // An assignment that waits for the new song's number: the song is not added without its own.
+    const qint64 songs = store.valueOf(u"Select Count(*) From tblContacts"_s).toLongLong();
+    const qint64 next = store.valueOf(u"Select Max(RecordID) From tblContacts"_s).toLongLong() + 1;
+    store.addRow(u"tblCategoryID"_s, {{u"ID"_s, next}, {u"CategoryNumber"_s, jazz}});
+    desktop.willSee();
+    press(u"cmdSave"_s);
+    ASSERT_TRUE(isOpen());
+    EXPECT_EQ(store.valueOf(u"Select Count(*) From tblContacts"_s).toLongLong(), songs);
+    store.db().Execute(u"Delete * from tblCategoryID Where ID=%1"_s.arg(next));
     press(u"cmdSave"_s);
     EXPECT_FALSE(isOpen());
+    EXPECT_EQ(store.valueOf(u"Select Count(*) From tblContacts"_s).toLongLong(), songs + 1);
     EXPECT_TRUE(screen.isEnabled(MainControl::cmdAdd));
     EXPECT_EQ(assigned, 1);
     EXPECT_EQ(set.Data1().currentText(u"SongName"_s), u"Fernando"_s);
