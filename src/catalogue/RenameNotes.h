@@ -34,11 +34,13 @@ public:
      */
     void settle();
 
+    /** Play list rows that name the file @p from, in exactly these letters, name @p to; all or none. */
+    void renameTracks(const QString &from, const QString &to);
+
 private:
     struct Note;
     void settle(const Note &note);
     void renameRow(const Note &note);
-    void renameTracks(const QString &from, const QString &to);
 
     Catalogue &m_catalogue;
 };

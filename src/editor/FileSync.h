@@ -19,7 +19,7 @@ struct SongFile
 class FileSync final
 {
 public:
-    explicit FileSync(Catalogue &catalogue) : m_catalogue(catalogue), m_notes(catalogue) {}
+    explicit FileSync(Catalogue &catalogue) : m_notes(catalogue) {}
 
     /** The row's file is there and the typed names are ones that it could bear. */
     [[nodiscard]] static bool canFollow(const SongFile &row, const SongFile &typed);
@@ -36,9 +36,7 @@ public:
 
 private:
     void rename(qint64 recordId, const SongFile &row, const SongFile &typed);
-    void renameTracks(const QString &from, const QString &to);
 
-    Catalogue &m_catalogue;
     RenameNotes m_notes;
 };
 

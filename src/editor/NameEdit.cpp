@@ -91,11 +91,6 @@ void NameEdit::placeScreen()
 void NameEdit::Form_Load()
 {
     const Options &options = m_parts.options;
-    if (!options.ScreenFont.isEmpty()) {
-        QFont chosen = font();
-        chosen.setFamily(options.ScreenFont);
-        setFont(chosen);
-    }
     if (m_parts.set.isDuplicateView()) {
         m_ui->cmdSave->setEnabled(false);
         m_ui->cmdAddNew->setEnabled(false);

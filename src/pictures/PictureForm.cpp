@@ -63,11 +63,6 @@ void PictureForm::wire()
 
 void PictureForm::Form_Load(const Options &options)
 {
-    if (!options.ScreenFont.isEmpty()) {
-        QFont chosen = font();
-        chosen.setFamily(options.ScreenFont);
-        setFont(chosen);
-    }
     m_ui->cmdPrev->setIcon(icon(u"previous"_s));
     m_ui->cmdNext->setIcon(icon(u"next"_s));
     m_ui->picResized->setHint(u"No picture"_s);

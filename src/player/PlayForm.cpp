@@ -114,21 +114,11 @@ void PlayForm::Form_Load()
     loadPlayerSettings(m_parts.store, *m_media);
     m_media->setURL(m_parts.state.CurrentPlayUrl);
     setWindowTitle(m_parts.state.CurrentPlayTitle);
-    applyFont();
     if (m_parts.options.TabletActive)
         sizeForFingers(*this);
     const int row = m_parts.options.TabletActive ? FingerRow : fontMetrics().height() + RowPadding;
     m_songs->setRowHeight(row);
     m_ui->lbSongs->setMinimumHeight(LeastRows * row);
-}
-
-void PlayForm::applyFont()
-{
-    if (m_parts.options.ScreenFont.isEmpty())
-        return;
-    QFont chosen = font();
-    chosen.setFamily(m_parts.options.ScreenFont);
-    setFont(chosen);
 }
 
 void PlayForm::loadPlayLists()

@@ -80,7 +80,6 @@ private:
     void listenToDesktop();
     void Form_Load();
     void Form_Unload();
-    void applyFont();
     void loadPlayLists();
 
     void cbPlayNext_Click(bool checked);

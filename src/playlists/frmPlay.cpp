@@ -39,11 +39,6 @@ void frmPlay::wire()
 
 void frmPlay::Form_Load()
 {
-    if (!m_parts.options.ScreenFont.isEmpty()) {
-        QFont chosen = font();
-        chosen.setFamily(m_parts.options.ScreenFont);
-        setFont(chosen);
-    }
     if (m_parts.options.TabletActive)
         sizeForFingers(*this);
     loadPlayerSettings(m_parts.store, *m_media);

@@ -58,11 +58,6 @@ frmPlayList::~frmPlayList() = default;
 
 void frmPlayList::Form_Load()
 {
-    if (!m_parts.options.ScreenFont.isEmpty()) {
-        QFont chosen = font();
-        chosen.setFamily(m_parts.options.ScreenFont);
-        setFont(chosen);
-    }
     if (m_parts.options.TabletActive)
         sizeForFingers(*this);
     m_model->setRowHeight(m_parts.options.TabletActive ? FingerRow : fontMetrics().height() + RowPadding);

@@ -40,11 +40,6 @@ void frmPlayListDetail::wire()
 
 void frmPlayListDetail::Form_Load(const Options &options)
 {
-    if (!options.ScreenFont.isEmpty()) {
-        QFont chosen = font();
-        chosen.setFamily(options.ScreenFont);
-        setFont(chosen);
-    }
     setWindowTitle(m_role == Role::Add ? u"Add a new song title that is not in database to this Play List"_s
                                        : u"Edit an existing song"_s);
     if (options.TabletActive)

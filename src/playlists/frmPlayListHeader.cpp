@@ -31,11 +31,6 @@ void frmPlayListHeader::wire()
 
 void frmPlayListHeader::Form_Load(const Options &options)
 {
-    if (!options.ScreenFont.isEmpty()) {
-        QFont chosen = font();
-        chosen.setFamily(options.ScreenFont);
-        setFont(chosen);
-    }
     m_ui->cmdDelete->setVisible(m_edited.has_value());
     if (m_edited) {
         loadEdited();

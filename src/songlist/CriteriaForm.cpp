@@ -57,7 +57,7 @@ CriteriaForm::CriteriaForm(DisplayedSet &set, MainScreen &mainScreen, SettingsRo
       m_probe(new CriteriaProbe(catalogue, set.texts(), this)), m_tabletActive(options.TabletActive)
 {
     m_ui->setupUi(this);
-    Form_Load(options);
+    Form_Load();
     wire();
 }
 
@@ -96,13 +96,8 @@ void CriteriaForm::handle(const std::function<void()> &handler)
     guarded(m_desktop, windowTitle(), handler);
 }
 
-void CriteriaForm::Form_Load(const Options &options)
+void CriteriaForm::Form_Load()
 {
-    if (!options.ScreenFont.isEmpty()) {
-        QFont chosen = font();
-        chosen.setFamily(options.ScreenFont);
-        setFont(chosen);
-    }
     fillGenres();
     for (int stars = 1; stars <= MostStars; ++stars)
         m_ui->cmbRating->addItem(QString(stars, u'*'));

@@ -48,7 +48,7 @@ protected:
 
 private:
     void wire();
-    void Form_Load(const Options &options);
+    void Form_Load();
     void Form_Activate();
     void listFieldNames_DblClick(QListWidgetItem *item);
     void listFieldNames_Enter();

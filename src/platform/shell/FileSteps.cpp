@@ -96,12 +96,6 @@ QString FilePath::name() const
     return m_text.mid(m_text.lastIndexOf(u'/') + 1);
 }
 
-Descriptor::~Descriptor()
-{
-    if (m_fd >= 0)
-        ::close(m_fd);
-}
-
 // Opened without waiting: a pipe of that name would wait for its other end for ever.
 SourceFile::SourceFile(const FilePath &path)
     : m_path(path), m_file(::open(path.system(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))

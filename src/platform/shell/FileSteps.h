@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/shell/Descriptor.h"
 #include "platform/shell/FileCopy.h"
 
 #include <QByteArray>
@@ -32,18 +33,6 @@ private:
 
     QString m_text;
     QByteArray m_bytes;
-};
-
-class Descriptor final
-{
-public:
-    explicit Descriptor(int fd) : m_fd(fd) {}
-    ~Descriptor();
-    Q_DISABLE_COPY_MOVE(Descriptor)
-    [[nodiscard]] int get() const { return m_fd; }
-
-private:
-    int m_fd;
 };
 
 /** A regular file opened for reading, links followed. */

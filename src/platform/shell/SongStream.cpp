@@ -61,11 +61,6 @@ SongStream::Buffer::~Buffer()
     spareMemory() = std::move(m_bytes);
 }
 
-SongStream::Descriptor::~Descriptor()
-{
-    ::close(m_fd);
-}
-
 bool SongStream::Window::holds(qint64 offset, qsizetype count) const
 {
     return offset >= start && offset + count <= start + length;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/shell/Descriptor.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -77,17 +79,6 @@ private:
         qint64 start = 0;
         qsizetype length = 0;
         [[nodiscard]] bool holds(qint64 offset, qsizetype count) const;
-    };
-    class Descriptor
-    {
-    public:
-        explicit Descriptor(int fd) : m_fd(fd) {}
-        ~Descriptor();
-        Q_DISABLE_COPY_MOVE(Descriptor)
-        [[nodiscard]] int get() const { return m_fd; }
-
-    private:
-        int m_fd;
     };
 
     [[nodiscard]] qsizetype readInto(char *to, qint64 offset, qsizetype count) const;
