@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Playing every displayed song, and play lists of the greatest size.
+// Playing every displayed song, and how soon a single one plays.
 #include "Bench.h"
 #include "WillingDesktop.h"
 
@@ -10,6 +10,7 @@
 #include "platform/shell/Shell.h"
 #include "player/PlayCommands.h"
 #include "player/PlayForms.h"
+#include "samples/Silence.h"
 #include "songlist/DataControl.h"
 #include "songlist/PlayerState.h"
 
@@ -27,6 +28,14 @@ namespace {
 
 constexpr int Songs = 32'000;
 constexpr int SongsInFolder = 12;
+
+// The first start is left out: it loads the module that plays.
+constexpr int Starts = 15;
+/** Milliseconds that a user takes for at once. */
+constexpr double LongestWait = 100;
+
+const QString AllSongs = u"play all 32k"_s;
+const QString OneSong = u"click to playing"_s;
 
 QString folderOfSong(const QString &root, int song)
 {
@@ -92,13 +101,32 @@ void statAndWrite(const QString &root)
         std::fprintf(stderr, "the list can't be written\n");
 }
 
+/** Runs on until the player made last plays. */
+void waitForSound(const media::MediaPlayer *player)
+{
+    while (player->playState() != media::PlayState::Playing)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+QStringList silentSongs(const QString &root)
+{
+    QStringList paths;
+    for (const QString &type : {u"mp3"_s, u"flac"_s, u"m4a"_s}) {
+        paths += root + u"silence."_s + type;
+        QFile file(paths.constLast());
+        if (!file.open(QIODevice::WriteOnly) || file.write(samples::silence(type)) <= 0)
+            std::fprintf(stderr, "%s can't be written\n", qPrintable(paths.constLast()));
+    }
+    return paths;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     const QApplication app(argc, argv);
     bench::Suite suite(QCoreApplication::arguments().mid(1));
-    if (!suite.wants(u"play all 32k"_s))
+    if (!suite.wants(AllSongs) && !suite.wants(OneSong))
         return 0;
     const QString root = dataOfSongs();
     dao::DBEngine engine(catalogueSchema());
@@ -113,14 +141,35 @@ int main(int argc, char **argv)
     displayed.setRecordSource(u"Select * from  tblContacts Order By SongName, Artist"_s);
     const media::MediaFactory media(
         {.audioOutput = u"null"_s, .outputFile = {}, .untimed = false, .moduleFolder = {}});
+    const media::MediaPlayer *lastPlayer = nullptr;
     PlayForms player({desktop, state, options, store, catalogue, displayed,
-                      [&] { return media.makeMediaPlayer(); }, [] { return false; }, [] {},
-                      [] { return 0.0; }});
+                      [&] {
+                          auto made = media.makeMediaPlayer();
+                          lastPlayer = made.get();
+                          return made;
+                      },
+                      [] { return false; }, [] {}, [] { return 0.0; }});
     const auto shell = shell::makeShell();
     QString lastFolder;
     PlayCommands commands(
         {desktop, player, state, options, catalogue, displayed, *shell, lastFolder, {}, {}, {}});
-    suite.compare(
-        u"play all 32k"_s, 4, [&] { commands.cmdPlayAll_Click(); }, [&] { statAndWrite(root); });
+    if (suite.wants(AllSongs))
+        suite.compare(
+            AllSongs, 4, [&] { commands.cmdPlayAll_Click(); }, [&] { statAndWrite(root); });
+    if (suite.wants(OneSong)) {
+        const QStringList songs = silentSongs(root);
+        QList<double> times;
+        for (int run = 0; run <= Starts; ++run) {
+            const bench::Cost cost = bench::costOf([&] {
+                player.unload();
+                player.play(playerOnlyRequest(songs.at(run % songs.size())));
+                waitForSound(lastPlayer);
+            });
+            if (run > 0)
+                times += cost.wall;
+        }
+        suite.report(OneSong, 1, bench::median(times), LongestWait, "ms");
+        player.unload();
+    }
     return suite.exitCode();
 }
