@@ -72,7 +72,7 @@ bool isInOtherCapitals(const FilePath &from, const FilePath &to)
 std::filesystem::path leadingFrom(const FilePath &folder, const FilePath &link)
 {
     namespace fs = std::filesystem;
-    const fs::path there = fs::read_symlink(link.system());
+    fs::path there = fs::read_symlink(link.system());
     if (there.is_absolute())
         return there;
     const fs::path relative =
