@@ -157,6 +157,15 @@ void reports(bench::Suite &suite, Program &program, Rows &bare)
             });
         },
         bench::Clock::Processor);
+    suite.compare(
+        u"path report 100k, shown"_s, 10, [&] { shown(&quaverly::ReportCommands::mnuPathRpt_Click); },
+        [&] {
+            std::string text;
+            bare.each(statement("ORDER BY PathName, FileName, RecordID"), [&](sqlite3_stmt *row) {
+                text.append(" ").append(Rows::text(row, 2)).append(Rows::text(row, 3)).append("\r\n");
+            });
+        },
+        bench::Clock::Processor);
 }
 
 void csv(bench::Suite &suite, Program &program, Rows &bare, const QString &path)

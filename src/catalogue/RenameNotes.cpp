@@ -131,7 +131,8 @@ void RenameNotes::renameTracks(const QString &from, const QString &to)
 {
     dao::Transaction transaction(m_catalogue.CatalogueDb->workspace());
     const auto tracks = m_catalogue.CatalogueDb->OpenRecordset(
-        u"Select FileName From tblPlayListDetail Where FileName="_s + quoted(from), dao::RecordsetType::Dynaset);
+        u"Select FileName From tblPlayListDetail Where FileName="_s + quoted(from),
+        dao::RecordsetType::Dynaset);
     for (; !tracks->atEOF(); tracks->MoveNext()) {
         // The store's comparison is blind to case, but here files are told apart by it.
         if (tracks->text(u"FileName"_s) != from)

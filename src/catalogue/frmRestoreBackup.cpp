@@ -25,7 +25,8 @@ constexpr int ColumnGap = 3;
 
 frmRestoreBackup::frmRestoreBackup(Desktop &desktop, const RestoreBackup &restore, bool tablet,
                                    QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmRestoreBackup>()), m_desktop(desktop), m_restore(restore)
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::frmRestoreBackup>()), m_desktop(desktop),
+      m_restore(restore)
 {
     m_ui->setupUi(this);
     wire();
@@ -33,12 +34,6 @@ frmRestoreBackup::frmRestoreBackup(Desktop &desktop, const RestoreBackup &restor
 }
 
 frmRestoreBackup::~frmRestoreBackup() = default;
-
-void frmRestoreBackup::showModally()
-{
-    setAttribute(Qt::WA_DeleteOnClose);
-    open();
-}
 
 void frmRestoreBackup::wire()
 {
@@ -53,10 +48,14 @@ void frmRestoreBackup::Form_Load(bool tablet)
 {
     m_copies = m_restore.copies();
     showText(*m_ui->lblMessage, RestoreBackup::explanation(!m_copies.empty()));
-    for (const Backup &backup : m_copies)
-        new QTreeWidgetItem(m_ui->listBackups, RestoreBackup::columns(backup));
+    for (const Backup &backup : m_copies) {
+        auto *row = new QTreeWidgetItem(m_ui->listBackups, RestoreBackup::columns(backup));
+        if (tablet)
+            row->setSizeHint(DateColumn, {0, FingerHeight});
+    }
     layOutColumns();
     m_ui->listBackups->setEnabled(!m_copies.empty());
+    m_ui->listBackups->setCurrentItem(m_ui->listBackups->topLevelItem(0));
     listBackups_Click();
     if (tablet)
         sizeForFingers(*this);

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "catalogue/RestoreBackup.h"
-
-#include <QDialog>
+#include "desktop/ModalScreen.h"
 
 #include <memory>
 
@@ -14,7 +13,7 @@ class frmRestoreBackup;
 namespace quaverly {
 
 /** Lists the copies of the catalogue, and has the user choose the one that it goes back to. */
-class frmRestoreBackup final : public QDialog
+class frmRestoreBackup final : public ModalScreen
 {
     Q_OBJECT
 
@@ -22,9 +21,6 @@ public:
     /** With @p tablet it is sized for fingers. The references in @p restore outlive the screen. */
     frmRestoreBackup(Desktop &desktop, const RestoreBackup &restore, bool tablet, QWidget *parent = nullptr);
     ~frmRestoreBackup() override;
-
-    /** Shows the screen over its owner and returns; it deletes itself when it is closed. */
-    void showModally();
 
 Q_SIGNALS:
     /** A sound copy was chosen and the screen is closed. What follows unloads the owner: connect it queued.

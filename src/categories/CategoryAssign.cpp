@@ -8,8 +8,6 @@
 #include "songlist/DisplayedSet.h"
 #include "ui_CategoryAssign.h"
 
-#include <QScreen>
-
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -27,8 +25,8 @@ QList<CategoryGrid::Head> headsOf(const QString &names)
 } // namespace
 
 CategoryAssign::CategoryAssign(const CategoryParts &parts, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::CategoryAssign>()), m_parts(parts), m_store(parts.catalogue),
-      m_names(parts.desktop, m_store, CategoryNames::Screen::Assign),
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::CategoryAssign>()), m_parts(parts),
+      m_store(parts.catalogue), m_names(parts.desktop, m_store, CategoryNames::Screen::Assign),
       m_song(parts.desktop, m_store, parts.set.Data1().Recordset().value(u"RecordID"_s).toLongLong())
 {
     m_ui->setupUi(this);
@@ -37,12 +35,6 @@ CategoryAssign::CategoryAssign(const CategoryParts &parts, QWidget *parent)
 }
 
 CategoryAssign::~CategoryAssign() = default;
-
-void CategoryAssign::showModally()
-{
-    setAttribute(Qt::WA_DeleteOnClose);
-    open();
-}
 
 void CategoryAssign::wire()
 {
@@ -70,7 +62,7 @@ void CategoryAssign::Form_Load()
         m_ui->CatgIdGrid->sizeForFingers();
     }
     refresh();
-    resize(FirstSize.boundedTo(screen()->availableSize()));
+    resize(FirstSize.boundedTo(roomFor(*this)));
     m_ui->CatgGrid->setFocus();
 }
 

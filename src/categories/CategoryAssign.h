@@ -4,8 +4,7 @@
 #include "categories/CategoryNames.h"
 #include "categories/CategoryParts.h"
 #include "categories/SongCategories.h"
-
-#include <QDialog>
+#include "desktop/ModalScreen.h"
 
 #include <memory>
 
@@ -16,7 +15,7 @@ class CategoryAssign;
 namespace quaverly {
 
 /** The categories of the displayed set's current song. */
-class CategoryAssign final : public QDialog
+class CategoryAssign final : public ModalScreen
 {
     Q_OBJECT
 
@@ -24,9 +23,6 @@ public:
     /** @throws dao::DaoError when the song or the categories can't be read. */
     explicit CategoryAssign(const CategoryParts &parts, QWidget *parent = nullptr);
     ~CategoryAssign() override;
-
-    /** Shows the screen over its owner and returns; it deletes itself when it is closed. */
-    void showModally();
 
 private:
     void wire();

@@ -10,8 +10,6 @@
 #include "songlist/MainScreen.h"
 #include "ui_CategoryForm.h"
 
-#include <QScreen>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -25,8 +23,8 @@ constexpr QSize FirstSize(620, 460);
 } // namespace
 
 CategoryForm::CategoryForm(const CategoryParts &parts, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::CategoryForm>()), m_parts(parts), m_store(parts.catalogue),
-      m_names(parts.desktop, m_store, CategoryNames::Screen::Form)
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::CategoryForm>()), m_parts(parts),
+      m_store(parts.catalogue), m_names(parts.desktop, m_store, CategoryNames::Screen::Form)
 {
     m_ui->setupUi(this);
     Form_Load();
@@ -34,12 +32,6 @@ CategoryForm::CategoryForm(const CategoryParts &parts, QWidget *parent)
 }
 
 CategoryForm::~CategoryForm() = default;
-
-void CategoryForm::showModally()
-{
-    setAttribute(Qt::WA_DeleteOnClose);
-    open();
-}
 
 void CategoryForm::wire()
 {
@@ -64,7 +56,7 @@ void CategoryForm::Form_Load()
     }
     refresh();
     showCurrentCategory();
-    resize(FirstSize.boundedTo(screen()->availableSize()));
+    resize(FirstSize.boundedTo(roomFor(*this)));
     m_ui->CatgGrid->setFocus();
 }
 

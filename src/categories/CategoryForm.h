@@ -3,8 +3,7 @@
 
 #include "categories/CategoryNames.h"
 #include "categories/CategoryParts.h"
-
-#include <QDialog>
+#include "desktop/ModalScreen.h"
 
 #include <memory>
 
@@ -15,7 +14,7 @@ class CategoryForm;
 namespace quaverly {
 
 /** The list of categories: makes, renames and deletes them, and shows the songs of one. */
-class CategoryForm final : public QDialog
+class CategoryForm final : public ModalScreen
 {
     Q_OBJECT
 
@@ -23,9 +22,6 @@ public:
     /** @throws dao::DaoError when the categories can't be read. */
     explicit CategoryForm(const CategoryParts &parts, QWidget *parent = nullptr);
     ~CategoryForm() override;
-
-    /** Shows the screen over its owner and returns; it deletes itself when it is closed. */
-    void showModally();
 
 private:
     void wire();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "categories/CategoryGrid.h"
 
+#include "desktop/ScreenLook.h"
+
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -13,15 +15,16 @@ namespace quaverly {
 
 namespace {
 
-constexpr int FingerHeight = 44;
 /** Of the column with the number, in average characters; its heading is folded. */
 constexpr int NumberCharacters = 20;
 constexpr double HeadingLines = 2.5;
 constexpr QSize SmallestCharacters(30, 8);
 
-bool isLetter(const QString &typed)
+/** Not one that a shortcut is made with. */
+bool isLetter(const QKeyEvent &key)
 {
-    if (typed.size() != 1)
+    const QString typed = key.text();
+    if (typed.size() != 1 || (key.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)))
         return false;
     const char16_t c = typed.front().unicode() | 0x20;
     return c >= u'a' && c <= u'z';
@@ -53,6 +56,9 @@ public:
     }
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override
     {
+        // Copying with no row selected asks for a row that isn't there.
+        if (!index.isValid())
+            return {};
         const Category &category = categories[index.row()];
         const bool number = heads[index.column()].shows == CategoryGrid::Shows::Number;
         if (role == Qt::ToolTipRole && !number)
@@ -147,7 +153,7 @@ void CategoryGrid::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         Q_EMIT chosen();
-    else if (isLetter(event->text()))
+    else if (isLetter(*event))
         Q_EMIT letterTyped(event->text().front());
     else
         QTableView::keyPressEvent(event);

@@ -6,9 +6,6 @@
 #include "desktop/ScreenLook.h"
 #include "ui_CatgAssignAll.h"
 
-#include <QScopedValueRollback>
-#include <QScreen>
-
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -20,8 +17,8 @@ constexpr QSize FirstSize(620, 440);
 } // namespace
 
 CatgAssignAll::CatgAssignAll(const CategoryParts &parts, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::CatgAssignAll>()), m_parts(parts), m_store(parts.catalogue),
-      m_bulk(m_parts, m_store)
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::CatgAssignAll>()), m_parts(parts),
+      m_store(parts.catalogue), m_bulk(m_parts, m_store)
 {
     m_ui->setupUi(this);
     Form_Load();
@@ -29,12 +26,6 @@ CatgAssignAll::CatgAssignAll(const CategoryParts &parts, QWidget *parent)
 }
 
 CatgAssignAll::~CatgAssignAll() = default;
-
-void CatgAssignAll::showModally()
-{
-    setAttribute(Qt::WA_DeleteOnClose);
-    open();
-}
 
 void CatgAssignAll::wire()
 {
@@ -54,7 +45,7 @@ void CatgAssignAll::Form_Load()
         m_ui->CatgGrid->sizeForFingers();
     }
     refresh();
-    resize(FirstSize.boundedTo(screen()->availableSize()));
+    resize(FirstSize.boundedTo(roomFor(*this)));
     m_ui->CatgGrid->setFocus();
 }
 
@@ -73,14 +64,12 @@ void CatgAssignAll::CatgGrid_KeyPress(QChar letter)
 
 void CatgAssignAll::run(void (CategoryBulk::*command)(const Category *))
 {
-    if (m_busy)
-        return;
-    {
-        const QScopedValueRollback busy(m_busy, true);
+    work(m_parts.desktop, [&] {
         (m_bulk.*command)(m_ui->CatgGrid->current());
-    }
-    // Another program may have changed the categories meanwhile.
-    guarded(m_parts.desktop, windowTitle(), [this] { refresh(); });
+        // Another program may have changed the categories meanwhile.
+        refresh();
+        return false;
+    });
 }
 
 void CatgAssignAll::cmdAssign_Click()
@@ -91,12 +80,6 @@ void CatgAssignAll::cmdAssign_Click()
 void CatgAssignAll::cmdDelete_Click()
 {
     run(&CategoryBulk::removeAll);
-}
-
-void CatgAssignAll::reject()
-{
-    if (!m_busy)
-        QDialog::reject();
 }
 
 void CatgAssignAll::cmdExit_Click()

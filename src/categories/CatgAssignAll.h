@@ -2,8 +2,7 @@
 #pragma once
 
 #include "categories/CategoryBulk.h"
-
-#include <QDialog>
+#include "desktop/ModalScreen.h"
 
 #include <memory>
 
@@ -14,7 +13,7 @@ class CatgAssignAll;
 namespace quaverly {
 
 /** Puts every displayed song into a category, or takes every one out of it. */
-class CatgAssignAll final : public QDialog
+class CatgAssignAll final : public ModalScreen
 {
     Q_OBJECT
 
@@ -22,12 +21,6 @@ public:
     /** @throws dao::DaoError when the categories can't be read. */
     explicit CatgAssignAll(const CategoryParts &parts, QWidget *parent = nullptr);
     ~CatgAssignAll() override;
-
-    /** Not while a command works: it lets events run. */
-    void reject() override;
-
-    /** Shows the screen over its owner and returns; it deletes itself when it is closed. */
-    void showModally();
 
 private:
     void wire();
@@ -43,7 +36,6 @@ private:
     CategoryParts m_parts;
     CategoryStore m_store;
     CategoryBulk m_bulk;
-    bool m_busy = false;
 };
 
 } // namespace quaverly

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/QtDesktop.h"
 
+#include "desktop/ColorNumber.h"
 #include "desktop/FileDialogs.h"
 #include "desktop/InputForm.h"
 #include "desktop/ScreenLook.h"
@@ -15,6 +16,7 @@
 #include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QFontDialog>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QImage>
 #include <QInputDevice>
@@ -112,17 +114,6 @@ QList<Answer> answersOf(Buttons buttons)
         break;
     }
     return {Answer::Ok};
-}
-
-QColor colorOf(quint32 number)
-{
-    const auto part = [number](int shift) { return static_cast<int>(number >> shift & 0xFF); };
-    return {part(0), part(8), part(16)};
-}
-
-quint32 numberOf(const QColor &color)
-{
-    return static_cast<quint32>(color.red() | color.green() << 8 | color.blue() << 16);
 }
 
 /** A handle on the please-wait window, which the user may close first. */
@@ -262,25 +253,29 @@ std::optional<quint32> QtDesktop::ShowColor(quint32 start)
         sizeForFingers(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
-    return numberOf(dialog.selectedColor());
+    return colorNumber(dialog.selectedColor());
 }
 
 // The font first, then its colour; a cancel at the second question keeps the colour.
 std::optional<FontChoice> QtDesktop::ShowFont(const QString &title, const FontChoice &start)
 {
     const PlainPointer pointer;
-    QFont font(start.family);
+    // A family that isn't there is not in the dialog's list: the one that stands for it is. Left alone, the
+    // family stays what it was.
+    QFont font(QFontInfo(QFont(start.family)).family());
     font.setPointSizeF(start.pointSize);
     QFontDialog dialog(font, ownerOfDialogs());
     dialog.setWindowTitle(title);
     dialog.setOption(QFontDialog::DontUseNativeDialog);
+    const QString offered = dialog.currentFont().family();
     arrangeButtons(dialog);
     if (m_tabletActive)
         sizeForFingers(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     const QFont chosen = dialog.selectedFont();
-    return FontChoice{chosen.family(), chosen.pointSizeF(), ShowColor(start.color).value_or(start.color)};
+    return FontChoice{chosen.family() == offered ? start.family : chosen.family(), chosen.pointSizeF(),
+                      ShowColor(start.color).value_or(start.color)};
 }
 
 bool QtDesktop::ShowPrint(QPrinter &printer)

@@ -9,7 +9,9 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -19,7 +21,6 @@ namespace quaverly {
 
 namespace {
 
-constexpr int FingerHeight = 44;
 /** The most that a text takes of the screen's width. */
 constexpr double ScreenShare = 0.8;
 
@@ -44,21 +45,20 @@ int longestLine(const QLabel &label)
                     static_cast<int>(label.screen()->availableSize().width() * ScreenShare));
 }
 
-/** Breaks a line at blanks so that no part is wider; a word alone may be. */
+/** Breaks a line at blanks, and where a long word may be broken, so that no part is wider. */
 QString foldedLine(const QFontMetrics &metrics, const QString &line, int width)
 {
     // The blanks that a line begins with are meant, those at a fold are not.
     const QString text = line.trimmed();
     QString folded = line.first(line.indexOf(text));
+    static const QRegularExpression breaks(u"(?<=[ \\x{200B}])"_s);
     QString part;
-    for (const QString &word : text.split(u' ')) {
-        const QString longer = part.isEmpty() ? word : part + u' ' + word;
-        if (!part.isEmpty() && metrics.horizontalAdvance(longer) > width) {
-            folded += part + u'\n';
-            part = word;
-        } else {
-            part = longer;
+    for (const QString &piece : text.split(breaks)) {
+        if (!part.isEmpty() && metrics.horizontalAdvance((part + piece).trimmed()) > width) {
+            folded += part.trimmed() + u'\n';
+            part.clear();
         }
+        part += piece;
     }
     return folded + part;
 }
@@ -126,6 +126,13 @@ void sizeForFingers(QWidget &screen)
         if (isTouched && !isPartOfBox(*control))
             control->setMinimumHeight(FingerHeight);
     }
+}
+
+QSize roomFor(const QWidget &screen)
+{
+    // The frame is the window manager's, who tells its measures only when the screen is shown.
+    const QSize frame(0, 2 * screen.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &screen));
+    return screen.screen()->availableSize() - frame;
 }
 
 } // namespace quaverly

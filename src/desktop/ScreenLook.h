@@ -4,6 +4,7 @@
 #include <QString>
 
 class QLabel;
+class QSize;
 class QWidget;
 
 /** What the screens share so that they read as one program. */
@@ -12,6 +13,8 @@ namespace quaverly {
 /** Sizes relative to the text of the screens. */
 inline constexpr double HeadingScale = 1.3;
 inline constexpr double CaptionScale = 0.9;
+/** Of what a finger is to hit, in pixels. */
+inline constexpr int FingerHeight = 44;
 
 /** Shows a plain text, line ends kept, as wide as its longest line wants, up to LongestLine characters. */
 void showText(QLabel &label, const QString &text);
@@ -27,5 +30,8 @@ void arrangeButtons(QWidget &dialog);
 
 /** Fields and buttons of a screen tall enough for a finger. */
 void sizeForFingers(QWidget &screen);
+
+/** The largest that a screen may be within its window's frame, in pixels. */
+[[nodiscard]] QSize roomFor(const QWidget &screen);
 
 } // namespace quaverly

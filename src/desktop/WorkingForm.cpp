@@ -5,6 +5,8 @@
 #include "desktop/ScreenLook.h"
 #include "ui_WorkingForm.h"
 
+#include <QKeyEvent>
+
 #include <algorithm>
 
 namespace quaverly {
@@ -56,9 +58,11 @@ void WorkingForm::mousePressEvent(QMouseEvent * /*event*/)
     close();
 }
 
-void WorkingForm::keyPressEvent(QKeyEvent * /*event*/)
+void WorkingForm::keyPressEvent(QKeyEvent *event)
 {
-    close();
+    // A key held down since the box before this window is no wish to end the command.
+    if (!event->isAutoRepeat() && !event->text().isEmpty())
+        close();
 }
 
 } // namespace quaverly

@@ -11,7 +11,7 @@ class WorkingForm;
 
 namespace quaverly {
 
-/** The please-wait window. A click or a key unloads it, and it deletes itself then. */
+/** The please-wait window. A click or a key that types unloads it, and it deletes itself then. */
 class WorkingForm final : public QWidget
 {
     Q_OBJECT

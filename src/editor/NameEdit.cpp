@@ -18,7 +18,6 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QStyle>
 
 #include <utility>
 
@@ -72,9 +71,8 @@ void NameEdit::showModally(std::function<void()> closed)
 void NameEdit::placeScreen()
 {
     const QRect area = screen()->availableGeometry();
-    // The title is the window manager's, who tells its height only when the screen is shown.
-    const QSize frame(0, 2 * style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
-    resize(FirstSize.boundedTo(area.size() - frame));
+    const QSize room = roomFor(*this);
+    resize(FirstSize.boundedTo(room));
     const EditorState &state = m_parts.state;
     const QPoint stored(state.EditFormLeft / TwipsPerPixel, state.EditFormTop / TwipsPerPixel);
     if (state.EditFormLeft >= 1 && QGuiApplication::screenAt(stored) != nullptr) {
@@ -84,7 +82,7 @@ void NameEdit::placeScreen()
     const bool atTop =
         m_parts.options.TabletActive ||
         (qRound(screen()->logicalDotsPerInchX()) == LargeDots && screen()->size().height() < LittleHeight);
-    const QPoint centre = area.center() - QRect({}, size() + frame).center();
+    const QPoint centre = area.center() - QRect({}, size() + (area.size() - room)).center();
     move(centre.x(), atTop ? area.top() + HighTopTwips / TwipsPerPixel : centre.y());
 }
 

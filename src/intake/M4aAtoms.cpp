@@ -6,6 +6,7 @@
 #include "intake/ScanReport.h"
 #include "intake/VorbisComment.h"
 #include "platform/store/DaoError.h"
+#include "platform/text/Blanks.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>

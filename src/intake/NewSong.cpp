@@ -24,17 +24,6 @@ QString textOfBytes(QByteArrayView bytes)
     return fromSystemCodePage(bytes.toByteArray() + '\n').chopped(1);
 }
 
-QString trimBlanks(const QString &text)
-{
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text[first] == u' ')
-        ++first;
-    while (last > first && text[last - 1] == u' ')
-        --last;
-    return text.mid(first, last - first);
-}
-
 double numberOf(const QString &text)
 {
     const double number = Val(ReplaceText(text, u","_s, {}));

@@ -16,9 +16,6 @@ namespace quaverly {
 /** Text of a tag's bytes in the system's code page; half a character at their end makes them no UTF-8. */
 [[nodiscard]] QString textOfBytes(QByteArrayView bytes);
 
-/** Without the blanks at both ends; other white space stays. */
-[[nodiscard]] QString trimBlanks(const QString &text);
-
 /** The number that a numeric text stands for. @throws dao::DaoError 6 when it is none or too large. */
 [[nodiscard]] double numberOf(const QString &text);
 

@@ -4,6 +4,7 @@
 #include "intake/NewSong.h"
 #include "intake/ScanReport.h"
 #include "platform/shell/Shell.h"
+#include "platform/text/Blanks.h"
 #include "platform/text/Text.h"
 
 #include <array>

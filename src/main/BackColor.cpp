@@ -17,12 +17,6 @@ double luminance(const QColor &color)
 
 } // namespace
 
-QColor colorOf(quint32 number)
-{
-    return {static_cast<int>(number & 0xFF), static_cast<int>((number >> 8) & 0xFF),
-            static_cast<int>((number >> 16) & 0xFF)};
-}
-
 QColor textColorOn(const QColor &back)
 {
     const double light = luminance(back) + 0.05;

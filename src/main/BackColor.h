@@ -5,9 +5,6 @@
 
 namespace quaverly {
 
-/** A colour number: red, green and blue from the lowest byte up. */
-[[nodiscard]] QColor colorOf(quint32 number);
-
 /** Black or white, whichever stands out more; 4.5 to 1 at least on any colour (WCAG 2 contrast). */
 [[nodiscard]] QColor textColorOn(const QColor &back);
 

@@ -187,9 +187,7 @@ void NameList::cmdShowArtistSongs_Click()
 
 void NameList::cmdShowSelected_Click()
 {
-    setVisible(MainControl::cmdShowSelected, false);
-    setEnabled(MainControl::cmdAdd, false);
-    m_session.displayedSet().selectedOnly();
+    ShowSelectedOnlyMenu_Click();
 }
 
 void NameList::ShowSelectedOnlyMenu_Click()

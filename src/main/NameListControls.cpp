@@ -3,6 +3,7 @@
 #include "ui_NameList.h"
 
 #include "catalogue/SortOrders.h"
+#include "desktop/ColorNumber.h"
 #include "desktop/Desktop.h"
 #include "main/BackColor.h"
 #include "main/Session.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/EmptyPaste.h"
 #include "desktop/QtDesktop.h"
 #include "main/Program.h"
 #include "main/Screenshots.h"
@@ -68,6 +69,7 @@ int main(int argc, char **argv)
         arguments.remove(at, std::min<qsizetype>(2, arguments.size() - at));
     }
 
+    const quaverly::EmptyPaste emptyPaste;
     quaverly::OptionsStore store;
     quaverly::QtDesktop desktop(store);
     quaverly::SingleInstance instance(quaverly::folders::runtime());

@@ -2,17 +2,14 @@
 #include "maintenance/frmChangeFileNamePath.h"
 
 #include "catalogue/Options.h"
-#include "desktop/Guard.h"
 #include "desktop/ScreenLook.h"
 #include "maintenance/LocationChange.h"
 #include "ui_frmChangeFileNamePath.h"
 
-#include <QScopedValueRollback>
-
 namespace quaverly {
 
 frmChangeFileNamePath::frmChangeFileNamePath(const MaintenanceParts &parts, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmChangeFileNamePath>()), m_parts(parts)
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::frmChangeFileNamePath>()), m_parts(parts)
 {
     m_ui->setupUi(this);
     wire();
@@ -20,18 +17,6 @@ frmChangeFileNamePath::frmChangeFileNamePath(const MaintenanceParts &parts, QWid
 }
 
 frmChangeFileNamePath::~frmChangeFileNamePath() = default;
-
-void frmChangeFileNamePath::showModally()
-{
-    setAttribute(Qt::WA_DeleteOnClose);
-    open();
-}
-
-void frmChangeFileNamePath::reject()
-{
-    if (!m_working)
-        QDialog::reject();
-}
 
 void frmChangeFileNamePath::wire()
 {
@@ -49,17 +34,11 @@ void frmChangeFileNamePath::Form_Load()
 
 void frmChangeFileNamePath::cmdOK_Click()
 {
-    if (m_working)
-        return;
-    const QScopedValueRollback working(m_working, true);
-    bool updated = false;
-    guarded(m_parts.desktop, windowTitle(), [&] {
-        updated = LocationChange(m_parts).changePlayListPaths(m_ui->txtOrig->text(), m_ui->txtNew->text());
+    work(m_parts.desktop, [this] {
+        return LocationChange(m_parts).changePlayListPaths(m_ui->txtOrig->text(), m_ui->txtNew->text());
     });
     m_ui->txtOrig->setText(m_ui->txtOrig->text().trimmed());
     m_ui->txtNew->setText(m_ui->txtNew->text().trimmed());
-    if (updated)
-        accept();
 }
 
 void frmChangeFileNamePath::cmdCancel_Click()

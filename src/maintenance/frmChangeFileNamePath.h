@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/ModalScreen.h"
 #include "maintenance/MaintenanceParts.h"
-
-#include <QDialog>
 
 #include <memory>
 
@@ -14,18 +13,13 @@ class frmChangeFileNamePath;
 namespace quaverly {
 
 /** Asks for a part of the file names in all play lists and for what it is called now. */
-class frmChangeFileNamePath final : public QDialog
+class frmChangeFileNamePath final : public ModalScreen
 {
     Q_OBJECT
 
 public:
     explicit frmChangeFileNamePath(const MaintenanceParts &parts, QWidget *parent = nullptr);
     ~frmChangeFileNamePath() override;
-
-    /** Shows the screen over its owner and returns; it deletes itself when it is closed. */
-    void showModally();
-    /** Not while its command runs, whose wait windows let events run. */
-    void reject() override;
 
 private:
     void wire();
@@ -35,7 +29,6 @@ private:
 
     std::unique_ptr<Ui::frmChangeFileNamePath> m_ui;
     MaintenanceParts m_parts;
-    bool m_working = false;
 };
 
 } // namespace quaverly

@@ -9,14 +9,13 @@
 #include "ui_frmChangeFilePath.h"
 
 #include <QLineEdit>
-#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
 frmChangeFilePath::frmChangeFilePath(const MaintenanceParts &parts, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmChangeFilePath>()), m_parts(parts)
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::frmChangeFilePath>()), m_parts(parts)
 {
     m_ui->setupUi(this);
     wire();
@@ -24,18 +23,6 @@ frmChangeFilePath::frmChangeFilePath(const MaintenanceParts &parts, QWidget *par
 }
 
 frmChangeFilePath::~frmChangeFilePath() = default;
-
-void frmChangeFilePath::showModally()
-{
-    setAttribute(Qt::WA_DeleteOnClose);
-    open();
-}
-
-void frmChangeFilePath::reject()
-{
-    if (!m_working)
-        QDialog::reject();
-}
 
 void frmChangeFilePath::wire()
 {
@@ -75,16 +62,9 @@ void frmChangeFilePath::browse(const QString &prompt, QLineEdit &box)
 
 void frmChangeFilePath::OKButton_Click()
 {
-    if (m_working)
-        return;
-    const QScopedValueRollback working(m_working, true);
-    bool updated = false;
-    guarded(m_parts.desktop, windowTitle(), [&] {
-        updated =
-            LocationChange(m_parts).changeFilePaths(m_ui->txtOrigPath->text(), m_ui->txtNewPath->text());
+    work(m_parts.desktop, [this] {
+        return LocationChange(m_parts).changeFilePaths(m_ui->txtOrigPath->text(), m_ui->txtNewPath->text());
     });
-    if (updated)
-        accept();
 }
 
 void frmChangeFilePath::CancelButton_Click()

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/ModalScreen.h"
 #include "maintenance/MaintenanceParts.h"
-
-#include <QDialog>
 
 #include <memory>
 
@@ -16,18 +15,13 @@ class frmChangeFilePath;
 namespace quaverly {
 
 /** Asks for a part of the folders' names and for what it is called now, for all songs and play lists. */
-class frmChangeFilePath final : public QDialog
+class frmChangeFilePath final : public ModalScreen
 {
     Q_OBJECT
 
 public:
     explicit frmChangeFilePath(const MaintenanceParts &parts, QWidget *parent = nullptr);
     ~frmChangeFilePath() override;
-
-    /** Shows the screen over its owner and returns; it deletes itself when it is closed. */
-    void showModally();
-    /** Not while its command runs, whose wait windows let events run. */
-    void reject() override;
 
 private:
     void wire();
@@ -40,7 +34,6 @@ private:
 
     std::unique_ptr<Ui::frmChangeFilePath> m_ui;
     MaintenanceParts m_parts;
-    bool m_working = false;
 };
 
 } // namespace quaverly

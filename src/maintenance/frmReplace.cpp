@@ -2,13 +2,11 @@
 #include "maintenance/frmReplace.h"
 
 #include "catalogue/Options.h"
-#include "desktop/Guard.h"
 #include "desktop/ScreenLook.h"
 #include "ui_frmReplace.h"
 
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -29,7 +27,7 @@ void validate(QLineEdit &box)
 } // namespace
 
 frmReplace::frmReplace(const MaintenanceParts &parts, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmReplace>()), m_parts(parts)
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::frmReplace>()), m_parts(parts)
 {
     m_ui->setupUi(this);
     wire();
@@ -41,18 +39,6 @@ frmReplace::~frmReplace()
     // A box that loses the focus when it goes would call upon a screen that is gone before it.
     m_ui->txtOrig->disconnect(this);
     m_ui->txtNew->disconnect(this);
-}
-
-void frmReplace::showModally()
-{
-    setAttribute(Qt::WA_DeleteOnClose);
-    open();
-}
-
-void frmReplace::reject()
-{
-    if (!m_working)
-        QDialog::reject();
 }
 
 void frmReplace::wire()
@@ -108,19 +94,13 @@ QString frmReplace::chosenField() const
 
 void frmReplace::cmdOK_Click()
 {
-    if (m_working)
-        return;
-    const QScopedValueRollback working(m_working, true);
     // A key that presses the button leaves the focus, and the text unvalidated, in the box.
     txtOrig_Validate();
     txtNew_Validate();
     ReplaceRequest request{m_ui->txtOrig->text(), m_ui->txtNew->text(), chosenField()};
-    bool updated = false;
-    guarded(m_parts.desktop, windowTitle(), [&] { updated = SearchAndReplace(m_parts).run(request); });
+    work(m_parts.desktop, [&] { return SearchAndReplace(m_parts).run(request); });
     m_ui->txtOrig->setText(request.original.trimmed());
     m_ui->txtNew->setText(request.replacement.trimmed());
-    if (updated)
-        accept();
 }
 
 void frmReplace::cmdCancel_Click()

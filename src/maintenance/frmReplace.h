@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/ModalScreen.h"
 #include "maintenance/SearchAndReplace.h"
-
-#include <QDialog>
 
 #include <memory>
 #include <vector>
@@ -17,18 +16,13 @@ class frmReplace;
 namespace quaverly {
 
 /** Asks for two texts and the field in which the one takes the other's place, in all records. */
-class frmReplace final : public QDialog
+class frmReplace final : public ModalScreen
 {
     Q_OBJECT
 
 public:
     explicit frmReplace(const MaintenanceParts &parts, QWidget *parent = nullptr);
     ~frmReplace() override;
-
-    /** Shows the screen over its owner and returns; it deletes itself when it is closed. */
-    void showModally();
-    /** Not while its command runs, whose wait windows let events run. */
-    void reject() override;
 
 private:
     struct FieldOption
@@ -50,7 +44,6 @@ private:
 
     std::unique_ptr<Ui::frmReplace> m_ui;
     MaintenanceParts m_parts;
-    bool m_working = false;
 };
 
 } // namespace quaverly

@@ -2,6 +2,7 @@
 #include "notes/MemoForm.h"
 
 #include "catalogue/Options.h"
+#include "desktop/ColorNumber.h"
 #include "desktop/Desktop.h"
 #include "desktop/Guard.h"
 #include "desktop/ScreenLook.h"
@@ -22,18 +23,6 @@ namespace quaverly {
 namespace {
 
 constexpr int AutosaveMilliseconds = 30'000;
-
-// Red stands in the lowest byte of a colour number.
-quint32 colorNumber(const QColor &color)
-{
-    return static_cast<quint32>(color.red() | color.green() << 8 | color.blue() << 16);
-}
-
-QColor colorOf(quint32 number)
-{
-    return {static_cast<int>(number & 255U), static_cast<int>(number >> 8 & 255U),
-            static_cast<int>(number >> 16 & 255U)};
-}
 
 } // namespace
 
@@ -113,18 +102,22 @@ void MemoForm::Form_Load(const Options &options)
 void MemoForm::showTitles(int index)
 {
     const QStringList titles = m_book.titles();
-    {
-        const QSignalBlocker quiet(m_ui->cmbTitle);
-        m_ui->cmbTitle->clear();
-        m_ui->cmbTitle->addItems(titles);
-        const bool valid = index >= 0 && index < titles.size();
-        m_ui->cmbTitle->setCurrentIndex(valid ? index : titles.isEmpty() ? -1 : 0);
-    }
+    const bool valid = index >= 0 && index < titles.size();
+    fillTitles(titles, valid ? index : 0);
     showNote(m_ui->cmbTitle->currentText());
+}
+
+void MemoForm::fillTitles(const QStringList &titles, qsizetype index)
+{
+    const QSignalBlocker quiet(m_ui->cmbTitle);
+    m_ui->cmbTitle->clear();
+    m_ui->cmbTitle->addItems(titles);
+    m_ui->cmbTitle->setCurrentIndex(static_cast<int>(index));
 }
 
 void MemoForm::showNote(const QString &title)
 {
+    const Hourglass hourglass(m_desktop);
     m_autosave.stop();
     m_title = title;
     m_openedText = title.isEmpty() ? QString() : m_book.text(title);
@@ -132,7 +125,10 @@ void MemoForm::showNote(const QString &title)
     const QSignalBlocker quiet(m_ui->txtNotes);
     const richtext::Reading reading = richtext::readRtfText(m_openedText, *m_ui->txtNotes->document());
     m_ui->txtNotes->document()->setModified(false);
+    m_ui->txtNotes->moveCursor(QTextCursor::Start);
     m_ui->lblNotice->setVisible(!reading.isWhole || !reading.keepsAll);
+    m_ui->txtNotes->setPlaceholderText(
+        title.isEmpty() ? u"No note is open.  Choose one, or click Add New Note."_s : QString());
     for (QWidget *control : std::initializer_list<QWidget *>{
              m_ui->txtNotes, m_ui->cmbTitle, m_ui->cmdDelete, m_ui->cmdFind, m_ui->cmdFindNext, m_ui->chkBold,
              m_ui->chkItalic, m_ui->chkUnderline, m_ui->cmdFontColor, m_ui->cmdPicture})
@@ -146,6 +142,7 @@ void MemoForm::saveNote()
     m_autosave.stop();
     if (m_title.isEmpty() || !m_ui->txtNotes->document()->isModified())
         return;
+    const Hourglass hourglass(m_desktop);
     m_book.save(m_title, QString::fromLatin1(richtext::toRtf(*m_ui->txtNotes->document())));
     m_ui->txtNotes->document()->setModified(false);
     m_savedSinceOpened = true;
@@ -176,7 +173,7 @@ void MemoForm::cmbTitle_Validate()
         return;
     handle([&] {
         const QString title = noteTitle(typed);
-        const TitleFault fault = m_book.check(title, m_title);
+        const TitleFault fault = m_book.check(typed, m_title);
         if (fault == TitleFault::None)
             return takeTitle(title);
         if (fault == TitleFault::Blank)
@@ -193,10 +190,7 @@ void MemoForm::takeTitle(const QString &title)
     m_book.rename(m_title, title);
     m_title = title;
     const QStringList titles = m_book.titles();
-    const QSignalBlocker quiet(m_ui->cmbTitle);
-    m_ui->cmbTitle->clear();
-    m_ui->cmbTitle->addItems(titles);
-    m_ui->cmbTitle->setCurrentIndex(static_cast<int>(titles.indexOf(title)));
+    fillTitles(titles, titles.indexOf(title));
 }
 
 bool MemoForm::tellFault(TitleFault fault, const QString &title)
@@ -224,11 +218,12 @@ void MemoForm::cmdAdd_Click()
 {
     handle([this] {
         const QString typed = m_desktop.InputPrompt(u"Enter a Title for this new note."_s, u"New Note"_s);
-        if (m_book.check(typed) == TitleFault::Blank)
+        const TitleFault fault = m_book.check(typed);
+        if (fault == TitleFault::Blank)
             return;
         saveNote();
         const QString title = noteTitle(typed);
-        if (tellFault(m_book.check(title), title))
+        if (tellFault(fault, title))
             return;
         m_book.add(title);
         showTitles(static_cast<int>(m_book.titles().indexOf(title)));

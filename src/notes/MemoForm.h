@@ -57,6 +57,7 @@ private:
 
     /** The notes' titles anew, and that one's note. */
     void showTitles(int index);
+    void fillTitles(const QStringList &titles, qsizetype index);
     void showNote(const QString &title);
     void saveNote();
     void takeTitle(const QString &title);

@@ -46,11 +46,12 @@ void NoteBook::repairTitles()
     }
 }
 
-TitleFault NoteBook::check(const QString &title, const QString &current) const
+TitleFault NoteBook::check(const QString &typed, const QString &current) const
 {
+    const QString title = noteTitle(typed);
     if (!isGreaterThanBlank(title))
         return TitleFault::Blank;
-    if (title.contains(u'\'') || title.contains(u'"'))
+    if (typed.contains(u'\'') || typed.contains(u'"'))
         return TitleFault::Quotes;
     const bool isOwn = title.compare(current, Qt::CaseInsensitive) == 0;
     return !isOwn && m_settings.find(kind(settings::Note), title) ? TitleFault::Taken : TitleFault::None;

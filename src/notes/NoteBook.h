@@ -29,7 +29,7 @@ public:
     /** Puts a backquote in place of each apostrophe that a title holds from older days. */
     void repairTitles();
     /** @p current is the title that may stay as it is: that of the note itself. */
-    [[nodiscard]] TitleFault check(const QString &title, const QString &current = {}) const;
+    [[nodiscard]] TitleFault check(const QString &typed, const QString &current = {}) const;
 
     /** As rich text; empty for a new note, and for one that is gone. */
     [[nodiscard]] QString text(const QString &title) const;

@@ -3,7 +3,6 @@
 
 #include "platform/richtext/RichText.h"
 
-#include <QBuffer>
 #include <QFocusEvent>
 #include <QImage>
 #include <QMimeData>
@@ -14,28 +13,24 @@ namespace {
 
 constexpr int TallestPicture = 600;
 
-QByteArray asPng(const QImage &image)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
 } // namespace
 
-NoteText::NoteText(QWidget *parent) : QTextEdit(parent)
+NoteText::NoteText(QWidget *parent) : PaperEdit(parent)
 {
     setTabChangesFocus(true);
 }
 
-bool NoteText::insertPictureFile(const QByteArray &file)
+template <typename Picture> bool NoteText::insertPicture(const Picture &picture)
 {
     QTextCursor cursor = textCursor();
-    const bool inserted = richtext::insertPicture(cursor, file, {viewport()->width(), TallestPicture});
+    const bool inserted = richtext::insertPicture(cursor, picture, {viewport()->width(), TallestPicture});
     setTextCursor(cursor);
     return inserted;
+}
+
+bool NoteText::insertPictureFile(const QByteArray &file)
+{
+    return insertPicture(file);
 }
 
 void NoteText::applyFormat(const std::function<void(QTextCharFormat &)> &change)
@@ -48,21 +43,21 @@ void NoteText::applyFormat(const std::function<void(QTextCharFormat &)> &change)
 
 bool NoteText::canInsertFromMimeData(const QMimeData *source) const
 {
-    return source->hasImage() || QTextEdit::canInsertFromMimeData(source);
+    return source->hasImage() || PaperEdit::canInsertFromMimeData(source);
 }
 
 void NoteText::insertFromMimeData(const QMimeData *source)
 {
     // A word processor's clipboard holds a picture of its text too: there the text is meant.
     if (source->hasImage() && !source->hasHtml() && !source->hasText())
-        insertPictureFile(asPng(source->imageData().value<QImage>()));
+        insertPicture(source->imageData().value<QImage>());
     else
-        QTextEdit::insertFromMimeData(source);
+        PaperEdit::insertFromMimeData(source);
 }
 
 void NoteText::focusOutEvent(QFocusEvent *event)
 {
-    QTextEdit::focusOutEvent(event);
+    PaperEdit::focusOutEvent(event);
     if (event->reason() != Qt::PopupFocusReason)
         Q_EMIT left();
 }

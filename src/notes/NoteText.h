@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QTextEdit>
+#include "desktop/PaperEdit.h"
 
 #include <functional>
 
 namespace quaverly {
 
 /** A box of formatted text that takes pictures: pasted, dropped, or from a file. */
-class NoteText final : public QTextEdit
+class NoteText final : public PaperEdit
 {
     Q_OBJECT
 
@@ -28,6 +28,9 @@ protected:
     [[nodiscard]] bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    template <typename Picture> bool insertPicture(const Picture &picture);
 };
 
 } // namespace quaverly

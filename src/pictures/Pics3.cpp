@@ -52,12 +52,26 @@ void Pics3::Form_Load()
     move(0, 0);
 }
 
-void Pics3::resizeOnScreen(QSize wanted)
+QSize Pics3::frameSizes() const
 {
     // A window that was never shown has no frame yet; the main screen's is alike.
-    const QWidget &framed = isVisible() || !parentWidget() ? *this : *parentWidget();
-    const QSize frame = framed.frameGeometry().size() - framed.size();
-    resize(wanted.boundedTo(screen()->availableSize() - frame));
+    const QWidget *framed = this;
+    if (!isVisible() && parentWidget())
+        framed = parentWidget();
+    return framed->frameGeometry().size() - framed->size();
+}
+
+void Pics3::resizeOnScreen(QSize wanted)
+{
+    resize(wanted.boundedTo(screen()->availableSize() - frameSizes()));
+}
+
+void Pics3::moveToCorner()
+{
+    const QSize frame = size() + frameSizes();
+    // Before it is shown first it has no screen of its own.
+    const QRect room = (parentWidget() ? parentWidget() : this)->screen()->availableGeometry();
+    move(room.right() + 1 - frame.width(), room.bottom() + 1 - frame.height());
 }
 
 QStringList Pics3::paths(qint64 position) const

@@ -37,6 +37,8 @@ public:
     [[nodiscard]] bool isEnlarged() const { return m_enlarged >= 0; }
     /** Back to three pictures. */
     void showThree();
+    /** Into the lower right corner of the main screen's monitor. */
+    void moveToCorner();
 
     /** Escape: as the close box. */
     void reject() override;
@@ -57,6 +59,8 @@ private:
     void Form_Load();
     void Image_DblClick(int image);
     void loader_Loaded();
+    /** What the window takes around itself. */
+    [[nodiscard]] QSize frameSizes() const;
     void resizeOnScreen(QSize wanted);
     void moveOntoScreen();
     /** Paths by image; empty where the song has no picture. */

@@ -29,7 +29,7 @@ struct Picture
 /**
  * Reads a JPEG, bitmap or GIF file, or PNG and WebP where they can be read; what it is its content tells.
  * A damaged file gives what is left of it. Nothing comes back for one that is no picture, and for one with
- * more than MostPixels. May be called on any thread.
+ * more than MostPixels or that takes too much memory to be read. May be called on any thread.
  */
 [[nodiscard]] std::optional<Picture> readPicture(const QString &path, QSize box);
 

@@ -9,7 +9,6 @@
 #include "songlist/DisplayedSet.h"
 
 #include <QMenu>
-#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -110,18 +109,11 @@ void PictureCommands::togglePics3()
     if (!m_pics3)
         m_pics3 = new Pics3(m_parts.catalogue, m_parts.set.Data1(), m_parts.nameList);
     m_pics3->showThree();
-    placePics3();
+    if (m_parts.nameList && m_parts.nameList->isMaximized())
+        m_pics3->moveToCorner();
     m_pics3->show();
     if (m_parts.focusCmdPictures)
         m_parts.focusCmdPictures();
-}
-
-void PictureCommands::placePics3()
-{
-    if (!m_parts.nameList || !m_parts.nameList->isMaximized())
-        return;
-    const QRect room = m_parts.nameList->screen()->availableGeometry();
-    m_pics3->move(room.right() - m_pics3->width(), room.bottom() - m_pics3->height());
 }
 
 void PictureCommands::ShowSongPictures()

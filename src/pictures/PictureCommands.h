@@ -64,7 +64,6 @@ private:
     void showForm(const PictureEditor &editor, const PictureOpening &opening, QWidget *nameEdit);
     void tellBroken(const QString &path);
     void togglePics3();
-    void placePics3();
 
     PictureParts m_parts;
     int m_pictureIndex = 1;

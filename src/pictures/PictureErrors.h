@@ -12,4 +12,9 @@ inline constexpr int InvalidCall = 5;
     return {InvalidCall, text};
 }
 
+[[nodiscard]] inline dao::DaoError accessError(const QString &path)
+{
+    return {dao::PathFileAccess, QStringLiteral("Path/File access error: %1").arg(path)};
+}
+
 } // namespace quaverly

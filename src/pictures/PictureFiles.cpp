@@ -3,6 +3,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "desktop/FileHelpers.h"
+#include "pictures/PictureErrors.h"
 #include "pictures/cImage.h"
 #include "pictures/cJpeg.h"
 #include "platform/text/Text.h"
@@ -19,11 +20,6 @@ namespace quaverly {
 namespace {
 
 constexpr qsizetype EndingLength = 4;
-
-dao::DaoError accessError(const QString &path)
-{
-    return {dao::PathFileAccess, u"Path/File access error: %1"_s.arg(path)};
-}
 
 void make(const QString &folder)
 {

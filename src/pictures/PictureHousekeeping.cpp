@@ -5,6 +5,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
+#include "pictures/PictureErrors.h"
 #include "pictures/PictureSql.h"
 
 #include <QFile>
@@ -48,8 +49,7 @@ void deleteFilesOf(const QString &folder)
         std::error_code failed;
         fs::remove(file, failed);
         if (failed && !first)
-            first.emplace(dao::PathFileAccess,
-                          u"Path/File access error: %1"_s.arg(QFile::decodeName(file.native().c_str())));
+            first = accessError(QFile::decodeName(file.native().c_str()));
     }
     if (first)
         throw dao::DaoError(*first);
@@ -120,8 +120,7 @@ void PictureHousekeeping::removeOrphans(const QStringList &found)
         "because you changed the file name of a picture (displayed in blue text below each picture button on "
         "the Edit screen) to the file name of a different picture."_s,
         u"This is normal, and those orphaned pictures should be deleted periodically.  They do no harm if "
-        u"you "
-        "do not delete them.  They just take up disk space."_s,
+        "you do not delete them.  They just take up disk space."_s,
         u"If you reply NO, you will then be given the option of moving these files to the Quaverly Deleted "
         "Pictures folder."_s,
         u"Would you like to DELETE these pictures from the Quaverly Pictures folder now?"_s};

@@ -2,7 +2,7 @@
 #include "pictures/WholeFile.h"
 
 #include "desktop/FileHelpers.h"
-#include "platform/store/DaoError.h"
+#include "pictures/PictureErrors.h"
 
 #include <QFile>
 #include <QScopeGuard>
@@ -17,26 +17,16 @@ namespace quaverly {
 
 namespace {
 
-dao::DaoError accessError(const QString &path)
-{
-    return {dao::PathFileAccess, u"Path/File access error: %1"_s.arg(path)};
-}
-
-/** The bytes, on the disk when it returns. */
-void writeThrough(const QString &path, const QByteArray &bytes)
+/** True when the bytes are on the disk; else errno says why they are not. */
+bool writeThrough(const QString &path, const QByteArray &bytes)
 {
     // Whatever bears the name goes first: a link would be written through.
     if (::unlink(QFile::encodeName(path).constData()) != 0 && errno != ENOENT)
-        throw accessError(path);
+        return false;
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-        throw accessError(path);
     errno = 0;
-    if (file.write(bytes) == bytes.size() && ::fsync(file.handle()) == 0)
-        return;
-    if (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)
-        throw dao::DaoError(dao::DiskFull, u"The disk is full: %1"_s.arg(path));
-    throw accessError(path);
+    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) &&
+           file.write(bytes) == bytes.size() && ::fsync(file.handle()) == 0;
 }
 
 } // namespace
@@ -45,7 +35,11 @@ void writeWhole(const QString &path, const QByteArray &bytes)
 {
     const QString temporary = folderOf(path) + QString::fromUtf16(TemporaryPicture) + u".jpg"_s;
     auto remove = qScopeGuard([&] { QFile::remove(temporary); });
-    writeThrough(temporary, bytes);
+    if (!writeThrough(temporary, bytes)) {
+        if (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)
+            throw dao::DaoError(dao::DiskFull, u"The disk is full: %1"_s.arg(path));
+        throw accessError(path);
+    }
     const QByteArray name = QFile::encodeName(path);
     if (std::rename(QFile::encodeName(temporary).constData(), name.constData()) != 0)
         throw accessError(path);

@@ -23,6 +23,9 @@ int SongListModel::rowCount(const QModelIndex &parent) const
 
 QVariant SongListModel::data(const QModelIndex &index, int role) const
 {
+    // Copying with no row selected asks for a row that isn't there.
+    if (!index.isValid())
+        return {};
     const int row = index.row();
     const bool plays = row == m_queue.ListIndex() && m_list == List::Songs;
     switch (role) {

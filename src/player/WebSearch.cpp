@@ -16,10 +16,11 @@ QUrl searchAddress(const OptionsStore &store, const QString &query, QString word
 {
     QString site = option(store, keys::SearchSite);
     if (site.isEmpty())
-        site = u"https://www.google.com"_s;
+        site = u"https://search.brave.com"_s;
     while (site.endsWith(u'/'))
         site.chop(1);
-    words.replace(u'%', u"%25"_s).replace(u'#', u"%23"_s).replace(u'&', u"%26"_s);
+    // Nothing else is escaped, which is meant.
+    words.replace(u'&', u"%26"_s);
     return QUrl(site + u"/search?"_s + query + words);
 }
 

@@ -9,7 +9,8 @@ namespace quaverly {
 class OptionsStore;
 
 namespace keys {
-/** Root of the web search that look-ups go to; empty for the program's own choice. */
+/** Root of the web search that look-ups go to; empty for the program's own choice, which keeps no profiles.
+ */
 inline constexpr char16_t SearchSite[] = u"Search Site";
 } // namespace keys
 
@@ -17,8 +18,8 @@ inline constexpr char16_t SearchSite[] = u"Search Site";
 [[nodiscard]] QString searchWords(const QString &text);
 
 /**
- * The address of a search. @p query is its keys up to "q=", @p words the joined search words: in them "&" is
- * escaped, and so is what would end or garble the address.
+ * The address of a search. @p query is its keys up to "q=", @p words the joined search words, in which "&" is
+ * escaped.
  */
 [[nodiscard]] QUrl searchAddress(const OptionsStore &store, const QString &query, QString words);
 

@@ -20,6 +20,9 @@ int TrackListModel::rowCount(const QModelIndex &parent) const
 
 QVariant TrackListModel::data(const QModelIndex &index, int role) const
 {
+    // Copying with no row selected asks for a row that isn't there.
+    if (!index.isValid())
+        return {};
     switch (role) {
     case Qt::DisplayRole:
         return m_rows.text(index.row());

@@ -12,9 +12,6 @@
 #include "songlist/PlayerState.h"
 #include "ui_frmPlayList.h"
 
-#include <QScreen>
-#include <QStyle>
-
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -61,8 +58,7 @@ void frmPlayList::Form_Load()
     if (m_parts.options.TabletActive)
         sizeForFingers(*this);
     m_model->setRowHeight(m_parts.options.TabletActive ? FingerRow : fontMetrics().height() + RowPadding);
-    const QSize frame(0, 2 * style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
-    resize(FirstSize.boundedTo(screen()->availableSize() - frame));
+    resize(FirstSize.boundedTo(roomFor(*this)));
     m_ui->Label3->setText(u"To change song order, drag and drop song names in this list to a new position.\n"
                           "To delete a song, right-click a song and choose Delete from the pop-up menu."_s);
     scaleFont(*m_ui->Label3, CaptionScale);

@@ -77,7 +77,9 @@ void CsvCommands::write(const QString &path, bool withNotes)
 bool CsvCommands::isCatalogue(const QString &path) const
 {
     const QString chosen = QFileInfo(path).canonicalFilePath();
-    return !chosen.isEmpty() && chosen == QFileInfo(m_catalogue.DatabaseFile).canonicalFilePath();
+    const QString file = QFileInfo(m_catalogue.DatabaseFile).canonicalFilePath();
+    // What the store has not yet put into the file stands beside it.
+    return !chosen.isEmpty() && (chosen == file || chosen == file + "-wal"_L1 || chosen == file + "-shm"_L1);
 }
 
 } // namespace quaverly

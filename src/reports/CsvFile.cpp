@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/CsvFile.h"
 
+#include "platform/text/Blanks.h"
 #include "platform/text/Text.h"
 
 #include <QDateTime>
@@ -66,22 +67,12 @@ QList<int> placesOf(const dao::Recordset &songs, bool withNotes)
     return places;
 }
 
-QByteArrayView withoutBlanks(QByteArrayView text)
-{
-    while (text.startsWith(' '))
-        text = text.sliced(1);
-    while (text.endsWith(' '))
-        text.chop(1);
-    return text;
-}
-
 /** The only escaping: no field holds a double quote. */
 void appendQuoted(QByteArray &out, QByteArrayView text)
 {
-    const QByteArrayView kept = withoutBlanks(text);
     out += '"';
     const qsizetype at = out.size();
-    out.append(kept);
+    out.append(withoutOuterBlanks(text));
     std::replace(out.data() + at, out.data() + out.size(), '"', '\'');
     out += '"';
 }

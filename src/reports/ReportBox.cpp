@@ -4,45 +4,31 @@
 #include "platform/richtext/RichText.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QtMath>
+
+#include <algorithm>
 
 namespace quaverly {
 
-ReportBox::ReportBox(QWidget *parent) : QTextEdit(parent)
+ReportBox::ReportBox(QWidget *parent) : PaperEdit(parent)
 {
     setAcceptRichText(false);
-    showAsPaper();
-}
-
-void ReportBox::showAsPaper()
-{
-    QPalette paper = palette();
-    if (paper.color(QPalette::Base) == Qt::white && paper.color(QPalette::Text) == Qt::black)
-        return;
-    paper.setColor(QPalette::Base, Qt::white);
-    paper.setColor(QPalette::Text, Qt::black);
-    setPalette(paper);
-}
-
-void ReportBox::changeEvent(QEvent *event)
-{
-    QTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        showAsPaper();
 }
 
 void ReportBox::paintEvent(QPaintEvent *event)
 {
-    QTextEdit::paintEvent(event);
+    PaperEdit::paintEvent(event);
     QPainter painter(viewport());
     painter.setPen(QPen(Qt::gray, 0, Qt::DashLine));
-    const double scrolled = verticalScrollBar()->value();
+    const int scrolled = verticalScrollBar()->value();
     const QAbstractTextDocumentLayout &layout = *document()->documentLayout();
-    for (QTextBlock block = cursorForPosition(event->rect().topLeft()).block(); block.isValid();
+    // In the margin above the text, a point belongs to the last line that is laid out so far.
+    const int first = std::max(event->rect().top(), qCeil(document()->documentMargin()) - scrolled);
+    for (QTextBlock block = cursorForPosition(QPoint(0, first)).block(); block.isValid();
          block = block.next()) {
         const QRectF place = layout.blockBoundingRect(block);
         if (place.top() - scrolled > event->rect().bottom())

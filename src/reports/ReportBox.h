@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QTextEdit>
+#include "desktop/PaperEdit.h"
 
 namespace quaverly {
 
-/** A report as its paper looks, black on white whatever the palette, with a thin rule where a page ends. */
-class ReportBox final : public QTextEdit
+/** A report, with a thin rule where a page ends. */
+class ReportBox final : public PaperEdit
 {
     Q_OBJECT
 
@@ -15,10 +15,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
-    void showAsPaper();
     void drawRules(const QTextBlock &block, QPainter &painter, double top) const;
 };
 

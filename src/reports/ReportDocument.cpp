@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/ReportDocument.h"
 
+#include "desktop/ColorNumber.h"
+
 #include <QTextCharFormat>
 #include <QTextDocument>
 
@@ -9,12 +11,6 @@ namespace quaverly {
 namespace {
 
 constexpr qsizetype LongText = 1 << 16;
-
-QColor colorOf(quint32 number)
-{
-    const auto part = [number](int shift) { return static_cast<int>(number >> shift & 0xFF); };
-    return {part(0), part(8), part(16)};
-}
 
 QTextCharFormat charFormat(const RunFormat &run)
 {

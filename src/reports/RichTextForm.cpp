@@ -65,9 +65,8 @@ void RichTextForm::Form_Load(const Options &options)
 {
     if (options.TabletActive)
         sizeForFingers(*this);
-    const QSize available = screen()->availableSize();
-    resize(FirstSize.boundedTo(available));
-    if (options.TabletActive || available.width() < NarrowScreen)
+    resize(FirstSize.boundedTo(roomFor(*this)));
+    if (options.TabletActive || screen()->availableSize().width() < NarrowScreen)
         setWindowState(windowState() | Qt::WindowFullScreen);
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/SongReport.h"
 
+#include "platform/text/Blanks.h"
 #include "platform/text/Text.h"
-#include "reports/Blanks.h"
 #include "songlist/ListTexts.h"
 
 using namespace Qt::StringLiterals;
@@ -14,6 +14,12 @@ namespace {
 constexpr int HeadingSize = 12;
 constexpr int RowSize = 10;
 constexpr int ShownOfDuration = 5;
+
+/** Blanks alone are no name. */
+bool isNamed(const QString &artist)
+{
+    return isGreaterThanBlank(trimBlanks(artist));
+}
 
 QString orderOf(SongReportKind kind)
 {
@@ -71,7 +77,7 @@ void SongReport::begin(const ReportSong &first)
     if (m_kind != SongReportKind::Artist)
         return;
     m_format.size = HeadingSize;
-    if (!isGreaterThanBlank(first.Artist)) {
+    if (!isNamed(first.Artist)) {
         m_format.bold = true;
         m_format.color = reportcolors::Blue;
         m_sink.write(u"No Artist Name\r\n", m_format);
@@ -121,7 +127,7 @@ QString SongReport::rowOf(const ReportSong &song) const
         // Hours are cut off.
         return u"    "_s + song.SongName + u"      "_s + song.Duration.right(ShownOfDuration) + u"\r\n"_s;
     case SongReportKind::Song:
-        if (isGreaterThanBlank(song.Artist))
+        if (isNamed(song.Artist))
             return u' ' + song.SongName + u" [by] "_s + song.Artist + u"\r\n"_s;
         return u' ' + song.SongName + u"\r\n"_s;
     case SongReportKind::Path:

@@ -15,7 +15,6 @@
 
 #include <QKeyEvent>
 #include <QListView>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QTextDocument>
 
@@ -28,7 +27,6 @@ namespace quaverly {
 namespace {
 
 constexpr QSize FirstSize(820, 640);
-constexpr int FingerHeight = 44;
 constexpr int MostStars = 5;
 
 /** Errors of the file or the machine, which no other text would mend. */
@@ -109,7 +107,7 @@ void CriteriaForm::Form_Load()
     m_set.rememberSourceForFilter();
     if (m_tabletActive)
         sizeForFingers(*this);
-    resize(FirstSize.boundedTo(screen()->availableSize()));
+    resize(FirstSize.boundedTo(roomFor(*this)));
     m_ui->txtCriteria->setFocus();
 }
 

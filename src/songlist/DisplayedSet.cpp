@@ -302,10 +302,12 @@ void DisplayedSet::deleteFromDuplicateView()
     const qint64 place = rows.AbsolutePosition();
     const bool last = place + 1 == rows.RecordCount();
     const qint64 neighbour = place == 0 && last ? song : rows.bookmarkAt(last ? place - 1 : place + 1).key;
+    const int line = m_screen->gridRow();
     database().Execute(u"Delete * from tblContacts where RecordID = "_s + QString::number(song));
     const Hourglass hourglass(m_desktop);
     m_data.Refresh();
     m_data.findRecord(neighbour);
+    m_screen->scrollGrid(0, m_screen->gridRow() - line);
 }
 
 void DisplayedSet::hideFilterMessage()

@@ -40,6 +40,7 @@ void DisplayedSet::selectedOnly()
         open(u"Select * from  tblContacts Where Selected = 'x' "_s + m_texts.ListOrder);
     });
     m_screen->set_lblCategory({});
+    m_screen->setVisible(MainControl::cmdShowSelected, false);
     m_screen->setEnabled(MainControl::cmdAdd, false);
     showFilterMessage(QString::fromUtf16(captions::SelectedOnly));
 }

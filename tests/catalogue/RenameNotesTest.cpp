@@ -1,30 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/RenameNotes.h"
 #include "catalogue/CatalogueSchema.h"
-#include "platform/shell/FileMove.h"
-#include "support/Death.h"
+#include "support/Files.h"
 #include "support/Limits.h"
-#include "support/QtPrinters.h"
 #include "support/store/StoreFixture.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
 using namespace quaverly::test;
 
 namespace {
-
-void write(const QString &path)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
-    file.write("sound");
-}
 
 /** A catalogue with one song in two play lists, and its file. */
 class TheRename : public testing::Test
@@ -33,7 +18,7 @@ protected:
     TheRename()
     {
         QDir(data.folder()).mkdir(u"new"_s);
-        write(from + name);
+        writeFile(from + name);
         data.addSong(Song(u"SOS"_s).file(from, name));
         for (const auto &list : {u"one"_s, u"two"_s}) {
             const qint64 id = data.addPlayList(list);
@@ -41,21 +26,6 @@ protected:
         }
     }
     void keep(qint64 song = 1) { notes.keep(song, from, name, to, newName); }
-    /** What the editor does. */
-    void renameAll()
-    {
-        keep();
-        shell::moveFile(from + name, to + newName);
-        const auto quoted = [](QString text) { return u'"' + text.replace(u'"', u"\"\""_s) + u'"'; };
-        data.db().Execute(u"Update tblPlayListDetail Set FileName="_s + quoted(to + newName) +
-                          u" Where FileName="_s + quoted(from + name));
-        const auto row = data.db().OpenRecordset(u"Select * from tblContacts"_s);
-        row->Edit();
-        row->setValue(u"PathName"_s, to);
-        row->setValue(u"FileName"_s, newName);
-        row->Update();
-        notes.drop(1);
-    }
     [[nodiscard]] QString file(qint64 song = 1)
     {
         return data.songValue(song, u"PathName"_s).toString() +
@@ -83,37 +53,6 @@ protected:
     RenameNotes notes{data.catalogue()};
 };
 
-TEST_F(TheRename, KilledAtAnyStepLeavesFileRowAndPlayListsTogether)
-{
-    const QString catalogue = data.catalogue().DatabaseFile;
-    data.close();
-    ASSERT_TRUE(QFile::copy(catalogue, catalogue + u".before"_s));
-    int deaths = 0;
-    int settled = 0;
-    for (bool died = true; died;) {
-        SCOPED_TRACE(deaths);
-        died = diesAt(
-            deaths + 1, [this] { data.open(); }, [this] { renameAll(); });
-        deaths += died;
-        data.open();
-        const bool moved = QFileInfo::exists(to + newName);
-        EXPECT_NE(moved, QFileInfo::exists(from + name));
-        settled += moved && file() != to + newName;
-        notes.settle();
-        expectAt(moved ? to + newName : from + name);
-        EXPECT_EQ(notesLeft(), 0);
-        EXPECT_TRUE(moved || died);
-        data.close();
-        ASSERT_TRUE(!moved || QFile::rename(to + newName, from + name));
-        ASSERT_TRUE(QFile::remove(catalogue) && QFile::copy(catalogue + u".before"_s, catalogue));
-    }
-    EXPECT_GT(deaths, 10);
-    RecordProperty("deaths", deaths);
-    RecordProperty("settled", settled);
-    EXPECT_GT(settled, 2) << "it died between the rename and the row";
-    data.open();
-}
-
 TEST_F(TheRename, IsSettledByWhatTheDiskHolds)
 {
     const auto expectAfter = [&](const QStringList &files, const QString &path, qint64 left) {
@@ -121,7 +60,7 @@ TEST_F(TheRename, IsSettledByWhatTheDiskHolds)
         keep();
         QFile::remove(from + name);
         for (const QString &there : files)
-            write(there);
+            writeFile(there);
         data.reopen();
         notes.settle();
         expectAt(path);

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/SettingsRows.h"
-#include "support/QtPrinters.h"
 #include "support/store/StoreFixture.h"
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
@@ -14,9 +11,6 @@ namespace {
 class Settings : public ::testing::Test
 {
 protected:
-    qint64 rowCount() { return store.valueOf(u"Select count(*) from tblSettings"_s).toLongLong(); }
-    void clear() { store.db().Execute(u"Delete * from tblSettings"_s); }
-
     StoreFixture store;
     SettingsRows &rows = store.settings();
 };
@@ -44,7 +38,7 @@ TEST_F(Settings, NumbersAreReadAsFarAsTheyAreSome)
         {u"1e300"_s, 0, 0, std::nullopt, false, 0},
     };
     for (const auto &c : cases) {
-        clear();
+        store.db().Execute(u"Delete * from tblSettings"_s);
         for (const auto *type : {settings::AssignCategoryOnAdd, settings::TemplateRecordID,
                                  settings::BackColor, settings::CategoryStartup, settings::Tablet})
             store.addRow(u"tblSettings"_s, {{u"Type"_s, QString::fromUtf16(type)}, {u"Name"_s, c.name}});
@@ -69,7 +63,7 @@ TEST_F(Settings, AKindKeepsOneRowThroughManyWrites)
         rows.storeCategoryStartupBox(on ? 1 : 0);
         rows.storeAssignCategoryOnAdd(on ? 1 : 0);
     }
-    EXPECT_EQ(rowCount(), 7);
+    EXPECT_EQ(store.valueOf(u"Select count(*) from tblSettings"_s), 7);
     store.reopen();
     EXPECT_EQ(store.column(u"Select Name from tblSettings Where Type='tablet'"_s), QStringList(u"False"_s));
     EXPECT_EQ(rows.gridSortOrder(), u"Genre"_s);
@@ -81,25 +75,6 @@ TEST_F(Settings, AKindKeepsOneRowThroughManyWrites)
     EXPECT_EQ(rows.templateRecordID(), 0);
     rows.removeCategory();
     EXPECT_FALSE(rows.category());
-}
-
-TEST_F(Settings, NamedRowsAreFoundByKindAndName)
-{
-    const QString long8(70000, u'n');
-    rows.storeNamed(u"FILTER"_s, u"Best"_s, u"Rating > \"***\""_s);
-    rows.storeNamed(u"NOTE"_s, u"Best"_s, long8);
-    rows.storeNamed(u"FILTER"_s, u"it's"_s, u"Year = \"1976\""_s);
-    rows.storeNamed(u"FILTER"_s, u"BEST"_s, u"Rating = \"*****\""_s);
-    EXPECT_EQ(rows.all(u"Filter"_s).size(), 2);
-    EXPECT_EQ(rows.find(u"FILTER"_s, u"best"_s)->Setting8, u"Rating = \"*****\""_s);
-    EXPECT_EQ(rows.find(u"FILTER"_s, u"it's"_s)->Setting8, u"Year = \"1976\""_s);
-    EXPECT_EQ(rows.find(u"Note"_s, u"Best"_s)->Setting8, long8);
-    EXPECT_TRUE(rows.rename(u"FILTER"_s, u"it's"_s, u"Seventies"_s));
-    EXPECT_FALSE(rows.rename(u"FILTER"_s, u"it's"_s, u"Lost"_s));
-    rows.remove(u"FILTER"_s, u"Best"_s);
-    ASSERT_EQ(rows.all(u"FILTER"_s).size(), 1);
-    EXPECT_EQ(rows.all(u"FILTER"_s).first().Name, u"Seventies"_s);
-    EXPECT_TRUE(rows.find(u"NOTE"_s, u"Best"_s));
 }
 
 } // namespace

@@ -117,6 +117,12 @@ TEST_F(TheCategoryScreen, DeletesACategoryAndItsAssignments)
     EXPECT_EQ(desktop.calls().at(desktop.calls().size() - 2).text,
               u"Are you sure you want to delete this Category?"_s);
     EXPECT_EQ(songsOf(keep).size(), 1);
+
+    choose(u"Keep"_s);
+    desktop.willAnswer(Answer::Yes);
+    press(u"cmdDelete"_s);
+    key(&grid(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(categoryNames(), QStringList()) << "and copying from the empty list does no harm";
 }
 
 TEST_F(TheCategoryScreen, LeavesTheRowOfARenamedCategory)

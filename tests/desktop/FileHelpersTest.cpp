@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/FileHelpers.h"
 #include "platform/store/DaoError.h"
-#include "support/QtPrinters.h"
+#include "support/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
@@ -21,9 +17,8 @@ class FileHelpers : public ::testing::Test
 protected:
     QString make(const QString &name)
     {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
-        return file.fileName();
+        test::writeFile(path(name));
+        return path(name);
     }
     [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
 
@@ -59,8 +54,7 @@ TEST_F(FileHelpers, FileExistsMeansAFileOfThatExactName)
 TEST_F(FileHelpers, AHalfCharacterNamesNoOtherFile)
 {
     const QString half = u"x"_s + QChar(0xD800);
-    QFile file(path(QFile::decodeName(QFile::encodeName(half))));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    make(QFile::decodeName(QFile::encodeName(half)));
     EXPECT_FALSE(FileExists(path(half)));
 }
 

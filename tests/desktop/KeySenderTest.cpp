@@ -8,8 +8,6 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace quaverly::test {
@@ -31,10 +29,10 @@ class AltGrLayout final : public KeyboardLayout
 };
 
 /** "65 -65": virtual key 65 down and up; "x37": extended; "u233": a Unicode character. */
-QString told(const std::vector<KeyboardEvent> &events)
+QString events(const QString &keys, const KeyboardLayout &layout = KeyboardLayout())
 {
     QStringList words;
-    for (const KeyboardEvent &event : events) {
+    for (const KeyboardEvent &event : keyEvents(keys, layout)) {
         const bool unicode = (event.flags & KeyboardEvent::Unicode) != 0;
         QString word = (event.flags & KeyboardEvent::Up) != 0 ? u"-"_s : QString();
         word += (event.flags & KeyboardEvent::Extended) != 0 ? u"x"_s : unicode ? u"u"_s : QString();
@@ -43,18 +41,9 @@ QString told(const std::vector<KeyboardEvent> &events)
     return words.join(u' ');
 }
 
-QString events(const QString &keys, const KeyboardLayout &layout = KeyboardLayout())
-{
-    return told(keyEvents(keys, layout));
-}
-
 TEST(KeyStringTest, KeyStringsBecomeEvents)
 {
-    const struct
-    {
-        QString keys;
-        QString events;
-    } cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {u""_s, u""_s},
         {u"a"_s, u"65 -65"_s},
         {u"A1 "_s, u"16 65 -65 -16 49 -49 32 -32"_s},
@@ -81,8 +70,8 @@ TEST(KeyStringTest, KeyStringsBecomeEvents)
         {u"{}"_s, u"16 221 -221 -16"_s},
         {u"é漢"_s, u"u233 -u233 u28450 -u28450"_s},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(events(c.keys), c.events) << c.keys.toStdString();
+    for (const auto &[keys, expected] : cases)
+        EXPECT_EQ(events(keys), expected) << keys.toStdString();
     EXPECT_EQ(events(u"aB1"_s, CapsLockOn()), u"16 65 -65 -16 66 -66 49 -49"_s);
     EXPECT_EQ(events(u"@"_s, AltGrLayout()), u"17 18 81 -81 -17 -18"_s);
     EXPECT_EQ(keyEvents(u"a"_s, KeyboardLayout()).back(), (KeyboardEvent{65, 0x1E, KeyboardEvent::Up}));

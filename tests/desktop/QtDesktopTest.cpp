@@ -2,22 +2,13 @@
 #include "desktop/QtDesktop.h"
 #include "desktop/OnScreenKeyboard.h"
 #include "platform/options/OptionsStore.h"
-#include "support/QtPrinters.h"
+#include "support/Files.h"
 #include "support/UserActs.h"
 
-#include <QApplication>
 #include <QColorDialog>
-#include <QDir>
-#include <QFile>
 #include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTemporaryDir>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <variant>
@@ -52,13 +43,11 @@ TEST_F(TheDesktop, MessageBoxesGiveTheButtonPressedByMouseOrKey)
         Answer answer;
     };
     for (const Case &one : {Case{Buttons::Ok, {}, QMessageBox::Ok, Answer::Ok},
-                            {Buttons::OkCancel, {}, QMessageBox::Ok, Answer::Ok},
                             {Buttons::OkCancel, {}, QMessageBox::Cancel, Answer::Cancel},
                             {Buttons::YesNo, {}, QMessageBox::Yes, Answer::Yes},
                             {Buttons::YesNo, {}, QMessageBox::No, Answer::No},
                             {Buttons::YesNo, Answer::No, Qt::Key_Return, Answer::No},
                             {Buttons::YesNo, {}, Qt::Key_Return, Answer::Yes},
-                            {Buttons::OkCancel, Answer::Cancel, Qt::Key_Return, Answer::Cancel},
                             {Buttons::YesNo, Answer::Yes, Qt::Key_Escape, Answer::No},
                             {Buttons::OkCancel, {}, Qt::Key_Escape, Answer::Cancel},
                             {Buttons::Ok, {}, Qt::Key_Escape, Answer::Ok}}) {
@@ -70,18 +59,20 @@ TEST_F(TheDesktop, MessageBoxesGiveTheButtonPressedByMouseOrKey)
         });
         EXPECT_EQ(desktop.MessageBox(u"Text"_s, u"T"_s, Icon::None, one.buttons, one.byDefault), one.answer);
     }
-}
-
-TEST_F(TheDesktop, MessageTextsAreShownAsTheyStand)
-{
+    // Texts are shown as they stand.
     test::inDialog([](QWidget &dialog) {
         auto &box = dynamic_cast<QMessageBox &>(dialog);
         EXPECT_EQ(box.text(), u"<b>R&B</b>\n   next  line"_s);
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.icon(), QMessageBox::Warning);
         press(dialog, QMessageBox::Ok);
     });
     desktop.MessageBox(u"<b>R&B</b>\r\n   next  line"_s, u"File not added"_s, Icon::Exclamation);
+    // A word that is longer than the screen is wide is broken.
+    test::inDialog([](QWidget &dialog) {
+        EXPECT_LE(child<QWidget>(dialog, u"qt_msgbox_label"_s)->sizeHint().width(), dialog.width());
+        press(dialog, QMessageBox::Ok);
+    });
+    desktop.MessageBox(u"Is it "_s + QString(300, u'M') + u'?', u"T"_s, Icon::None);
 }
 
 TEST_F(TheDesktop, PromptsMaskPasswords)
@@ -125,8 +116,7 @@ TEST_F(TheDesktop, TheColorDialogStartsWithAColorAndGivesTheChosenOne)
 
 TEST_F(TheDesktop, TheOpenDialogOffersTheFiltersAndGivesTheFullPath)
 {
-    QFile song(path(u"Song & Co.MP3"_s));
-    ASSERT_TRUE(song.open(QIODevice::WriteOnly));
+    test::writeFile(path(u"Song & Co.MP3"_s));
     test::inDialog([](QWidget &dialog) {
         auto &files = dynamic_cast<QFileDialog &>(dialog);
         EXPECT_EQ(files.nameFilters(),
@@ -138,7 +128,7 @@ TEST_F(TheDesktop, TheOpenDialogOffersTheFiltersAndGivesTheFullPath)
     const FileQuestion question = {u"Select a music file"_s,
                                    u"Music files (*.mp3;*.m4a)|*.mp3;*.m4a|All Files (*.*)|*.*"_s,
                                    m_folder.path() + u"/"_s, QString()};
-    EXPECT_EQ(desktop.ShowOpenDialog(question), song.fileName());
+    EXPECT_EQ(desktop.ShowOpenDialog(question), path(u"Song & Co.MP3"_s));
 }
 
 TEST_F(TheDesktop, TheSaveDialogCompletesTheNameAndNeverTakesAPattern)
@@ -200,7 +190,7 @@ TEST_F(TheDesktop, TheBusyPointerNestsAndRestsInDialogs)
     EXPECT_TRUE(isBusy());
 }
 
-TEST_F(TheDesktop, TheWaitingWindowGoesWithItsHandleOrAtAClick)
+TEST_F(TheDesktop, TheWaitingWindowGoesWithItsHandleOrAtAClickOrAKeyThatTypes)
 {
     const auto form = [] {
         for (QWidget *window : QApplication::topLevelWidgets()) {
@@ -222,25 +212,27 @@ TEST_F(TheDesktop, TheWaitingWindowGoesWithItsHandleOrAtAClick)
     EXPECT_FALSE(form());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     handle->setMsg(u"still working"_s);
-    handle->setBar(3000);
-    EXPECT_EQ(handle->bar(), 3000);
+
+    handle = desktop.ShowWorkingForm(u"Report is running..."_s, u"Please wait..."_s, true);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Shift})
+        test::key(form(), key);
+    EXPECT_FALSE(handle->isClosed());
+    test::key(form(), Qt::Key_A);
+    EXPECT_TRUE(handle->isClosed());
 }
 
 TEST_F(TheDesktop, OneKeyboardIsStartedAtATime)
 {
-    QFile program(path(u"keyboard"_s));
-    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
-    program.write("#!/bin/sh\necho $$ >> \"$0.pids\"\nexec sleep 600\n");
-    program.close();
-    program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    OnScreenKeyboard keyboard({path(u"missing"_s), program.fileName()});
+    const QString program = path(u"keyboard"_s);
+    test::writeFile(program, "#!/bin/sh\necho $$ >> \"$0.pids\"\nexec sleep 600\n");
+    QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    OnScreenKeyboard keyboard({path(u"missing"_s), program});
     EXPECT_TRUE(keyboard.show());
     EXPECT_TRUE(keyboard.show());
 
     QByteArray started;
     EXPECT_TRUE(QTest::qWaitFor([&] {
-        QFile pids(path(u"keyboard.pids"_s));
-        started = pids.open(QIODevice::ReadOnly) ? pids.readAll() : QByteArray();
+        started = test::bytesOf(program + u".pids"_s);
         return started.endsWith('\n');
     }));
     EXPECT_EQ(started.count('\n'), 1);

@@ -3,8 +3,6 @@
 #include "desktop/FileFilter.h"
 #include "support/QtPrinters.h"
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -26,13 +24,9 @@ TEST(FileFilters, ReadFromTheBarForm)
     };
     const FileFilter all = {u"All Files (*.*)"_s, {u"*"_s}};
     const std::vector<Case> cases = {
-        {u"Database files (*.mdb)|*.mdb"_s, {{u"Database files (*.mdb)"_s, {u"*.mdb"_s}}}, u"mdb"_s},
         {u"Music files (*.mp3;*.m4a)|*.mp3;*.m4a|All Files (*.*)|*.*"_s,
          {{u"Music files (*.mp3;*.m4a)"_s, {u"*.mp3"_s, u"*.m4a"_s}}, all},
          u"mp3"_s},
-        {u"rtf Files & (*.rtf)|*.rtf|All Files (*.*)|*.*"_s,
-         {{u"rtf Files & (*.rtf)"_s, {u"*.rtf"_s}}, all},
-         u"rtf"_s},
         {u"All Files (*.*)|*.*"_s, {all}, QString()},
         {u"A|*.a; *.b ;;"_s, {{u"A"_s, {u"*.a"_s, u"*.b"_s}}}, u"a"_s},
         {u"No pattern"_s, {{u"No pattern"_s, {u"*"_s}}}, QString()},
@@ -47,24 +41,17 @@ TEST(FileFilters, ReadFromTheBarForm)
     }
 }
 
-TEST(DisplayTexts, EveryLineEndIsOneBreak)
+TEST(DisplayTexts, EveryLineEndIsOneBreakAndLongWordsLoseNothing)
 {
     EXPECT_EQ(displayText(u"a\rb\r\nc\nd\r\r\ne\n\nf"_s), u"a\nb\nc\nd\n\ne\n\nf"_s);
     EXPECT_EQ(displayText(u"   *  \\  /  :  & <b>"_s), u"   *  \\  /  :  & <b>"_s);
-}
+    EXPECT_EQ(displayText(u"/short/path.mp3"_s), u"/short/path.mp3"_s);
 
-TEST(DisplayTexts, LongWordsMayBreakAndLoseNothing)
-{
-    const QString path = u"/home/anna/Music/"_s + QString(100, u'x') + u"/"_s + QString(30, u'y') + u".mp3"_s;
-    QString shown = displayText(u"File "_s + path + u" not found."_s);
+    const QString text = u"File /home/anna/Music/"_s + QString(100, u'x') + u"/y.mp3 not found."_s;
+    QString shown = displayText(text);
     EXPECT_TRUE(shown.contains(u"/\u200Bhome/\u200B"_s));
     EXPECT_TRUE(shown.contains(u"x\u200Bx"_s));
-    EXPECT_EQ(shown.remove(u'\u200B'), u"File "_s + path + u" not found."_s);
-    EXPECT_EQ(displayText(u"/short/path.mp3"_s), u"/short/path.mp3"_s);
-}
-
-TEST(DisplayTexts, ABreakNeverSplitsACharacter)
-{
+    EXPECT_EQ(shown.remove(u'\u200B'), text);
     const QString notes = u"x"_s + u"\U0001F3B5"_s.repeated(60);
     for (const QString &piece : displayText(notes).split(u'\u200B'))
         EXPECT_EQ(piece, QString::fromUtf8(piece.toUtf8())) << "half a character";

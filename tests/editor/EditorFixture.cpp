@@ -4,15 +4,7 @@
 #include "platform/text/Text.h"
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -34,20 +26,6 @@ EditorTest::~EditorTest()
 {
     delete form;
     set.Data1().Close();
-}
-
-void EditorTest::write(const QString &name, const QByteArray &bytes) const
-{
-    QDir().mkpath(QFileInfo(music(name)).path());
-    QFile file(music(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
-QByteArray EditorTest::read(const QString &path) const
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
 }
 
 qint64 EditorTest::song(const QString &name, const QString &artist)
@@ -101,12 +79,6 @@ void EditorTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(form->focusWidget(), key, modifiers);
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
-}
-
-void EditorTest::leave(const QString &name)
-{
-    control(name).setFocus();
-    press(Qt::Key_Return);
 }
 
 QString EditorTest::focus() const

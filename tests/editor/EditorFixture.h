@@ -5,17 +5,14 @@
 #include "editor/EditCommands.h"
 #include "editor/EditorState.h"
 #include "editor/NameEdit.h"
-#include "songlist/DisplayedSet.h"
 #include "songlist/PlayerState.h"
-#include "support/QtPrinters.h"
+#include "support/Files.h"
 #include "support/ScriptedDesktop.h"
 #include "support/UserActs.h"
 #include "support/store/FakeMainScreen.h"
 #include "support/store/StoreFixture.h"
 
 #include <QPointer>
-
-#include <gtest/gtest.h>
 
 namespace quaverly::test {
 
@@ -33,8 +30,10 @@ protected:
         return store.path(QStringLiteral("music/") + name);
     }
     /** Writes the file, its folders too. */
-    void write(const QString &name, const QByteArray &bytes = "sound") const;
-    [[nodiscard]] QByteArray read(const QString &path) const;
+    void write(const QString &name, const QByteArray &bytes = "sound") const
+    {
+        writeFile(music(name), bytes);
+    }
     /** A song whose file "name.mp3" holds the song's name. */
     qint64 song(const QString &name, const QString &artist = QStringLiteral("Abba"));
 
@@ -51,8 +50,6 @@ protected:
     void press(const QString &name) { click(*form, name); }
     /** The key, and what it leads to. */
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    /** Leaves the field with Enter. */
-    void leave(const QString &name);
     [[nodiscard]] QString focus() const;
     [[nodiscard]] QString value(qint64 song, const QString &field);
     /** The store as after a restart; the editor must be closed. */

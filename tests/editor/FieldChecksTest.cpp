@@ -2,10 +2,7 @@
 #include "editor/FieldChecks.h"
 
 #include "catalogue/Options.h"
-#include "editor/EditorGenres.h"
 #include "support/QtPrinters.h"
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
@@ -113,10 +110,6 @@ TEST(TheSmallRules, HoldForTheirTables)
     EXPECT_EQ(trackNumber(u" 12 "_s), 12);
     EXPECT_EQ(trackNumber(u"A1"_s), std::nullopt);
     EXPECT_EQ(trackNumber({}), std::nullopt);
-    const QStringList genres = editorGenres();
-    EXPECT_EQ(genres.size(), 148);
-    EXPECT_EQ(genres.first(), u"A Cappella "_s);
-    EXPECT_TRUE(genres.contains(u"Acid Jazz "_s) && genres.contains(u"Rock"_s));
 }
 
 } // namespace

@@ -2,10 +2,7 @@
 #include "intake/IntakeFixture.h"
 
 #include "songlist/ListTexts.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "support/Files.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,17 +27,14 @@ void IntakeTest::useShell(std::unique_ptr<shell::Shell> shell)
                           }};
     m_loader = std::make_unique<MusicLoader>(
         IntakeParts{m_desktop, m_mainScreen, *m_shell, m_store.catalogue(), m_state, *m_forms, clock,
-                    m_store.path(u"state/report.txt"_s), [this] { return m_currentArtist; }});
+                    m_store.path(u"state/report.txt"_s), [] { return std::optional<QString>(); }});
     m_commands = std::make_unique<AddCommands>(m_desktop, m_mainScreen, m_player, m_state, *m_loader,
                                                [this] { m_forms->showScanDriveForm(*m_loader); });
 }
 
 void IntakeTest::write(const QString &name, const QByteArray &bytes) const
 {
-    QDir().mkpath(QFileInfo(music(name)).path());
-    QFile file(music(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
-    ASSERT_EQ(file.write(bytes), bytes.size());
+    writeFile(music(name), bytes);
 }
 
 void IntakeTest::writeAll(std::initializer_list<const char16_t *> names, const QByteArray &bytes) const
@@ -70,8 +64,8 @@ QVariant IntakeTest::stored(const QString &field, const QString &fileName)
 
 QString IntakeTest::report() const
 {
-    QFile file(m_store.path(u"state/report.txt"_s));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    const QString file = m_store.path(u"state/report.txt"_s);
+    return QFile::exists(file) ? QString::fromUtf8(bytesOf(file)) : QString();
 }
 
 QWidget *IntakeTest::folderForm() const

@@ -7,15 +7,12 @@
 #include "intake/ScanForms.h"
 #include "platform/shell/Shell.h"
 #include "songlist/PlayerState.h"
-#include "support/QtPrinters.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TagBytes.h"
 #include "support/store/FakeMainScreen.h"
 #include "support/store/StoreFixture.h"
 
 #include <QWidget>
-
-#include <gtest/gtest.h>
 
 namespace quaverly::test {
 
@@ -67,7 +64,6 @@ protected:
     std::unique_ptr<AddCommands> m_commands;
     /** What the clock says, once a call; the last one stays. */
     QList<double> m_seconds{0};
-    std::optional<QString> m_currentArtist;
 };
 
 } // namespace quaverly::test

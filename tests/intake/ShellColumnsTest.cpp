@@ -4,13 +4,10 @@
 #include "intake/NewSong.h"
 #include "intake/ScanReport.h"
 #include "platform/shell/Shell.h"
-#include "support/QtPrinters.h"
+#include "support/Files.h"
 
-#include <QFile>
 #include <QHash>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -74,15 +71,7 @@ TEST(ShellColumns, MapToTheFieldsOfTheirVersion)
 TEST(ShellColumns, KeepWhatTheFieldsHold)
 {
     const QString longText(300, u'x');
-    struct Case
-    {
-        int version;
-        int column;
-        QString text;
-        const char16_t *field;
-        QString value;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, QString, const char16_t *, QString> cases[] = {
         {6, 21, u"  two blanks  "_s, u"SongName", u"two blanks"_s},
         {5, 10, u"  two blanks  "_s, u"SongName", u"  two blanks  "_s},
         {6, 21, QString(254, u'x') + u"  y"_s, u"SongName", QString(254, u'x')},
@@ -104,10 +93,10 @@ TEST(ShellColumns, KeepWhatTheFieldsHold)
         {6, 28, u"99kbps"_s, u"bitRate", u"99kbps"_s},
         {6, 28, u"8 of a long bit rate!"_s, u"bitRate", u"8 of a long bit rate"_s},
     };
-    for (const Case &c : cases) {
-        const NewSong song = songOf({{c.column, c.text}}, c.version);
-        EXPECT_EQ(song.text(QString::fromUtf16(c.field)), c.value)
-            << c.version << ' ' << c.column << ' ' << c.text.toStdString();
+    for (const auto &[version, column, text, field, value] : cases) {
+        const NewSong song = songOf({{column, text}}, version);
+        EXPECT_EQ(song.text(QString::fromUtf16(field)), value)
+            << version << ' ' << column << ' ' << text.toStdString();
     }
     EXPECT_EQ(songOf({{237, u"?"_s}, {231, u"x"_s}, {219, u"y"_s}, {204, u"77"_s}, {243, u"88"_s}}, 6)
                   .text(u"BPM"_s),
@@ -140,14 +129,8 @@ TEST(MusicItem, IsKnownByItsTailOrByItsTypeText)
     const QTemporaryDir dir;
     const QString folder = dir.path() + u'/';
     for (const char16_t *name : {u"clip.ogg", u"clip.flac", u"both.m4a", u"both.flac"})
-        ASSERT_TRUE(QFile(folder + QString::fromUtf16(name)).open(QIODevice::WriteOnly));
-    struct Case
-    {
-        const char16_t *name, *type;
-        bool hidden;
-        const char16_t *fileName, *fileType;
-    };
-    const Case cases[] = {
+        writeFile(folder + QString::fromUtf16(name));
+    const std::tuple<const char16_t *, const char16_t *, bool, const char16_t *, const char16_t *> cases[] = {
         {u"a.mp3", u"", false, u"a.mp3", u"MP3"},
         {u"Track.FLAC", u"", false, u"Track.FLAC", u"FLAC"},
         {u"aflac", u"", false, u"aflac", u"FLAC"},
@@ -166,13 +149,13 @@ TEST(MusicItem, IsKnownByItsTailOrByItsTypeText)
         {u"a.mp3", u"Text", true, nullptr, u""},
         {u"a.mp3", u"MP3 sound", true, u"a.mp3.mp3", u"MP3"},
     };
-    for (const Case &c : cases) {
-        const ColumnItem item(QString::fromUtf16(c.name), {{2, QString::fromUtf16(c.type)}});
-        const auto found = musicItemOf(item, folder, c.hidden);
-        ASSERT_EQ(found.has_value(), c.fileName != nullptr) << QString::fromUtf16(c.name).toStdString();
+    for (const auto &[name, type, hidden, fileName, fileType] : cases) {
+        const ColumnItem item(QString::fromUtf16(name), {{2, QString::fromUtf16(type)}});
+        const auto found = musicItemOf(item, folder, hidden);
+        ASSERT_EQ(found.has_value(), fileName != nullptr) << QString::fromUtf16(name).toStdString();
         if (found) {
-            EXPECT_EQ(found->FileName, QString::fromUtf16(c.fileName));
-            EXPECT_EQ(found->fileType(), QString::fromUtf16(c.fileType));
+            EXPECT_EQ(found->FileName, QString::fromUtf16(fileName));
+            EXPECT_EQ(found->fileType(), QString::fromUtf16(fileType));
         }
     }
 }

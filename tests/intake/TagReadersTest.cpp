@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "intake/GenreTable.h"
 #include "intake/M4aAtoms.h"
 #include "intake/NewSong.h"
 #include "intake/ScanReport.h"
@@ -8,8 +7,6 @@
 #include "support/TagBytes.h"
 
 #include <QBuffer>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace tagbytes;
@@ -40,36 +37,11 @@ NewSong m4aSong(QByteArray file)
 
 } // namespace
 
-TEST(Hex, GivesTheNumberAndLeavesItsDigits)
-{
-    using Case = std::tuple<const char *, qint32, QByteArray, qint32, QByteArray>;
-    for (const auto &[hex, little, littleDigits, big, bigDigits] :
-         {Case{"01020304", 0x04030201, "04030201", 0x01020304, "01020304"},
-          {"0A000000", 10, "0000000A", 0x0A000000, "0A000000"},
-          {"00000080", qint32(0x80000000), "80000000", 128, "00000080"},
-          {"ffffffff", -1, "FFFFFFFF", -1, "FFFFFFFF"}}) {
-        QByteArray bytes = QByteArray::fromHex(hex);
-        EXPECT_EQ(HexLittleEndian(bytes), little);
-        EXPECT_EQ(bytes, littleDigits);
-        bytes = QByteArray::fromHex(hex);
-        EXPECT_EQ(HexBigEndian(bytes), big);
-        EXPECT_EQ(bytes, bigDigits);
-    }
-    QByteArray three = "abc"_ba;
-    EXPECT_THROW(HexLittleEndian(three), dao::DaoError);
-}
-
 TEST(VorbisComment, FindsAValueByItsKeyInAnyCase)
 {
-    struct Case
-    {
-        const char *what;
-        QByteArray buffer;
-        QString artist;
-    };
     const QByteArray umlaut =
         QByteArray(990, 'x') + QByteArray::fromHex("0b000000") + "ARTIST=Bj\xC3\xB6rk"_ba;
-    const Case cases[] = {
+    const std::tuple<const char *, QByteArray, QString> cases[] = {
         {"upper case", vorbisComments({"ARTIST=Abba"}), u"Abba"_s},
         {"the first of two", vorbisComments({"ARTIST=Abba", "ARTIST=Blur"}), u"Abba"_s},
         {"another key in front", vorbisComments({"ALBUMARTIST=Various", "ARTIST=Abba"}), u"Abba"_s},
@@ -84,8 +56,8 @@ TEST(VorbisComment, FindsAValueByItsKeyInAnyCase)
         {"two thirds of one", (QByteArray(4, 'x') + "\30\0\0\0ARTIST=n\xE2\x82"_ba), u"n"_s},
         {"Windows-1252, cut", (QByteArray(4, 'x') + "\30\0\0\0ARTIST=\xE9t\xE9s"_ba), u"étés"_s},
     };
-    for (const Case &c : cases)
-        EXPECT_EQ(ReadVorbisComment(c.buffer, "\0ARTIST="_ba), c.artist) << c.what;
+    for (const auto &[what, buffer, artist] : cases)
+        EXPECT_EQ(ReadVorbisComment(buffer, "\0ARTIST="_ba), artist) << what;
     EXPECT_THROW((void)ReadVorbisComment("\3\0\0\0ARTIST=Abba"_ba, "\0ARTIST="_ba), dao::DaoError);
     EXPECT_EQ(ReadVorbisComment(umlaut.left(1000), "\0ARTIST="_ba), u""_s) << "the key is cut";
 }
@@ -114,38 +86,18 @@ TEST(VorbisComment, FillsTheFieldsOfASong)
 
     const NewSong late = vorbisSong(QByteArray(1100, 'x') + vorbisComments({"ARTIST=Abba"}));
     EXPECT_EQ(late.text(u"Artist"_s), u"Unknown"_s) << "tags behind the first 1000 bytes are not seen";
-}
 
-TEST(VorbisComment, LeavesAFieldAloneWhoseLengthIsWrong)
-{
-    const NewSong song = vorbisSong("\3\0\0\0ALBUM=Arrival"_ba + vorbisComments({"GENRE=Pop"}));
-    EXPECT_TRUE(song.value(u"AlbumName"_s).isNull());
-    EXPECT_EQ(song.text(u"Genre"_s), u"Pop"_s);
-}
-
-TEST(GenreTable, HoldsItsOwnSpellings)
-{
-    const GenreTable genres = LoadGenreTable();
-    const std::pair<const char16_t *, const char16_t *> cases[] = {
-        {u"0", u"Blues"},      {u"17", u"Rock"}, {u"45", u"Meditative "}, {u"85", u"Bebob"},
-        {u"147", u"Synthpop"}, {u"148", u""},    {u"017", u""},           {u"", u""},
-    };
-    for (const auto &[key, name] : cases)
-        EXPECT_EQ(genres.ReadProperty(QString::fromUtf16(key)), QString::fromUtf16(name));
+    const NewSong wrongLength = vorbisSong("\3\0\0\0ALBUM=Arrival"_ba + vorbisComments({"GENRE=Pop"}));
+    EXPECT_TRUE(wrongLength.value(u"AlbumName"_s).isNull());
+    EXPECT_EQ(wrongLength.text(u"Genre"_s), u"Pop"_s);
 }
 
 TEST(M4aAtoms, FollowTheirOddRules)
 {
-    struct Case
-    {
-        const char *what;
-        QByteArray list;
-        const char16_t *field, *value;
-    };
     const QByteArray five = itemAtom("\251nam", "n") + itemAtom("\251ART", "a") +
                             itemAtom("gnre", QByteArray("\0\1", 2)) + itemAtom("\251gen", "g") +
                             itemAtom("\251day", "1");
-    const Case cases[] = {
+    const std::tuple<const char *, QByteArray, const char16_t *, const char16_t *> cases[] = {
         {"UTF-8", itemAtom("\251ART", "Bj\xC3\xB6rk"), u"Artist", u"Björk"},
         {"a date", itemAtom("\251day", "1976-10-11T00:00:00Z"), u"Year", u"1976-10-11"},
         {"a numeric genre", itemAtom("gnre", QByteArray("\0\22", 2)), u"Genre", u"Rock"},
@@ -171,9 +123,8 @@ TEST(M4aAtoms, FollowTheirOddRules)
          u"n"},
         {"an empty value", itemAtom("\251alb", ""), u"AlbumName", u""},
     };
-    for (const Case &c : cases)
-        EXPECT_EQ(m4aSong(m4aFile(c.list)).text(QString::fromUtf16(c.field)), QString::fromUtf16(c.value))
-            << c.what;
+    for (const auto &[what, list, field, value] : cases)
+        EXPECT_EQ(m4aSong(m4aFile(list)).text(QString::fromUtf16(field)), QString::fromUtf16(value)) << what;
 }
 
 TEST(M4aAtoms, EndOnWhatCannotBeRead)

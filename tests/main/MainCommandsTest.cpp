@@ -3,12 +3,10 @@
 #include "main/ProgramFixture.h"
 
 #include "catalogue/CatalogueSchema.h"
-#include "support/QtPrinters.h"
+#include "support/Files.h"
+#include "support/Limits.h"
 
 #include <QAction>
-#include <QFile>
-#include <QPushButton>
-#include <QTest>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -83,10 +81,7 @@ TEST_F(MainCommandsTest, AnotherCatalogueOpensAndABadOneDoesNot)
     const QString other = m_dir.filePath(u"other.mdb"_s);
     dao::DBEngine(catalogueSchema()).CreateEmpty(other);
     const QString noCatalogue = m_dir.filePath(u"text.mdb"_s);
-    QFile file(noCatalogue);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("no catalogue at all");
-    file.close();
+    writeFile(noCatalogue, "no catalogue at all");
     start();
 
     m_desktop.willOpen(noCatalogue).willSee();
@@ -133,38 +128,57 @@ TEST_F(MainCommandsTest, OptionsStayForTheNextRun)
     start(true);
     chooseMenu(screen(), u"TabletMode"_s);
     EXPECT_FALSE(child<QAction>(screen(), u"TabletMode"_s)->isEnabled());
-    m_desktop.willPickColor(0x112233);
-    chooseMenu(screen(), u"SelectColor"_s);
+    m_desktop.willPickColor(std::nullopt).willPickColor(0x112233);
+    for (const quint32 color : {8421440U, 0x112233U}) {
+        chooseMenu(screen(), u"SelectColor"_s);
+        EXPECT_EQ(screen().BackColor(), color);
+    }
     EXPECT_EQ(child<QWidget>(screen(), u"background"_s)->palette().color(QPalette::Window),
               QColor(0x33, 0x22, 0x11));
+    m_desktop.willAnswer(Answer::No, u"This prevents Quaverly from renaming a music file"_s);
+    chooseMenu(screen(), u"mnuOptionFileRename"_s);
+    EXPECT_EQ(screen().mnuOptionFileRename(), u"Do not allow files to be renamed or moved ..."_s);
+    m_desktop.willAnswer(Answer::Yes);
+    chooseMenu(screen(), u"mnuOptionFileRename"_s);
+    chooseMenu(screen(), u"mnuOptionWindowSize"_s);
     close();
     start(true);
     EXPECT_TRUE(child<QAction>(screen(), u"DesktopMode"_s)->isEnabled());
     EXPECT_EQ(screen().BackColor(), 0x112233U);
-    chooseMenu(screen(), u"DesktopMode"_s);
-    chooseMenu(screen(), u"RestoreColor"_s);
+    EXPECT_EQ(screen().mnuOptionFileRename(), u"Allow files to be renamed or moved"_s);
+    EXPECT_EQ(screen().mnuOptionWindowSize(), u"Do not remember window size between sessions"_s);
+    m_desktop.willSee(u"All warning messages will now appear."_s);
+    for (const auto *back : {u"DesktopMode", u"RestoreColor", u"mnuOptionFileRename", u"mnuOptionWindowSize",
+                             u"mnuOptionsWarningMessagesReset"})
+        chooseMenu(screen(), QString::fromUtf16(back));
+    close();
+    start(true);
+    EXPECT_TRUE(child<QAction>(screen(), u"TabletMode"_s)->isEnabled());
     EXPECT_EQ(screen().BackColor(), 8421440U);
+    EXPECT_EQ(screen().mnuOptionFileRename(), u"Do not allow files to be renamed or moved ..."_s);
+    EXPECT_EQ(screen().mnuOptionWindowSize(), u"Remember window size between sessions"_s);
 }
 
-TEST_F(MainCommandsTest, NonsenseInTheSettingsRowsCountsAsNone)
+TEST_F(MainCommandsTest, OptionsThatCannotBeKeptSayWhyAndStayAsTheyAre)
 {
-    addSongs(2);
-    {
-        dao::DBEngine engine(catalogueSchema());
-        const auto database = engine.OpenDatabase(path());
-        for (const char16_t *row :
-             {u"'GRIDSORTORDER', 'No such order'", u"'BACKCOLOR', 'x'", u"'TABLET', 'maybe'",
-              u"'TEMPLATE RecordID', 'none'", u"'CATEGORYSTARTUP', 'True'", u"'ASSIGNCATGONADD', 'x'"})
-            database->Execute(u"Insert Into tblSettings (Type, Name) Values ("_s + QString::fromUtf16(row) +
-                              u")"_s);
-        database->Execute(
-            u"Insert Into tblSettings (Type, Name, Setting1) Values ('CATEGORY', 'Jazz', ' nonsense ')"_s);
+    const OrdinaryUser user({m_dir.path(), path()});
+    QFile::setPermissions(path(), QFile::ReadOwner);
+    start(true);
+    m_store = OptionsStore(u"/proc/quaverly/options.ini"_s);
+    const std::pair<QString, QString> refused[] = {{u"mnuOptionWindowSize"_s, u"can't be saved"_s},
+                                                   {u"mnuOptionsWarningMessagesReset"_s, u"can't be saved"_s},
+                                                   {u"mnuOptionFileRename"_s, u"can't be saved"_s},
+                                                   {u"RestoreColor"_s, u"read-only"_s},
+                                                   {u"TabletMode"_s, u"read-only"_s}};
+    for (const auto &[entry, said] : refused) {
+        if (entry == u"mnuOptionFileRename"_s)
+            m_desktop.willAnswer(Answer::Yes);
+        m_desktop.willSee(said);
+        chooseMenu(screen(), entry);
     }
-    start();
-    EXPECT_EQ(screen().cmbSort(), u"Song Name"_s);
-    EXPECT_EQ(screen().BackColor(), 8421440U);
-    EXPECT_EQ(screen().lblCategory(), QString());
-    EXPECT_EQ(grid().model()->rowCount(), 2);
+    EXPECT_EQ(screen().mnuOptionWindowSize(), u"Remember window size between sessions"_s);
+    EXPECT_EQ(screen().mnuOptionFileRename(), u"Do not allow files to be renamed or moved ..."_s);
+    EXPECT_TRUE(child<QAction>(screen(), u"TabletMode"_s)->isEnabled());
 }
 
 } // namespace

@@ -3,10 +3,8 @@
 #include "main/ProgramFixture.h"
 
 #include "player/PlayForm.h"
-#include "support/QtPrinters.h"
 
 #include <QAbstractItemView>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

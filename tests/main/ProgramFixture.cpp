@@ -2,11 +2,9 @@
 #include "main/ProgramFixture.h"
 
 #include "catalogue/CatalogueSchema.h"
-#include "support/QtPrinters.h"
 
 #include <QDir>
 #include <QPlainTextEdit>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -11,8 +11,6 @@
 
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 namespace quaverly::test {
 
 /** The program on a catalogue of its own, with a scripted user at the dialogs. */

@@ -15,8 +15,10 @@ namespace {
 
 using Command = void (DuplicateCommands::*)();
 
-/** Beside the songs of SongList: three times one song, of two sizes and on two albums, and a pair without
- * artists. */
+/**
+ * Beside the seven songs of SongList: 8 to 11 are one song, of two sizes and on two albums, 12 is not, and
+ * 13 and 14 are a pair without artists.
+ */
 class Duplicates : public Maintenance
 {
 protected:
@@ -24,26 +26,20 @@ protected:
     {
         Maintenance::SetUp();
         ensureDuplicateQueries(store.db());
-        first = add(u"Waterloo"_s, u"Abba"_s, u"4194304"_s, u"Waterloo"_s);
-        second = add(u"WATERLOO"_s, u"abba"_s, u"4194304"_s, u"Gold"_s);
-        third = add(u"Waterloo"_s, u"Abba"_s, u"4194305"_s, u"waterloo"_s);
-        fourth = add(u"Waterloo"_s, u"Abba"_s, u"4194304"_s, u"Waterloo"_s);
+        add(u"Waterloo"_s, u"Abba"_s, u"4194304"_s, u"Waterloo"_s);
+        add(u"WATERLOO"_s, u"abba"_s, u"4194304"_s, u"Gold"_s);
+        add(u"Waterloo"_s, u"Abba"_s, u"4194305"_s, u"waterloo"_s);
+        add(u"Waterloo"_s, u"Abba"_s, u"4194304"_s, u"Waterloo"_s);
         add(u"Waterloo"_s, u"Äbba"_s, u"4194304"_s, u"Waterloo"_s);
         for (int i = 0; i < 2; ++i)
             store.addSong(Song(u"Untitled"_s).with(u"FileSize"_s, u"1"_s).with(u"AlbumName"_s, u"A"_s));
         set.showAll();
     }
-    qint64 add(const S &name, const S &artist, const S &size, const S &album)
+    void add(const S &name, const S &artist, const S &size, const S &album)
     {
-        return store.addSong(Song(name, artist).with(u"FileSize"_s, size).with(u"AlbumName"_s, album));
+        store.addSong(Song(name, artist).with(u"FileSize"_s, size).with(u"AlbumName"_s, album));
     }
-    QList<qint64> shown()
-    {
-        QList<qint64> keys;
-        for (qint64 row = 0; row < rows(); ++row)
-            keys.append(data().Recordset().bookmarkAt(row).key);
-        return keys;
-    }
+    QString keys() { return shown().join(u' '); }
     bool enabled(bool on)
     {
         using enum MainControl;
@@ -55,49 +51,32 @@ protected:
     }
 
     DuplicateCommands commands{parts};
-    qint64 first = 0, second = 0, third = 0, fourth = 0;
 };
 
 TEST_F(Duplicates, ShowsTheGroupsOfEitherRule)
 {
-    struct Case
-    {
-        Command command;
-        S query;
-        S caption;
-        QList<qint64> songs;
+    const std::tuple<Command, S, S, S> cases[] = {
+        {&DuplicateCommands::mnuShowDuplicates_Click, u"qryDuplicateSongs"_s, u"All Songs With Duplicates"_s,
+         u"8 9 11"_s},
+        {&DuplicateCommands::mnuShowDuplicatesToDelete_Click, u"qryShowDuplicatesToBeDeleted"_s,
+         u"Duplicate Songs To Delete from Quaverly"_s, u"9 11"_s},
+        {&DuplicateCommands::mnuShowDuplicatesAlbum_Click, u"qryDuplicateSongsAlbum"_s,
+         u"All Songs With Duplicates in Albums"_s, u"8 10 11"_s},
+        {&DuplicateCommands::mnuShowDuplicatesToDeleteAlbum_Click, u"qryShowDuplicatesToBeDeletedAlbum"_s,
+         u"Duplicate Songs To Delete in Albums from Quaverly"_s, u"10 11"_s},
     };
-    const Case cases[] = {
-        {&DuplicateCommands::mnuShowDuplicates_Click,
-         u"qryDuplicateSongs"_s,
-         u"Showing All Songs With Duplicates"_s,
-         {first, second, fourth}},
-        {&DuplicateCommands::mnuShowDuplicatesToDelete_Click,
-         u"qryShowDuplicatesToBeDeleted"_s,
-         u"Showing Duplicate Songs To Delete from Quaverly"_s,
-         {second, fourth}},
-        {&DuplicateCommands::mnuShowDuplicatesAlbum_Click,
-         u"qryDuplicateSongsAlbum"_s,
-         u"Showing All Songs With Duplicates in Albums"_s,
-         {first, third, fourth}},
-        {&DuplicateCommands::mnuShowDuplicatesToDeleteAlbum_Click,
-         u"qryShowDuplicatesToBeDeletedAlbum"_s,
-         u"Showing Duplicate Songs To Delete in Albums from Quaverly"_s,
-         {third, fourth}},
-    };
-    for (const Case &c : cases) {
+    for (const auto &[command, query, caption, songs] : cases) {
         set.categoryChosen(jazz, u"Jazz"_s);
-        (commands.*c.command)();
-        EXPECT_EQ(data().RecordSource(), c.query);
-        EXPECT_EQ(shown(), c.songs) << c.query.toStdString();
-        EXPECT_EQ(screen.lblCategory(), c.caption);
+        (commands.*command)();
+        EXPECT_EQ(keys(), songs) << query.toStdString();
+        EXPECT_EQ(screen.lblCategory(), u"Showing "_s + caption);
         EXPECT_EQ(screen.cmbSort(), u"Artist"_s);
         EXPECT_FALSE(screen.isVisible(MainControl::lblFilterMsg));
         EXPECT_TRUE(enabled(false));
         screen.cmbSort_Click();
         set.hideSelected();
         set.removeMarks();
-        EXPECT_EQ(data().RecordSource(), c.query) << "nothing composes it anew";
+        EXPECT_EQ(data().RecordSource(), query) << "nothing composes it anew";
         screen.ShowAllMenu_Click();
         EXPECT_TRUE(enabled(true));
     }
@@ -105,49 +84,35 @@ TEST_F(Duplicates, ShowsTheGroupsOfEitherRule)
 
 TEST_F(Duplicates, DeletesWhatWasShownAndNoOther)
 {
-    const QStringList before = songs();
-    struct Case
-    {
-        Command command;
-        S question;
-        QList<qint64> gone;
-    };
-    const Case cases[] = {
+    const std::tuple<Command, S, S> cases[] = {
         {&DuplicateCommands::mnuDeleteDuplicates_Click,
-         u"then choose \r\n\"Show Duplicate Songs to Delete\" from the Edit menu.\r\n\r\nAre you SURE you "
-         u"want "
+         u"choose \r\n\"Show Duplicate Songs to Delete\" from the Edit menu.\r\n\r\nAre you SURE you want "
          "to delete these duplicates?"_s,
-         {second, fourth}},
+         u"9 11"_s},
         {&DuplicateCommands::mnuDeleteDuplicatesAlbum_Click,
-         u"from your computer.\r\n\r\nAre you SURE you want to delete duplicates?"_s,
-         {third}},
+         u"from your computer.\r\n\r\nAre you SURE you want to delete duplicates?"_s, u"10"_s},
     };
-    QStringList left = before;
-    for (const Case &c : cases) {
-        const S announced = u"This will DELETE all %1 duplicate songs "_s.arg(c.gone.size());
-        desktop.willAnswer(Answer::No, announced);
-        (commands.*c.command)();
-        EXPECT_TRUE(desktop.lastCall().text.endsWith(c.question));
+    QStringList left = songs();
+    for (const auto &[command, question, gone] : cases) {
+        const S count = S::number(gone.split(u' ').size());
+        desktop.willAnswer(Answer::No, u"This will DELETE all "_s + count + u" duplicate songs "_s);
+        (commands.*command)();
+        EXPECT_TRUE(desktop.lastCall().text.endsWith(question));
         EXPECT_EQ(desktop.lastCall().defaultAnswer, Answer::No);
-        EXPECT_EQ(shown(), c.gone) << "stays shown, as the question says";
+        EXPECT_EQ(keys(), gone) << "stays shown, as the question says";
         EXPECT_TRUE(enabled(true));
         backupWorks = false;
         desktop.willAnswer(Answer::Yes);
-        (commands.*c.command)();
+        (commands.*command)();
         EXPECT_EQ(songs(), left);
         backupWorks = true;
-        desktop.willAnswer(Answer::Yes)
-            .willSee(S::number(c.gone.size()) +
-                     u" Duplicates Deleted from the Quaverly database.  This does not "
-                     "delete the actual music file from your computer.  You can re-scan to "
-                     "put these duplicate songs back into Quaverly."_s);
-        (commands.*c.command)();
-        for (const qint64 song : c.gone)
-            left.removeAll(S::number(song));
+        desktop.willAnswer(Answer::Yes).willSee(count + u" Duplicates Deleted from the Quaverly database."_s);
+        (commands.*command)();
+        for (const S &song : gone.split(u' '))
+            left.removeAll(song);
         EXPECT_EQ(songs(), left);
-        EXPECT_EQ(rows(), left.size());
         desktop.willSee(u"No duplicate songs to delete."_s);
-        (commands.*c.command)();
+        (commands.*command)();
         EXPECT_EQ(rows(), left.size());
     }
     EXPECT_EQ(backups, 4);
@@ -160,39 +125,46 @@ TEST_F(Duplicates, DeletesWhatWasShownAndNoOther)
 TEST_F(Duplicates, StaysInTheViewWhenASongIsDeletedByHand)
 {
     ListCommands listCommands{set, screen, desktop};
-    const auto deleteSong = [&](qint64 song) {
+    const auto deleteIn = [&](Command view, qint64 song) {
+        set.showAll();
+        (commands.*view)();
         ASSERT_TRUE(data().findRecord(song));
         desktop.willAnswer(Answer::Yes, u"Are you sure you want to delete this record?"_s);
         listCommands.cmdDelete_Click([] {});
     };
-    const auto current = [this] { return data().Recordset().bookmark().key; };
-    commands.mnuShowDuplicates_Click();
-    deleteSong(first);
-    EXPECT_EQ(shown(), (QList<qint64>{second, fourth}));
-    EXPECT_EQ(current(), second);
-    set.showAll();
-    commands.mnuShowDuplicatesAlbum_Click();
-    deleteSong(fourth);
-    EXPECT_EQ(shown(), QList<qint64>()) << "the last of a pair is no duplicate";
-    EXPECT_TRUE(data().RecordSource() == u"qryDuplicateSongsAlbum"_s && !songs().contains(S::number(fourth)));
-    set.showAll();
-    fourth = add(u"Waterloo"_s, u"Abba"_s, u"4194304"_s, {});
-    const qint64 last = add(u"Waterloo"_s, u"Abba"_s, u"4194304"_s, {});
-    commands.mnuShowDuplicates_Click();
-    deleteSong(last);
-    EXPECT_EQ(current(), fourth);
+    deleteIn(&DuplicateCommands::mnuShowDuplicates_Click, 8);
+    EXPECT_EQ(keys(), u"9 11"_s);
+    EXPECT_EQ(data().Recordset().bookmark().key, 9);
+    deleteIn(&DuplicateCommands::mnuShowDuplicatesAlbum_Click, 11);
+    EXPECT_EQ(keys(), S()) << "the last of a pair is no duplicate";
+    EXPECT_TRUE(set.isDuplicateView() && !songs().contains(u"11"_s));
+    for (int i = 0; i < 2; ++i)
+        add(u"Waterloo"_s, u"Abba"_s, u"4194304"_s, {});
+    deleteIn(&DuplicateCommands::mnuShowDuplicates_Click, 16);
+    EXPECT_EQ(data().Recordset().bookmark().key, 15) << "the one before the last";
 }
 
-TEST_F(Duplicates, TellsWhatKeepsTheSongsFromGoing)
+TEST_F(Duplicates, CommandsTellWhatKeepsThemFromTheirWork)
 {
-    parts.beforeBulk = [this] { return QFile::rename(store.db().Name(), store.path(u"away.mdb"_s)); };
-    DuplicateCommands unlucky{parts};
+    const S file = store.db().Name();
+    duringBackup = [&] { ASSERT_TRUE(QFile::rename(file, file + u".gone"_s)); };
+    const auto expectTold = [&](const S &title, Icon icon) {
+        EXPECT_EQ(desktop.lastCall().title, title);
+        EXPECT_EQ(desktop.lastCall().icon, icon);
+        EXPECT_FALSE(desktop.isHourglassOn() || commands.isBusy() || many.isBusy());
+        ASSERT_TRUE(QFile::rename(file + u".gone"_s, file));
+        EXPECT_EQ(songs().size(), 14);
+    };
     desktop.willAnswer(Answer::Yes).willSee(u"It was moved or deleted while it was open."_s);
-    unlucky.mnuDeleteDuplicates_Click();
-    EXPECT_EQ(desktop.lastCall().title, u"Duplicate Record Delete Error"_s);
-    EXPECT_EQ(desktop.lastCall().icon, Icon::Stop);
-    EXPECT_EQ(songs().size(), 14);
-    EXPECT_FALSE(desktop.isHourglassOn() || unlucky.isBusy());
+    commands.mnuDeleteDuplicates_Click();
+    expectTold(u"Duplicate Record Delete Error"_s, Icon::Stop);
+    desktop.willAnswer(Answer::Yes).willAnswer(Answer::Yes).willSee(u"moved or deleted"_s);
+    many.mnuDeleteDisplayed_Click();
+    expectTold(u"Record Delete Error"_s, Icon::Stop);
+    desktop.atEvents(desktop.eventsRun() + 1, duringBackup);
+    desktop.willSee(u".  Error number:3024"_s);
+    many.mnuFindInvalidFilenames_Click();
+    expectTold(u"Error"_s, Icon::None);
 }
 
 } // namespace

@@ -2,10 +2,13 @@
 #pragma once
 
 #include "catalogue/Options.h"
-#include "maintenance/MaintenanceParts.h"
+#include "maintenance/MaintenanceCommands.h"
 #include "songlist/SongListFixture.h"
+#include "support/UserActs.h"
 
-#include <functional>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPointer>
 
 namespace quaverly::test {
 
@@ -15,20 +18,40 @@ class Maintenance : public SongList
 public:
     using SongList::data;
     using SongList::desktop;
-    using SongList::jazz;
     using SongList::list;
     using SongList::mark;
-    using SongList::queen;
-    using SongList::screen;
     using SongList::set;
     using SongList::store;
+
+    ~Maintenance() override { delete form.data(); }
 
     /** Keys of all songs. */
     QStringList songs()
     {
         return store.column(QStringLiteral("Select RecordID From tblContacts Order By RecordID"));
     }
+    /** Keys of the songs on the grid, from the top. */
+    QStringList shown()
+    {
+        QStringList keys;
+        for (qint64 row = 0; row < rows(); ++row)
+            keys.append(QString::number(data().Recordset().bookmarkAt(row).key));
+        return keys;
+    }
 
+    /** Opens one of the commands' screens, and acts on it. */
+    template <typename Form> void show()
+    {
+        delete form.data();
+        auto *shownForm = new Form(parts);
+        form = shownForm;
+        shownForm->showModally();
+    }
+    void press(const QString &button) { click(*form, button); }
+    QLineEdit *box(const QString &name) { return child<QLineEdit>(*form, name); }
+    bool isOpen() const { return form && form->isVisible(); }
+
+    QPointer<QDialog> form;
     Options options;
     int backups = 0;
     bool backupWorks = true;
@@ -39,6 +62,7 @@ public:
                                duringBackup();
                                return backupWorks;
                            }};
+    MaintenanceCommands many{parts, [] {}, [] {}};
 };
 
 } // namespace quaverly::test

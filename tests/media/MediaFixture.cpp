@@ -3,10 +3,7 @@
 
 #include "samples/SampleMaker.h"
 #include "samples/Silence.h"
-#include "support/QtPrinters.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QTest>
 
 #include <utility>
@@ -74,10 +71,8 @@ QString MediaTest::eventsUntil(const QString &last)
 
 QString MediaTest::file(const QString &name, const QByteArray &bytes)
 {
-    QFile file(path(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_EQ(file.write(bytes), bytes.size());
-    return file.fileName();
+    quaverly::test::writeFile(path(name), bytes);
+    return path(name);
 }
 
 QString MediaTest::song(const QString &name)

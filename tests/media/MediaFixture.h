@@ -2,11 +2,9 @@
 #pragma once
 
 #include "platform/media/Media.h"
+#include "support/Files.h"
 
-#include <QStringList>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>

@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/MediaFixture.h"
-#include "support/QtPrinters.h"
 
 #include "platform/media/ListFile.h"
 #include "platform/media/PlayOrder.h"
 
-#include <QElapsedTimer>
-#include <QFile>
 #include <QTcpServer>
 #include <QTest>
 
 #include <algorithm>
+#include <ctime>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -34,10 +32,6 @@ TEST_F(PlayListTest, MissingAndDamagedItemsArePassedOver)
               u"item b, 3, 8, 1"_s);
     EXPECT_EQ(player().currentPlaylist().count(), 4);
     EXPECT_EQ(m_sentences.size(), 2);
-}
-
-TEST_F(PlayListTest, MissingItemsAtBothEnds)
-{
     player().setURL(list({path(u"x.mp3"_s), song(u"a.mp3"_s), path(u"y.mp3"_s)}));
     EXPECT_EQ(eventsUntilStopped(), u"10, item x, 9, skip x, item a, 3, 8, 9, item y, skip y, 1"_s);
 }
@@ -53,14 +47,6 @@ TEST_F(PlayListTest, AListOfOnlyMissingItemsStopsEvenInALoop)
     }
     player().setURL(song(u"a.mp3"_s));
     EXPECT_EQ(eventsUntil(u"8"_s), u"10, item a, 9, 3, 8"_s);
-}
-
-TEST_F(PlayListTest, AfterTheEndItStartsWithTheFirst)
-{
-    player().setURL(three());
-    EXPECT_EQ(eventsUntilStopped(), u"10, item a, 9, 3, 8, 9, item b, 3, 8, 9, item c, 3, 8, 1"_s);
-    player().controls().play();
-    EXPECT_EQ(eventsUntil(u"3"_s), u"10, item a, 9, 3"_s);
 }
 
 TEST_F(PlayListTest, NextInTheEndedEventCountsFromTheItemToCome)
@@ -94,6 +80,8 @@ TEST_F(PlayListTest, LoopGoesRoundUntilItIsCleared)
     EXPECT_EQ(eventsUntil(u"item c"_s), u"3, 8, 9, item a, 3, 8, 9, item b, 3, 8, 9, item c"_s);
     player().settings().setMode(u"loop"_s, false);
     EXPECT_EQ(eventsUntilStopped(), u"3, 8, 1"_s);
+    player().controls().play();
+    EXPECT_EQ(eventsUntil(u"3"_s), u"10, item a, 9, 3"_s) << "behind the end it starts with the first";
 }
 
 TEST_F(PlayListTest, ShufflePlaysEachItemOnce)
@@ -137,9 +125,7 @@ TEST_F(PlayListTest, ItemsPlayWithoutAGap)
         player().controls().play();
         eventsUntilStopped();
         dropPlayer();
-        QFile sound(path(name));
-        EXPECT_TRUE(sound.open(QIODevice::ReadOnly));
-        const QByteArray bytes = sound.readAll();
+        const QByteArray bytes = quaverly::test::bytesOf(path(name));
         return bytes.size() - bytes.indexOf("data") - 8;
     };
     const qsizetype first = heard(u"first.wav"_s, song(u"a.flac"_s));
@@ -173,12 +159,7 @@ TEST_F(PlayListTest, NothingIsFetchedForAFileThatRefersElsewhere)
 TEST_F(PlayListTest, LinesOfAList)
 {
     const QByteArray folder = path(QString()).toUtf8();
-    const struct
-    {
-        const char *what;
-        QByteArray bytes;
-        QStringList names;
-    } cases[] = {
+    const std::tuple<const char *, QByteArray, QStringList> cases[] = {
         {"CR LF", "/a.mp3\r\n/b.mp3\r\n", {u"/a.mp3"_s, u"/b.mp3"_s}},
         {"LF and no end", "/a.mp3\n/b.mp3", {u"/a.mp3"_s, u"/b.mp3"_s}},
         {"comments and blanks", "#EXTM3U\n#EXTINF:1,x\n/a.mp3\n\n \t\n", {u"/a.mp3"_s}},
@@ -193,8 +174,8 @@ TEST_F(PlayListTest, LinesOfAList)
         {"binary", QByteArray("/\0\1\2\n/a.mp3\n", 12), {u"/a.mp3"_s}},
         {"empty", "", {}},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(readListFile(file(u"case.m3u"_s, c.bytes)), c.names) << c.what;
+    for (const auto &[what, bytes, names] : cases)
+        EXPECT_EQ(readListFile(file(u"case.m3u"_s, bytes)), names) << what;
     EXPECT_THROW((void)readListFile(u"/dev/zero"_s), std::runtime_error);
 }
 
@@ -205,14 +186,13 @@ TEST_F(PlayListTest, AHundredThousandEntriesAreReadAtOnce)
         bytes +=
             "/home/somebody/Music/An Artist/An Album of Theirs/" + QByteArray::number(i) + " Song.mp3\r\n";
     const QString huge = file(u"huge.m3u"_s, bytes);
-    QElapsedTimer clock;
-    clock.start();
+    const std::clock_t before = std::clock();
     player().setURL(huge);
     EXPECT_EQ(player().currentPlaylist().count(), 100'000);
     player().settings().setMode(u"shuffle"_s, true);
     for (int i = 0; i < 1000; ++i)
         player().controls().next();
-    EXPECT_LT(clock.elapsed(), 1000);
+    EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC);
 }
 
 // --- the order alone

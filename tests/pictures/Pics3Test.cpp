@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "pictures/PictureBox.h"
 #include "pictures/PicturesFixture.h"
 
-#include <QFile>
 #include <QScreen>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -38,9 +35,8 @@ TEST_F(Pics3Test, FollowsTheCurrentRow)
     m_commands.cmdPictures_Click();
     EXPECT_EQ(m_commands.pics3(), nullptr);
 
-    for (const auto &[name, color] :
-         {std::pair{u"red.jpg"_s, QColor(Qt::red)}, {u"blue.jpg"_s, QColor(Qt::blue)}})
-        writePicture(name, color);
+    writePicture(u"red.jpg"_s, Qt::red);
+    writePicture(u"blue.jpg"_s, Qt::blue);
     writeFile(pictures(u"text.jpg"_s), "no picture");
     song(u"First"_s, {u"red.jpg"_s, u"gone.jpg"_s, u"blue.jpg"_s, u"red.jpg"_s});
     song(u"Second"_s, {u"text.jpg"_s, u"blue.jpg"_s, u"../red.jpg"_s});
@@ -101,7 +97,9 @@ TEST_F(Pics3Test, EnlargesOneOnADoubleClick)
     EXPECT_EQ(screen().pos(), corner) << "where they were";
     key(&screen(), Qt::Key_Escape);
     EXPECT_FALSE(screen().isVisible());
+    m_nameEdit.showMaximized();
     m_commands.cmdPictures_Click();
+    EXPECT_TRUE(room.contains(screen().frameGeometry())) << "in the corner, with its frame";
     m_commands.unloadPics3();
     EXPECT_EQ(m_commands.pics3(), nullptr);
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QColor>
 #include <QImage>
-#include <QString>
 
 namespace quaverly::test {
 
@@ -17,14 +17,14 @@ namespace quaverly::test {
 [[nodiscard]] QByteArray fileOf(const QImage &image, const char *format);
 /** A JPEG file with that orientation in its EXIF data. */
 [[nodiscard]] QByteArray orientedJpeg(const QImage &image, char orientation);
-/** The head of a PNG file of that size, and hardly more. */
-[[nodiscard]] QByteArray pngBomb(quint32 width, quint32 height);
+/** The head of a bitmap of that size, and hardly more. */
+[[nodiscard]] QByteArray bomb(quint32 width, quint32 height);
 /** 16 by 12 pixels in four inks. */
 [[nodiscard]] QByteArray inkJpeg();
 /** Red, then blue; 3 by 2 pixels. */
 [[nodiscard]] QByteArray animatedGif();
 
-void writeFile(const QString &path, const QByteArray &bytes);
-[[nodiscard]] QByteArray readFile(const QString &path);
+/** As JPEG gives a colour back. */
+[[nodiscard]] bool isNear(const QColor &a, const QColor &b);
 
 } // namespace quaverly::test

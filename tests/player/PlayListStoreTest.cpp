@@ -3,11 +3,8 @@
 
 #include "player/AddToPlayList.h"
 #include "songlist/PlayerState.h"
-#include "support/QtPrinters.h"
 #include "support/ScriptedDesktop.h"
 #include "support/store/StoreFixture.h"
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
@@ -131,56 +128,27 @@ TEST_F(PlayLists, RefuseWhatCannotBePlayed)
     using From = AddToPlayList::From;
     catalogue.addSong(Song(u"No file"_s).with(u"PathName"_s, u"/music/"_s));
     catalogue.addSong(Song(u"No path"_s).with(u"FileName"_s, u"x.mp3"_s));
-    state.CurrentPlayListName = u"Another"_s;
-    const auto refused = [this](From from, const QString &name, const QString &text, const QString &title,
-                                Icon icon) {
-        desktop.willSee(text);
+    store.addTrack(store.addList(u"Full"_s, {}), 32000, {});
+    const std::tuple<QString, From, QString, QString> cases[] = {
+        {u"Another"_s, From::NameList, u"No file"_s,
+         u"No File Name exists for this record, so not added to Play List."_s},
+        {u"Another"_s, From::NameEdit, u"No file"_s,
+         u"No saved File Name exists for this record, so not added to Play List."_s},
+        {u"Another"_s, From::NameList, u"No path"_s,
+         u"No Path Name (folder) exists for this record, so not added to Play List."_s},
+        {u"Another"_s, From::NameEdit, u"No path"_s,
+         u"No saved Path Name (folder) exists for this record, so not added to Play List."_s},
+        {u"Full"_s, From::NameList, u"Say*"_s,
+         u"The current Play List has reached maximum size of 32,000 songs.  Song not added to Play List."_s},
+        {u"Renamed"_s, From::NameList, u"Say*"_s, u"\"Renamed\" Play list name not found."_s},
+    };
+    for (const auto &[list, from, name, text] : cases) {
+        state.CurrentPlayListName = list;
+        desktop.willSee();
         EXPECT_EQ(add.AddSongToCurrentList(from, *songRow(u"SongName Like \"%1\""_s.arg(name))),
                   SongAdded::No);
         EXPECT_EQ(desktop.lastCall().text, text);
-        EXPECT_EQ(desktop.lastCall().title, title);
-        EXPECT_EQ(desktop.lastCall().icon, icon);
-    };
-    const QString title = u"NOT added to Play List"_s;
-    refused(From::NameList, u"No file"_s,
-            u"No File Name exists for this record, so not added to Play List."_s, title, Icon::Exclamation);
-    refused(From::NameEdit, u"No file"_s,
-            u"No saved File Name exists for this record, so not added to Play List."_s, title,
-            Icon::Exclamation);
-    refused(From::NameList, u"No path"_s,
-            u"No Path Name (folder) exists for this record, so not added to Play List."_s, title,
-            Icon::Exclamation);
-    refused(From::NameEdit, u"No path"_s,
-            u"No saved Path Name (folder) exists for this record, so not added to Play List."_s, title,
-            Icon::Exclamation);
-    number(empty, {32000});
-    empty = store.addList(u"Full"_s, {});
-    store.addTrack(empty, 32000, {});
-    state.CurrentPlayListName = u"Full"_s;
-    refused(
-        From::NameList, u"Say*"_s,
-        u"The current Play List has reached maximum size of 32,000 songs.  Song not added to Play List."_s,
-        u"Not added"_s, Icon::None);
-    state.CurrentPlayListName = u"Renamed"_s;
-    refused(From::NameList, u"Say*"_s, u"\"Renamed\" Play list name not found."_s,
-            u"Sub mnuPopupAddToPlaylist_Click"_s, Icon::Stop);
-}
-
-TEST_F(PlayLists, AskForAListFirst)
-{
-    const auto row = songRow();
-    desktop.willSee(u"You must select a Play List from the drop down list first."_s);
-    EXPECT_EQ(add.addFromEditor(*row), SongAdded::ChooseList);
-    EXPECT_EQ(desktop.lastCall().title, u"No Play List selected"_s);
-    desktop.willSee(u"You must select"_s);
-    EXPECT_EQ(add.addFromPlayer({}, u"a"_s, u"/a"_s), SongAdded::ChooseList);
-    store.deleteList(party);
-    store.deleteList(empty);
-    desktop.willSee(
-        u"There are no Play Lists.  You must create one first by clicking the PlayLists button on "
-        "the main toolbar."_s);
-    EXPECT_EQ(add.addFromPlayer(u"Party"_s, u"a"_s, u"/a"_s), SongAdded::No);
-    EXPECT_EQ(desktop.lastCall().title, u"No Play Lists Exist"_s);
+    }
 }
 
 TEST_F(PlayLists, TakeAndLoseSongsOfThePlayer)
@@ -209,23 +177,6 @@ TEST_F(PlayLists, TakeAndLoseSongsOfThePlayer)
     desktop.willSee(
         u"The Play List has reached maximum size of 32,000 songs.  Song not added to Play List."_s);
     EXPECT_EQ(add.addFromPlayer(u"Full"_s, u"a"_s, u"/a"_s), SongAdded::No);
-}
-
-TEST_F(PlayLists, HoldThirtyTwoThousandSongs)
-{
-    QList<Track> tracksOfList;
-    for (int i = 0; i < MostTracks; ++i)
-        tracksOfList.append({.SongTitle = u"Song %1"_s.arg(i), .FileName = u"/music/%1.mp3"_s.arg(i)});
-    store.addTracks(empty, 1, tracksOfList);
-    store.deleteTrack(empty, 2);
-    store.RenumberTracks(empty);
-    catalogue.reopen();
-    EXPECT_EQ(store.highestTrack(empty), MostTracks - 1);
-    EXPECT_EQ(catalogue
-                  .valueOf(u"select SongTitle from tblPlayListDetail Where ListID=%1 and ListTrackID=2"_s.arg(
-                      empty))
-                  .toString(),
-              u"Song 2"_s);
 }
 
 } // namespace

@@ -2,10 +2,8 @@
 #include "player/PlayerFixture.h"
 
 #include "player/TemporaryList.h"
+#include "support/Files.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QListView>
 #include <QTest>
 
@@ -98,10 +96,7 @@ void PlayerTest::playForReal()
 
 void PlayerTest::write(const QString &name, const QByteArray &bytes) const
 {
-    QDir().mkpath(QFileInfo(music(name)).path());
-    QFile file(music(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
-    ASSERT_EQ(file.write(bytes), bytes.size());
+    writeFile(music(name), bytes);
 }
 
 qint64 PlayerTest::catalogued(const QString &name, const QString &artist, const QString &fileName)
@@ -121,19 +116,10 @@ void PlayerTest::display(const QString &sql)
     m_data.Refresh();
 }
 
-QStringList PlayerTest::rows()
+QStringList PlayerTest::texts(const QString &list)
 {
     QStringList texts;
-    const auto *model = control<QListView>(u"lbSongs"_s).model();
-    for (int row = 0; row < model->rowCount(); ++row)
-        texts += model->index(row, 0).data().toString();
-    return texts;
-}
-
-QStringList PlayerTest::urls()
-{
-    QStringList texts;
-    const auto *model = control<QListView>(u"lbSongURL"_s).model();
+    const auto *model = control<QListView>(list).model();
     for (int row = 0; row < model->rowCount(); ++row)
         texts += model->index(row, 0).data().toString();
     return texts;
@@ -153,8 +139,8 @@ bool PlayerTest::isShown(const QString &name)
 
 QByteArray PlayerTest::listFile() const
 {
-    QFile file(temporaryList(m_store.folder()));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const QString file = temporaryList(m_store.folder());
+    return QFile::exists(file) ? bytesOf(file) : QByteArray();
 }
 
 QString PlayerTest::playing()

@@ -10,11 +10,8 @@
 #include "player/PlayForms.h"
 #include "songlist/DataControl.h"
 #include "songlist/PlayerState.h"
-#include "support/QtPrinters.h"
 #include "support/ScriptedDesktop.h"
 #include "support/store/StoreFixture.h"
-
-#include <gtest/gtest.h>
 
 namespace quaverly::test {
 
@@ -72,8 +69,8 @@ protected:
     [[nodiscard]] PlayForm *form() const { return m_forms.form(); }
     template <typename T> T &control(const QString &name) { return *form()->findChild<T *>(name); }
     /** Rows of lbSongs, and the one selected there. */
-    [[nodiscard]] QStringList rows();
-    [[nodiscard]] QStringList urls();
+    [[nodiscard]] QStringList rows() { return texts(QStringLiteral("lbSongs")); }
+    [[nodiscard]] QStringList urls() { return texts(QStringLiteral("lbSongURL")); }
     [[nodiscard]] int ListIndex();
     [[nodiscard]] QString caption() { return form()->windowTitle(); }
     [[nodiscard]] bool isShown(const QString &control);
@@ -110,6 +107,7 @@ protected:
     PlayCommands m_commands;
 
 private:
+    QStringList texts(const QString &list);
     std::unique_ptr<media::MediaPlayer> makeMediaPlayer();
 };
 

@@ -1,14 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/PlayerRules.h"
 
-#include "platform/options/OptionsStore.h"
 #include "player/NextSong.h"
-#include "player/WebSearch.h"
 #include "support/QtPrinters.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
@@ -164,29 +158,6 @@ TEST(TheRandomRow, HitsTheEndsHalfAsOften)
                                                         {0.999999, 5, 4}, {0, 1, 0},     {0.999, 1, 0}};
     for (const auto &[random, rows, row] : cases)
         EXPECT_EQ(randomRow(random, rows), row) << random;
-}
-
-TEST(TheLyricsSearch, EscapesWhatWouldEndIt)
-{
-    const QTemporaryDir folder;
-    OptionsStore store(folder.filePath(u"options.ini"_s));
-    const std::pair<QString, QString> cases[] = {
-        {u" Sun & Moon <> The Tide "_s, u"song+lyrics+for+Sun+%26+Moon+The+Tide"_s},
-        {u"Hello"_s, u"song+lyrics+for+Hello"_s},
-        {u"50% of #1?"_s, u"song+lyrics+for+50%25+of+#1?"_s},
-        {u"夜に駆ける"_s, u"song+lyrics+for+夜に駆ける"_s},
-    };
-    for (const auto &[row, words] : cases) {
-        const QUrl url = lyricsAddress(store, row);
-        EXPECT_TRUE(url.isValid()) << row.toStdString();
-        EXPECT_EQ(url.path(), u"/search"_s);
-        EXPECT_EQ(url.query(), u"newwindow=1&q="_s + words);
-        EXPECT_FALSE(url.hasFragment());
-    }
-    store.SaveSetting(QString::fromUtf16(OptionsSection), QString::fromUtf16(keys::SearchSite),
-                      u"https://find.example/"_s);
-    EXPECT_EQ(lyricsAddress(store, u"a b"_s).toString(),
-              u"https://find.example/search?newwindow=1&q=song+lyrics+for+a+b"_s);
 }
 
 } // namespace

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/WebLookup.h"
 #include "platform/options/OptionsStore.h"
-#include "support/QtPrinters.h"
 #include "support/ScriptedDesktop.h"
 
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -26,11 +23,17 @@ TEST(WebLookup, SendsTheSongsNames)
     lookup.mnuWebLookupImages_Click({u"Abba"_s, u"Tiger"_s, u"The Album"_s});
     lookup.mnuWebLookupCoverVersions_Click(song);
     lookup.cmdWebLookup_Click({{}, u"Tiger"_s, {}});
+    lookup.cmdWebLookup_Click({u"夜に駆ける"_s, u"50% of #1?"_s, {}});
     const QString images = u"newwindow=1&site=imghp&tbm=isch&source=hp&q=album+art+"_s;
-    const QStringList queries{
-        u"newwindow=1&q=Sun+%26+Moon+The+Tide"_s, u"newwindow=1&q=song+lyrics+for+The+Tide+Sun+%26+Moon"_s,
-        images + u"Sun+%26+Moon+The+Tide"_s,      images + u"Abba+The+Album"_s,
-        u"newwindow=1&q=cover+song+The+Tide"_s,   u"newwindow=1&q=+Tiger"_s};
+    const QStringList queries{u"newwindow=1&q=Sun+%26+Moon+The+Tide"_s,
+                              u"newwindow=1&q=song+lyrics+for+The+Tide+Sun+%26+Moon"_s,
+                              images + u"Sun+%26+Moon+The+Tide"_s,
+                              images + u"Abba+The+Album"_s,
+                              u"newwindow=1&q=cover+song+The+Tide"_s,
+                              u"newwindow=1&q=+Tiger"_s,
+                              u"newwindow=1&q="_s +
+                                  QString::fromLatin1(QUrl::toPercentEncoding(u"夜に駆ける"_s)) +
+                                  u"+50%25+of+#1?"_s};
     ASSERT_EQ(desktop.urls().size(), queries.size());
     for (qsizetype i = 0; i < queries.size(); ++i)
         EXPECT_EQ(desktop.urls().at(i).toString(QUrl::FullyEncoded),

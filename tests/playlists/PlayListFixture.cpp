@@ -1,42 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlists/PlayListFixture.h"
 
-#include "playlists/TrackListView.h"
-
-#include <QApplication>
-#include <QComboBox>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace quaverly::test {
 
 PlayListTest::PlayListTest()
-    : m_screens(
-          {m_desktop,
-           m_player,
-           m_state,
-           m_options,
-           m_optionsStore,
-           m_store.catalogue(),
-           m_displayed,
-           m_musicFolder,
-           m_playListFolder,
-           [] {
-               return media::MediaFactory(
-                          {.audioOutput = u"null"_s, .outputFile = {}, .untimed = true, .moduleFolder = {}})
-                   .makeMediaPlayer();
-           },
-           {},
-           [this](const QString &kind, const PlayListName &list) {
-               m_reports += kind + u' ' + list.ListName;
-           },
-           {}},
-          [this] { return &m_owner; })
+    : m_screens({m_desktop,
+                 m_player,
+                 m_state,
+                 m_options,
+                 m_optionsStore,
+                 m_store.catalogue(),
+                 m_displayed,
+                 m_musicFolder,
+                 m_playListFolder,
+                 [this] { return makeMediaPlayer(); },
+                 {},
+                 [this](const QString &kind, const PlayListName &list) {
+                     m_reports += kind + u' ' + list.ListName;
+                 },
+                 {}},
+                [this] { return &m_owner; })
 {
     m_displayed.setScreen(&m_mainScreen);
     for (const QString &name : {u"Say \"Hi\""_s, u"Take <> Five"_s, u"SOS"_s, u"Untitled"_s})
@@ -46,6 +36,18 @@ PlayListTest::PlayListTest()
     m_empty = addList(u"Empty"_s, 0);
     m_party = addList(u"Party"_s, 5);
     m_owner.show();
+}
+
+std::unique_ptr<media::MediaPlayer> PlayListTest::makeMediaPlayer()
+{
+    const media::MediaOptions silent{
+        .audioOutput = u"null"_s, .outputFile = {}, .untimed = true, .moduleFolder = {}};
+    auto player = media::MediaFactory(silent).makeMediaPlayer();
+    QObject::connect(player.get(), &media::MediaPlayer::PlayStateChange, player.get(), [this](int state) {
+        if (state == media::Playing)
+            m_heard += playWindow()->windowTitle();
+    });
+    return player;
 }
 
 PlayListTest::~PlayListTest()

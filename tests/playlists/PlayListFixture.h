@@ -7,19 +7,15 @@
 #include "player/Player.h"
 #include "playlists/PlayListScreens.h"
 #include "playlists/TrackListView.h"
-#include "songlist/DisplayedSet.h"
+#include "playlists/frmPlay.h"
 #include "songlist/PlayerState.h"
-#include "support/QtPrinters.h"
 #include "support/ScriptedDesktop.h"
 #include "support/UserActs.h"
 #include "support/store/FakeMainScreen.h"
 #include "support/store/StoreFixture.h"
 
-#include <QLabel>
 #include <QListView>
 #include <QWidget>
-
-#include <gtest/gtest.h>
 
 namespace quaverly::test {
 
@@ -67,6 +63,9 @@ protected:
     /** Runs @p act in the screen that is over the play lists. */
     void inScreen(const std::function<void(QWidget &)> &act);
 
+    /** The window that plays one song at a time, while it is open. */
+    [[nodiscard]] frmPlay *playWindow() const { return screen().findChild<frmPlay *>(); }
+
     /** The rows of lbDetail, the blank one included. */
     [[nodiscard]] QStringList rows() const;
     /** Titles of a list in the store, in playing order. */
@@ -85,10 +84,15 @@ protected:
     QString m_musicFolder;
     QString m_playListFolder;
     QStringList m_reports;
+    /** Titles of that window, at each song that played. */
+    QStringList m_heard;
     QWidget m_owner;
     PlayListScreens m_screens;
     qint64 m_empty = 0;
     qint64 m_party = 0;
+
+private:
+    std::unique_ptr<media::MediaPlayer> makeMediaPlayer();
 };
 
 } // namespace quaverly::test

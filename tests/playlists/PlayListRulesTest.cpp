@@ -5,8 +5,6 @@
 
 #include <QStringList>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 using namespace quaverly;
 
@@ -42,18 +40,6 @@ TEST(PlayListRules, FollowWhatHappened)
          All & ~(Five | mnuEditDelete | mnuEditPlayList | cmdOK | mnuFilePopulate),
          lblSongTitle,
          u"There are no play lists.  You must create a new one before you can add songs to it."_s},
-        {"lists",
-         {.event = HeadersLoaded, .hasLists = true},
-         mnuEditAddSong,
-         mnuEditAddSong | cmdOK,
-         None,
-         kept},
-        {"load without lists",
-         {.event = ScreenLoaded, .displaysSongs = true},
-         All,
-         All & ~(Seven | ofList | mnuAddAllSongs | cmdOK),
-         lblSongTitle | lblInstructions,
-         u"There are no play lists.  Click the Add New Play List button."_s},
         {"load, none remembered",
          {.event = ScreenLoaded, .hasLists = true, .displaysSongs = true},
          All,
@@ -77,14 +63,6 @@ TEST(PlayListRules, FollowWhatHappened)
          Seven | mnuEditDelete | mnuEditPlayList | mnuFilePopulate,
          lblInstructions,
          {}},
-        {"load, empty list",
-         {.event = ScreenLoaded, .hasLists = true, .isListChosen = true, .displaysSongs = true},
-         All,
-         All & ~(Seven | cmdOK),
-         lblInstructions,
-         {}},
-        {"no tracks", {.event = TracksLoaded}, All, All & ~Five, None, kept},
-        {"tracks", {.event = TracksLoaded, .hasTracks = true}, cmdOK, cmdOK | Five, None, kept},
         {"a list, a song waits",
          {.event = ListChosen, .isFirstRowEmpty = false, .displaysSongs = true, .songWaits = true},
          Five,
@@ -103,20 +81,12 @@ TEST(PlayListRules, FollowWhatHappened)
          All & ~Seven,
          lblInstructions,
          press},
-        {"a song is clicked", {.event = SongChosen}, None, mnuEditEditSong, None, kept},
         {"a song was added",
          {.event = SongAdded},
          cmdOK,
          cmdOK | Five | mnuEditDeleteSong | mnuFilePopulate,
          cmdOK,
          u"Song was added to Play List."_s},
-        {"all were added",
-         {.event = AllSongsAdded, .songsAdded = 12},
-         Five,
-         Five,
-         None,
-         u"12 songs were added to Play List."_s},
-        {"a song of several is deleted", {.event = SongDeleted, .hasTracks = true}, All, All, None, kept},
         {"the last song is deleted",
          {.event = SongDeleted},
          All,
@@ -135,23 +105,18 @@ TEST(PlayListRules, FollowWhatHappened)
 
 TEST(PlayListRules, MoveARowAboveTheOneItIsDroppedOn)
 {
-    struct Case
-    {
-        int selected, target;
-        QString order;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, QString> cases[] = {
         {0, 2, u"BACD "_s}, {0, 4, u"BCDA "_s},  {3, 0, u"DABC "_s},  {2, 1, u"ACBD "_s}, {1, 2, u"ABCD "_s},
         {1, 1, u"ABCD "_s}, {-1, 2, u"ABCD "_s}, {1, -1, u"ABCD "_s}, {1, 5, u"ABCD "_s}, {4, 0, u"ABCD "_s},
     };
-    for (const Case &each : cases) {
+    for (const auto &[selected, target, expected] : cases) {
         TrackRows rows;
         rows.load({{u"A"_s, {}, 1}, {u"B"_s, {}, 2}, {u"C"_s, {}, 3}, {u"D"_s, {}, 4}});
-        rows.MoveListBoxItem(each.selected, each.target);
+        rows.MoveListBoxItem(selected, target);
         QString order;
         for (int row = 0; row < rows.ListCount(); ++row)
             order += rows.text(row).isEmpty() ? u" "_s : rows.text(row);
-        EXPECT_EQ(order, each.order) << each.selected << " to " << each.target;
+        EXPECT_EQ(order, expected) << selected << " to " << target;
         EXPECT_EQ(rows.ItemData(0), order.at(0).unicode() - u'A' + 1);
     }
 }
@@ -164,13 +129,10 @@ TEST(PlayListRules, DragUnlessTheProgramStandsWithItsSources)
 
 TEST(PlayListRules, CountWhatIsDisplayed)
 {
-    const std::pair<QString, QString> cases[] = {
-        {u"Select DISTINCTROW * from  tblContacts Where a=1 order By b"_s,
-         u"Select Count(*) as RowCount from  tblContacts Where a=1 "_s},
-        {u"qryDuplicateSongs"_s, u"Select Count(*) as RowCount From qryDuplicateSongs"_s},
-    };
-    for (const auto &[source, expected] : cases)
-        EXPECT_EQ(countStatement(source), expected);
+    EXPECT_EQ(countStatement(u"Select DISTINCTROW * from  tblContacts Where a=1 order By b"_s),
+              u"Select Count(*) as RowCount from  tblContacts Where a=1 "_s);
+    EXPECT_EQ(countStatement(u"qryDuplicateSongs"_s),
+              u"Select Count(*) as RowCount From qryDuplicateSongs"_s);
 }
 
 } // namespace

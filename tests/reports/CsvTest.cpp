@@ -46,8 +46,6 @@ TEST_F(Csv, WritesTheDisplayedSongsInTheirOrder)
     EXPECT_EQ(current(), u"Dancing Queen"_s);
     EXPECT_EQ(desktop.lastCall().text, u"The exported records are located in file "_s + path);
     EXPECT_EQ(desktop.lastCall().title, u"Export completed"_s);
-    EXPECT_EQ(desktop.calls()[1].filter, u"All Files (*.*)|*.*|csv Files & (*.csv)|*.csv"_s);
-    EXPECT_EQ(desktop.calls()[1].offered, u"SongOut.csv"_s);
     EXPECT_TRUE(exported(&CsvCommands::ExportWithNotes_Click).startsWith(head + ",\"Notes\"\r\n"));
 }
 
@@ -87,10 +85,10 @@ TEST_F(Csv, WhatCantBeWrittenIsTold)
     desktop.willAnswer(Answer::Yes).willSave(path).willSee(u"Record is deleted."_s);
     m_commands.Export_Click();
     EXPECT_TRUE(desktop.lastCall().text.contains(u"isn't whole"_s));
-    desktop.willAnswer(Answer::Yes)
-        .willSave(store.catalogue().DatabaseFile)
-        .willSee(u"the catalogue itself"_s);
-    m_commands.Export_Click();
+    for (const QString &own : {store.catalogue().DatabaseFile, store.catalogue().DatabaseFile + u"-wal"_s}) {
+        desktop.willAnswer(Answer::Yes).willSave(own).willSee(u"the catalogue itself"_s);
+        m_commands.Export_Click();
+    }
     store.reopen();
     EXPECT_EQ(store.column(u"Select RecordID from tblContacts"_s).size(), 56);
     desktop.willAnswer(Answer::Yes).willSave(store.folder()).willSee(store.folder());

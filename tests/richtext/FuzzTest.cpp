@@ -29,25 +29,10 @@ QByteArrayList seeds()
 /** Words, braces and bytes in, out and doubled; pieces of one file in another, and ends that come early. */
 QByteArray mutated(QByteArray text, const QByteArray &other, QRandomGenerator &random)
 {
-    static const QByteArrayList pieces = {"{",
-                                          "}",
-                                          "\\par ",
-                                          "\\u-3913?",
-                                          "\\bin9 ",
-                                          "\\'8f",
-                                          "{\\*\\x ",
-                                          "\\uc3 ",
-                                          "\\f1 ",
-                                          "{\\pict\\pngblip 8950}",
-                                          "\\v ",
-                                          "\\cell",
-                                          "\\page ",
-                                          "\xE9",
-                                          "\\pard\\pagebb ",
-                                          "\\fs99999999999 ",
-                                          "\\cf7\\li-99 ",
-                                          "\\line ",
-                                          "\\"};
+    static const QByteArrayList pieces =
+        QByteArray("{|}|\\par |\\u-3913?|\\bin9 |\\'8f|{\\*\\x |\\uc3 |\\f1 |{\\pict\\pngblip 8950}|\\v |"
+                   "\\cell|\\page |\xE9|\\pard\\pagebb |\\fs99999999999 |\\cf7\\li-99 |\\line |\\")
+            .split('|');
     const auto below = [&](qsizetype limit) {
         return random.bounded(static_cast<int>(std::max<qsizetype>(limit, 1)));
     };

@@ -1,23 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/shell/FileMove.h"
 #include "platform/shell/FileSteps.h"
-#include "platform/store/DaoError.h"
+#include "support/Errors.h"
+#include "support/Files.h"
 #include "support/Limits.h"
-#include "support/QtPrinters.h"
 
-#include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace quaverly::test;
 
 namespace {
 
@@ -43,25 +37,10 @@ protected:
         ASSERT_TRUE(out.setFileTime(QDateTime::fromMSecsSinceEpoch(1'000'000'123'456),
                                     QFileDevice::FileModificationTime));
     }
-    static QByteArray read(const QString &file)
-    {
-        QFile in(file);
-        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray("(none)");
-    }
     [[nodiscard]] QStringList names(const QString &folder = {}) const
     {
         return QDir(path(folder))
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
-    }
-    static int errorOf(const std::function<void()> &act)
-    {
-        try {
-            act();
-        } catch (const dao::DaoError &error) {
-            EXPECT_FALSE(error.description.isEmpty());
-            return error.number;
-        }
-        return 0;
     }
     static int moveError(const QString &from, const QString &to)
     {
@@ -78,7 +57,7 @@ protected:
     }
     static void expectTheSong(const QString &file, const QByteArray &content = "the song")
     {
-        EXPECT_EQ(read(file), content) << qPrintable(file);
+        EXPECT_EQ(bytesOf(file), content) << qPrintable(file);
         EXPECT_EQ(QFileInfo(file).lastModified().toMSecsSinceEpoch(), 1'000'000'123'456);
         EXPECT_EQ(QFile::permissions(file) & QFile::Permissions(0x7077), Rights) << qPrintable(file);
     }
@@ -139,7 +118,7 @@ TEST_F(MusicFiles, StayWhenTheyCannotBeMovedOrCopied)
         EXPECT_EQ(moveError(path(from), path(to)), number);
         EXPECT_EQ(copyError(path(from), path(to)), number);
         EXPECT_EQ(names(), before);
-        EXPECT_EQ(read(path(u"to/a.mp3"_s)), "another");
+        EXPECT_EQ(bytesOf(path(u"to/a.mp3"_s)), "another");
         expectTheSong(path(u"a.mp3"_s));
     }
     EXPECT_EQ(moveError(path(u"a.mp3"_s), path(u"A.mp3"_s)), 58);
@@ -152,7 +131,7 @@ TEST_F(MusicFiles, StayWhenTheyCannotBeMovedOrCopied)
 TEST_F(MusicFiles, StayWithoutRights)
 {
     write(path(u"to/deep/b.mp3"_s), "locked in");
-    const quaverly::test::OrdinaryUser user({path(u"a.mp3"_s), m_folder.path(), path(u"to"_s)});
+    const OrdinaryUser user({path(u"a.mp3"_s), m_folder.path(), path(u"to"_s)});
     EXPECT_EQ(moveError(path(u"a.mp3"_s), path(u"to/deep/a.mp3"_s)), 70);
     EXPECT_EQ(copyError(path(u"a.mp3"_s), path(u"to/deep/a.mp3"_s)), 70);
     EXPECT_EQ(moveError(path(u"to/deep/b.mp3"_s), path(u"b.mp3"_s)), 70);
@@ -176,12 +155,12 @@ TEST_F(MusicFiles, MoveByCopyingWhole)
     EXPECT_EQ(byCopyError(path(u"a.mp3"_s), path(u"to/a.mp3"_s)), 58);
     EXPECT_EQ(byCopyError(path(u"a.mp3"_s), path(u"nowhere/a.mp3"_s)), 76);
     {
-        const quaverly::test::FullDisk disk(600'000);
+        const FullDisk disk(600'000);
         EXPECT_EQ(byCopyError(path(u"a.mp3"_s), path(u"to/b.mp3"_s)), 61);
         EXPECT_EQ(copyError(path(u"a.mp3"_s), path(u"to/a.mp3"_s), {true, {}}), 61);
     }
     EXPECT_EQ(QFileInfo(path(u"a.mp3"_s)).size(), 1'300'000);
-    EXPECT_EQ(read(path(u"to/a.mp3"_s)), "another");
+    EXPECT_EQ(bytesOf(path(u"to/a.mp3"_s)), "another");
     EXPECT_EQ(names(u"to"_s), (QStringList{u"a.mp3"_s, u"deep"_s}));
 }
 
@@ -192,14 +171,14 @@ TEST_F(MusicFiles, LinksStayLinksToTheSameFile)
     for (const QString &link : {u"relative.mp3"_s, u"absolute.mp3"_s}) {
         ASSERT_EQ(moveError(path(link), path(u"to/deep/"_s + link)), 0);
         EXPECT_TRUE(QFileInfo(path(u"to/deep/"_s + link)).isSymLink());
-        EXPECT_EQ(read(path(u"to/deep/"_s + link)), "the song");
+        EXPECT_EQ(bytesOf(path(u"to/deep/"_s + link)), "the song");
         EXPECT_EQ(moveError(path(u"to/deep/"_s + link), path(u"a.mp3"_s)), 58);
         ASSERT_EQ(moveError(path(u"to/deep/"_s + link), path(link)), 0);
-        EXPECT_EQ(read(path(link)), "the song");
+        EXPECT_EQ(bytesOf(path(link)), "the song");
     }
     EXPECT_EQ(QFile::symLinkTarget(path(u"relative.mp3"_s)), path(u"a.mp3"_s));
     ASSERT_EQ(moveError(path(u"relative.mp3"_s), elsewhere(u"b.mp3"_s)), 0);
-    EXPECT_EQ(read(elsewhere(u"b.mp3"_s)), "the song");
+    EXPECT_EQ(bytesOf(elsewhere(u"b.mp3"_s)), "the song");
     EXPECT_EQ(names(), (QStringList{u"a.mp3"_s, u"absolute.mp3"_s, u"to"_s}));
     EXPECT_EQ(names(u"to/deep"_s), QStringList());
 }
@@ -216,7 +195,7 @@ TEST_F(MusicFiles, AreRenamedWithoutReplacingWhereTheSystemHasNoSuchStep)
         expectTheSong(path(u"b.mp3"_s));
         ASSERT_TRUE(QFile::rename(path(u"b.mp3"_s), path(u"a.mp3"_s)));
     }
-    EXPECT_EQ(read(path(u"taken.mp3"_s)), "another");
+    EXPECT_EQ(bytesOf(path(u"taken.mp3"_s)), "another");
     shell::renameCapitals(shell::FilePath::ofSource(path(u"a.mp3"_s)),
                           shell::FilePath::ofTarget(path(u"A.mp3"_s)));
     EXPECT_EQ(names(), (QStringList{u"A.mp3"_s, u"taken.mp3"_s, u"to"_s}));
@@ -228,7 +207,7 @@ TEST_F(MusicFiles, AreCopiedUnderAnotherNameUntilTheyAreWhole)
     QList<qint64> seen;
     const auto lookOn = [&](qint64 done, qint64 all) {
         EXPECT_EQ(all, 1'300'000);
-        EXPECT_EQ(read(path(u"to/a.mp3"_s)), "another");
+        EXPECT_EQ(bytesOf(path(u"to/a.mp3"_s)), "another");
         EXPECT_EQ(names(u"to"_s).size(), 3) << "the copy in the making";
         seen.append(done);
         return true;
@@ -236,7 +215,7 @@ TEST_F(MusicFiles, AreCopiedUnderAnotherNameUntilTheyAreWhole)
     write(path(u"to/a.mp3"_s), "another");
     EXPECT_FALSE(shell::copyFile(path(u"a.mp3"_s), path(u"to/a.mp3"_s),
                                  {true, [](qint64 done, qint64) { return done == 0; }}));
-    EXPECT_EQ(read(path(u"to/a.mp3"_s)), "another");
+    EXPECT_EQ(bytesOf(path(u"to/a.mp3"_s)), "another");
     EXPECT_EQ(names(u"to"_s), (QStringList{u"a.mp3"_s, u"deep"_s}));
     ASSERT_EQ(copyError(path(u"a.mp3"_s), path(u"to/a.mp3"_s), {true, lookOn}), 0);
     EXPECT_EQ(seen, (QList<qint64>{0, 524288, 1048576, 1300000}));

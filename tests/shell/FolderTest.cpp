@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/shell/Shell.h"
 #include "samples/SampleMaker.h"
 #include "shell/ShellFixture.h"
-
-#include <QDir>
 
 #include <algorithm>
 #include <random>

@@ -2,15 +2,11 @@
 #pragma once
 
 #include "platform/shell/Shell.h"
-#include "support/QtPrinters.h"
+#include "support/Files.h"
 #include "support/TagBytes.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QMap>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 /** A folder of files and the shell that looks at it. */
 class ShellFixture : public testing::Test
@@ -20,10 +16,8 @@ protected:
 
     void write(const QString &name, const QByteArray &content) const
     {
-        QFile file(path(name));
-        file.remove();
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(file.fileName());
-        ASSERT_EQ(file.write(content), content.size());
+        QFile::remove(path(name)); // which may be a link
+        quaverly::test::writeFile(path(name), content);
     }
 
     /** Columns of one file by number, empty ones left out; -1 is the failure to read. */

@@ -104,27 +104,22 @@ TEST_F(SongDetails, AreReadByWhatTheFileHolds)
 
 TEST_F(SongDetails, OfEightBitTextFollowTheCodePage)
 {
-    struct Case
-    {
-        QByteArray bytes;
-        QString expected;
+    const std::pair<QByteArray, QString> cases[] = {
+        {"Plain", u"Plain"_s},
+        {"Caf\xE9 \x93quoted\x94 \x80", u"Café “quoted” €"_s},
+        {"Caf\xE9", u"Café"_s},
+        {"Caf\xC3\xA9 \xE6\x9D\xB1", u"Café 東"_s},
+        {QByteArray("Short\0\0\0", 8), u"Short"_s},
     };
-    const std::array cases{
-        Case{"Plain", u"Plain"_s},
-        Case{"Caf\xE9 \x93quoted\x94 \x80", u"Café “quoted” €"_s},
-        Case{"Caf\xE9", u"Café"_s},
-        Case{"Caf\xC3\xA9 \xE6\x9D\xB1", u"Café 東"_s},
-        Case{QByteArray("Short\0\0\0", 8), u"Short"_s},
-    };
-    for (const Case &c : cases) {
-        EXPECT_EQ(ofFrames(latin1Frame("TIT2", c.bytes)).value(21), c.expected);
-        const QByteArray old = "TAG" + c.bytes.leftJustified(30, '\0') + QByteArray(94, '\0') + '\x11';
+    for (const auto &[bytes, expected] : cases) {
+        EXPECT_EQ(ofFrames(latin1Frame("TIT2", bytes)).value(21), expected);
+        const QByteArray old = "TAG" + bytes.leftJustified(30, '\0') + QByteArray(94, '\0') + '\x11';
         write(u"old.mp3"_s, samples::silence(u"mp3") + old);
-        EXPECT_EQ(details(u"old.mp3"_s).value(21), c.expected);
+        EXPECT_EQ(details(u"old.mp3"_s).value(21), expected);
         EXPECT_EQ(details(u"old.mp3"_s).value(16), u"Rock"_s);
-        const QByteArray info = chunk("LIST", "INFO" + chunk("INAM", c.bytes) + chunk("ITRK", "7"));
+        const QByteArray info = chunk("LIST", "INFO" + chunk("INAM", bytes) + chunk("ITRK", "7"));
         write(u"info.wav"_s, samples::silence(u"wav") + info);
-        EXPECT_EQ(details(u"info.wav"_s).value(21), c.expected);
+        EXPECT_EQ(details(u"info.wav"_s).value(21), expected);
         EXPECT_EQ(details(u"info.wav"_s).value(26), u"7"_s);
     }
     const QByteArray name = atom("\xA9nam", atom("data", QByteArray("\0\0\0\1\0\0\0\0", 8) + "Caf\xE9"));
@@ -134,61 +129,47 @@ TEST_F(SongDetails, OfEightBitTextFollowTheCodePage)
 
 TEST_F(SongDetails, OfFramesThatPlayersWroteDifferently)
 {
-    struct Case
-    {
-        const char *what;
-        QByteArray frames;
-        int column;
-        QString expected;
+    const std::tuple<const char *, QByteArray, int, QString> cases[] = {
+        {"several artists", latin1Frame("TPE1", QByteArray("One\0Two\0Two", 11)), 13, u"One; Two"_s},
+        {"a slash is part of a name", latin1Frame("TPE1", "AC/DC"), 13, u"AC/DC"_s},
+        {"genre numbers", latin1Frame("TCON", "(17)(20)Pop"), 16, u"Rock; Alternative; Pop"_s},
+        {"a genre by number", latin1Frame("TCON", "8"), 16, u"Jazz"_s},
+        {"an unknown number", latin1Frame("TCON", "4711"), 16, u"4711"_s},
+        {"beats with unit", latin1Frame("TBPM", "128 BPM"), 237, u"128"_s},
+        {"beats with point", latin1Frame("TBPM", "84.78"), 237, u"85"_s},
+        {"beats with comma", latin1Frame("TBPM", "84,5"), 237, u"84"_s},
+        {"no beats", latin1Frame("TBPM", "fast"), 237, {}},
+        {"year in a date", latin1Frame("TYER", "2005-10-03"), 15, u"2005"_s},
+        {"year behind the day", latin1Frame("TYER", "Oct 3, 1995"), 15, u"1995"_s},
+        {"year that would wrap", latin1Frame("TYER", "4294967299"), 15, u"4294"_s},
+        {"year zero", latin1Frame("TYER", "0000"), 15, {}},
+        {"track as tagged", latin1Frame("TRCK", "03/09"), 26, u"03/09"_s},
+        {"track that would wrap", latin1Frame("TRCK", "4294967299"), 26, u"4294967299"_s},
+        {"a player's own comment first", commentFrame("iTunNORM", " 0000021A") + commentFrame("", "Mine"), 24,
+         u"Mine"_s},
+        {"only a player's own comment", commentFrame("iTunSMPB", " 00000000"), 24, {}},
+        {"a described comment", commentFrame("Note", "Described"), 24, u"Described"_s},
+        {"picture in front", frame("APIC", QByteArray(300'000, '\x7F')) + latin1Frame("TIT2", "Behind"), 21,
+         u"Behind"_s},
     };
-    const std::array cases{
-        Case{"several artists", latin1Frame("TPE1", QByteArray("One\0Two\0Two", 11)), 13, u"One; Two"_s},
-        Case{"a slash is part of a name", latin1Frame("TPE1", "AC/DC"), 13, u"AC/DC"_s},
-        Case{"genre numbers", latin1Frame("TCON", "(17)(20)Pop"), 16, u"Rock; Alternative; Pop"_s},
-        Case{"a genre by number", latin1Frame("TCON", "8"), 16, u"Jazz"_s},
-        Case{"an unknown number", latin1Frame("TCON", "4711"), 16, u"4711"_s},
-        Case{"beats with unit", latin1Frame("TBPM", "128 BPM"), 237, u"128"_s},
-        Case{"beats with point", latin1Frame("TBPM", "84.78"), 237, u"85"_s},
-        Case{"beats with comma", latin1Frame("TBPM", "84,5"), 237, u"84"_s},
-        Case{"no beats", latin1Frame("TBPM", "fast"), 237, {}},
-        Case{"year in a date", latin1Frame("TYER", "2005-10-03"), 15, u"2005"_s},
-        Case{"year behind the day", latin1Frame("TYER", "Oct 3, 1995"), 15, u"1995"_s},
-        Case{"year that would wrap", latin1Frame("TYER", "4294967299"), 15, u"4294"_s},
-        Case{"year zero", latin1Frame("TYER", "0000"), 15, {}},
-        Case{"track as tagged", latin1Frame("TRCK", "03/09"), 26, u"03/09"_s},
-        Case{"track that would wrap", latin1Frame("TRCK", "4294967299"), 26, u"4294967299"_s},
-        Case{"a player's own comment first", commentFrame("iTunNORM", " 0000021A") + commentFrame("", "Mine"),
-             24, u"Mine"_s},
-        Case{"only a player's own comment", commentFrame("iTunSMPB", " 00000000"), 24, {}},
-        Case{"a described comment", commentFrame("Note", "Described"), 24, u"Described"_s},
-        Case{"picture in front", frame("APIC", QByteArray(300'000, '\x7F')) + latin1Frame("TIT2", "Behind"),
-             21, u"Behind"_s},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(ofFrames(c.frames).value(c.column), c.expected) << c.what;
+    for (const auto &[what, frames, column, expected] : cases)
+        EXPECT_EQ(ofFrames(frames).value(column), expected) << what;
 }
 
-TEST_F(SongDetails, TakeWhatTheFirstTagLacksFromTheNext)
+TEST_F(SongDetails, OfOddFiles)
 {
+    // What the first tag lacks is taken from the next.
     const QByteArray old = "TAG" + QByteArray("Old title").leftJustified(30, '\0') +
                            QByteArray("Old artist").leftJustified(30, '\0') + QByteArray(64, '\0') + '\xFF';
-    const Columns columns = ofFrames(latin1Frame("TIT2", "New title"), old);
-    EXPECT_EQ(columns.value(21), u"New title"_s);
-    EXPECT_EQ(columns.value(13), u"Old artist"_s);
-}
-
-TEST_F(SongDetails, OfRawAacPassOverJunkAndCountFrames)
-{
-    samples::SongTags tags;
-    tags.seconds = 90;
-    const QByteArray sound = samples::silence(u"aac", tags.seconds);
+    const Columns both = ofFrames(latin1Frame("TIT2", "New title"), old);
+    EXPECT_EQ(both.value(21), u"New title"_s);
+    EXPECT_EQ(both.value(13), u"Old artist"_s);
+    // Raw AAC behind junk: its frames are counted.
+    const QByteArray sound = samples::silence(u"aac", 90);
     write(u"junk.aac"_s, id3v2(latin1Frame("TIT2", "Junk")) + QByteArray(700, '\xFF') + sound);
     EXPECT_EQ(details(u"junk.aac"_s),
               (Columns{{21, u"Junk"_s}, {27, u"00:01:30"_s}, {28, u"\u200E4kbps"_s}}));
-}
-
-TEST_F(SongDetails, OfNumbersWiderThanUsual)
-{
+    // Numbers wider than usual.
     const QByteArray beats = atom("tmpo", atom("data", QByteArray("\0\0\0\x15\0\0\0\0\0\1\x86\x9F", 12)));
     const QByteArray track = atom("trkn", atom("data", QByteArray("\0\0\0\0\0\0\0\0\0\0\0\7\0\0\0\0", 16)));
     const QByteArray meta = QByteArray(4, '\0') + atom("ilst", beats + track);

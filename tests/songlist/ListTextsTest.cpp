@@ -2,8 +2,6 @@
 #include "songlist/ListTexts.h"
 #include "support/QtPrinters.h"
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 using namespace quaverly;
 
@@ -12,19 +10,16 @@ namespace {
 TEST(ListTextsOf, TheMarkClauseFitsWhatStandsBeforeIt)
 {
     const QString join = invalidFilesWhere({});
-    const struct
-    {
-        QString where, hide, countedFrom, counted;
-    } cases[] = {
+    const std::tuple<QString, QString, QString, QString> cases[] = {
         {u""_s, u" Where Selected < 'x' "_s, u""_s, u""_s},
         {u""_s, u" Where Selected < 'x' "_s, u" And Selected < 'x' "_s, u" Where Selected < 'x' "_s},
         {u" Where (Year > \"1\") "_s, u" And Selected < 'x' "_s, u" Where Selected = 'x' "_s,
          u" And Selected = 'x' "_s},
         {join, u" Where Selected < 'x' "_s, u" Where Selected < 'x' "_s, u" And Selected < 'x' "_s},
     };
-    for (const auto &c : cases) {
-        EXPECT_EQ(hideClause(c.where), c.hide);
-        EXPECT_EQ(clauseForCount(c.countedFrom, c.where), c.counted);
+    for (const auto &[where, hide, countedFrom, counted] : cases) {
+        EXPECT_EQ(hideClause(where), hide);
+        EXPECT_EQ(clauseForCount(countedFrom, where), counted);
     }
 }
 
@@ -56,8 +51,6 @@ TEST(ListTextsOf, ASortFindsTheTailBehindQuotedValues)
 TEST(ListTextsOf, FindLooksAtDatesOnlyForADate)
 {
     const QString word = findClause(u"love"_s);
-    EXPECT_TRUE(word.startsWith(u" (RecordID Like \"*love*\" OR SongName Like \"*love*\" OR "_s));
-    EXPECT_TRUE(word.endsWith(u"PicturePath8 Like \"*love*\" )"_s));
     EXPECT_EQ(word.count(" Like "_L1), 28);
     EXPECT_FALSE(word.contains(u'#'));
     const QString date = findClause(u"2020-02-01"_s);

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "songlist/DisplayedSet.h"
-#include "support/QtPrinters.h"
 #include "support/ScriptedDesktop.h"
 #include "support/store/FakeMainScreen.h"
 #include "support/store/StoreFixture.h"
-
-#include <gtest/gtest.h>
 
 namespace quaverly::test {
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/StoreTest.h"
+#include "support/Limits.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QtEndian>
 
@@ -56,13 +55,7 @@ TEST_F(CatalogueFiles, WhatIsNoCatalogueIsToldApartAndNeverWrittenTo)
     dao::DBEngine(foreign).CreateEmpty(store.path(u"foreign"_s));
     QByteArray badPage = sound;
     badPage.replace(100, 900, QByteArray(900, '\x5a'));
-    struct Case
-    {
-        const char *name;
-        QByteArray bytes;
-        int number;
-    };
-    const Case cases[] = {
+    const std::tuple<const char *, QByteArray, int> cases[] = {
         {"empty", "", dao::UnrecognisedFormat},
         {"text", "Song,Artist\n", dao::UnrecognisedFormat},
         {"jet", QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(5000, 0), dao::UnrecognisedFormat},
@@ -71,15 +64,15 @@ TEST_F(CatalogueFiles, WhatIsNoCatalogueIsToldApartAndNeverWrittenTo)
         {"header", sound.left(60), dao::CannotOpenFile},
         {"schema", badPage, dao::CannotOpenFile},
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.name);
-        const QString file = store.path(QString::fromLatin1(c.name));
-        if (!c.bytes.isNull())
-            writeBytes(file, c.bytes);
+    for (const auto &[name, bytes, number] : cases) {
+        SCOPED_TRACE(name);
+        const QString file = store.path(QString::fromLatin1(name));
+        if (!bytes.isNull())
+            writeFile(file, bytes);
         const QByteArray before = bytesOf(file);
         const QStringList folder = files();
-        EXPECT_EQ(opening(file), c.number);
-        EXPECT_EQ(repairing(file), c.number);
+        EXPECT_EQ(opening(file), number);
+        EXPECT_EQ(repairing(file), number);
         EXPECT_NE(errorOf([&] { store.engine().CompactDatabase(file, file + u".2"_s); }), 0);
         EXPECT_EQ(bytesOf(file), before);
         QFile::remove(file + u".damaged"_s);
@@ -110,7 +103,10 @@ TEST_F(CatalogueFiles, WithoutRightsAFileIsReadOrRefusedButNotLost)
             throw dao::DaoError(1, u"wrong rows"_s);
         db->Execute(u"Delete * From tblContacts"_s);
     };
-    const auto asNobody = [](const auto &run) { return inChild(true, [&] { return errorOf(run); }); };
+    const auto asNobody = [](const auto &run) {
+        const OrdinaryUser user({});
+        return errorOf(run);
+    };
     const auto open = [&] { static_cast<void>(store.engine().OpenDatabase(path)); };
     const QByteArray before = bytesOf(path);
     rights(store.folder(), 0755);
@@ -163,7 +159,7 @@ TEST_F(CatalogueFiles, AShorterOrDamagedOneIsRepairedAsFarAsItCanBeRead)
         }
         for (const QString &file : files())
             QFile::remove(store.path(file));
-        writeBytes(path, damaged);
+        writeFile(path, damaged);
         if (truncated) {
             EXPECT_EQ(opening(path), dao::CannotOpenFile);
         }
@@ -196,7 +192,7 @@ TEST_F(CatalogueFiles, DamageThatShowsWhileReadingIsRememberedForTheNextOpening)
     QByteArray damaged = bytesOf(path);
     const qsizetype from = damaged.size() / 2;
     damaged.replace(from, damaged.size() - from, QByteArray(damaged.size() - from, '\x11'));
-    writeBytes(path, damaged);
+    writeFile(path, damaged);
     const int met = errorOf([&] {
         const auto db = store.engine().OpenDatabase(path);
         static_cast<void>(firstFields(*db, u"Select Sum(Len(Credits)) From tblContacts"_s));
@@ -290,7 +286,7 @@ TEST_F(CatalogueFiles, IndexesOfAnotherCollationAreMadeAnew)
     bytes.replace("COLLATE BINARY", "COLLATE DAO   ");
     const qsizetype version = bytes.indexOf("collation") + 9;
     bytes[version] = bytes[version] == '9' ? '8' : '9';
-    writeBytes(file, bytes);
+    writeFile(file, bytes);
     EXPECT_NE(integrityOf(file), u"ok"_s);
     {
         const auto db = engine.OpenDatabase(file);

@@ -3,12 +3,6 @@
 
 #include "catalogue/DuplicateQueries.h"
 
-#include <QFile>
-
-#include <grp.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 namespace quaverly::test {
@@ -51,42 +45,6 @@ QString integrityOf(const QString &path)
 {
     dao::Connection connection(path, dao::Connection::Mode::ReadWrite);
     return connection.scalar("PRAGMA integrity_check").toString();
-}
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
-void writeBytes(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_EQ(file.write(bytes), bytes.size());
-}
-
-int inChild(bool asNobody, const std::function<int()> &run)
-{
-    constexpr unsigned Nobody = 65534;
-    int ends[2] = {};
-    EXPECT_EQ(::pipe(ends), 0);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        int result = -1;
-        const bool dropped = !asNobody || ::getuid() != 0 ||
-                             (::setgroups(0, nullptr) == 0 && ::setgid(Nobody) == 0 && ::setuid(Nobody) == 0);
-        if (dropped)
-            result = run();
-        ::_exit(::write(ends[1], &result, sizeof result) == sizeof result ? 0 : 1);
-    }
-    ::close(ends[1]);
-    int result = -1;
-    EXPECT_EQ(::read(ends[0], &result, sizeof result), static_cast<ssize_t>(sizeof result));
-    ::close(ends[0]);
-    ::waitpid(child, nullptr, 0);
-    return result;
 }
 
 void SongCatalogue::SetUp()

@@ -3,24 +3,11 @@
 
 #include "catalogue/CatalogueSchema.h"
 #include "platform/store/Sqlite.h"
-#include "support/QtPrinters.h"
+#include "support/Errors.h"
+#include "support/Files.h"
 #include "support/store/StoreFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace quaverly::test {
-
-/** The number that @p run throws, 0 when it throws nothing. */
-template <typename Run> int errorOf(const Run &run)
-{
-    try {
-        run();
-    } catch (const dao::DaoError &error) {
-        EXPECT_FALSE(error.description.isEmpty());
-        return error.number;
-    }
-    return 0;
-}
 
 /** First fields of all rows in their order, joined by bars; a Null shows as "Null". */
 [[nodiscard]] QString firstFields(dao::Recordset &rows);
@@ -35,13 +22,6 @@ template <typename Run> int errorOf(const Run &run)
 
 /** What SQLite says of a closed catalogue's file: "ok" for a sound one. */
 [[nodiscard]] QString integrityOf(const QString &path);
-
-[[nodiscard]] QByteArray bytesOf(const QString &path);
-void writeBytes(const QString &path, const QByteArray &bytes);
-
-/** Runs in a forked child, as a user without rights where @p asNobody says so; gives back what it returned.
- */
-[[nodiscard]] int inChild(bool asNobody, const std::function<int()> &run);
 
 /** A catalogue with eleven songs of awkward texts, three categories and two play lists. */
 class SongCatalogue : public ::testing::Test

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QVariant>
 
-#include <ostream>
+#include <gtest/gtest.h>
 
 // GoogleTest finds these by the types' own (global) namespace.
 

@@ -3,8 +3,6 @@
 
 #include <QCoreApplication>
 
-#include <gtest/gtest.h>
-
 #include <array>
 
 namespace quaverly::test {
@@ -127,6 +125,15 @@ std::optional<QString> ScriptedDesktop::takeText(const DesktopCall &call)
     return scripted ? scripted->text : std::nullopt;
 }
 
+std::optional<QString> ScriptedDesktop::takeFile(Shown shown, const FileQuestion &question)
+{
+    return takeText({.shown = shown,
+                     .title = question.title,
+                     .offered = question.fileName,
+                     .filter = question.filter,
+                     .startFolder = question.startFolder});
+}
+
 Answer ScriptedDesktop::MessageBox(const QString &text, const QString &title, Icon icon, Buttons buttons,
                                    std::optional<Answer> defaultAnswer)
 {
@@ -159,20 +166,12 @@ bool ScriptedDesktop::ShowWarning(const QString &text, const QString &key)
 
 std::optional<QString> ScriptedDesktop::ShowOpenDialog(const FileQuestion &question)
 {
-    return takeText({.shown = Shown::OpenDialog,
-                     .title = question.title,
-                     .offered = question.fileName,
-                     .filter = question.filter,
-                     .startFolder = question.startFolder});
+    return takeFile(Shown::OpenDialog, question);
 }
 
 std::optional<QString> ScriptedDesktop::ShowSaveDialog(const FileQuestion &question)
 {
-    return takeText({.shown = Shown::SaveDialog,
-                     .title = question.title,
-                     .offered = question.fileName,
-                     .filter = question.filter,
-                     .startFolder = question.startFolder});
+    return takeFile(Shown::SaveDialog, question);
 }
 
 std::optional<quint32> ScriptedDesktop::ShowColor(quint32 start)

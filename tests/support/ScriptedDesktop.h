@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/Desktop.h"
+#include "support/QtPrinters.h"
 
 #include <QImage>
 #include <QList>
@@ -149,6 +150,7 @@ private:
     /** Records the call and takes the answer that waits for it, if it is one for such a dialog. */
     std::optional<Scripted> take(const DesktopCall &call);
     std::optional<QString> takeText(const DesktopCall &call);
+    std::optional<QString> takeFile(Shown shown, const FileQuestion &question);
 
     QList<Scripted> m_script;
     QList<DesktopCall> m_calls;

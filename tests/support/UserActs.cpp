@@ -2,14 +2,10 @@
 #include "support/UserActs.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDeadlineTimer>
 #include <QMenu>
 #include <QPointer>
-#include <QTest>
 #include <QTimer>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 

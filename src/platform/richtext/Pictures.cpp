@@ -83,6 +83,20 @@ bool isPng(const QByteArray &file)
     return file.startsWith("\x89PNG\r\n\x1a\n");
 }
 
+bool insertBytes(QTextCursor &cursor, const QByteArray &file, QSize size, QSize most)
+{
+    const QSize shown = bounded(size, most);
+    PictureBudget budget;
+    const QByteArray words = pictureWords(isJpeg(file) ? "jpegblip" : "pngblip", size, shown);
+    // What is typed behind it looks as the text in front of it.
+    QTextCharFormat format = cursor.charFormat();
+    format.merge(addPicture(*cursor.document(), {words, file, shown}, budget));
+    if (budget.wasDamaged())
+        return false;
+    cursor.insertImage(format.toImageFormat());
+    return true;
+}
+
 } // namespace
 
 QImage PictureBudget::imageOf(const Picture &picture, QSize &shown)
@@ -151,25 +165,19 @@ bool insertPicture(QTextCursor &cursor, const QByteArray &file, QSize most)
 {
     QBuffer buffer;
     buffer.setData(file);
-    QSize size = QImageReader(&buffer).size();
-    QByteArray kept = file;
-    QByteArray kind = isJpeg(file) ? "jpegblip" : "pngblip";
-    if (size.isEmpty() || (!isJpeg(file) && !isPng(file))) {
-        const QImage image = drawn(file, QSize(LongestSide, LongestSide));
-        if (image.isNull())
-            return false;
-        size = image.size();
-        kept = asPng(image);
-        kind = "pngblip";
-    }
-    const QSize shown = bounded(size, most);
-    PictureBudget budget;
-    const QTextImageFormat format =
-        addPicture(*cursor.document(), {pictureWords(kind, size, shown), kept, shown}, budget);
-    if (budget.wasDamaged())
+    const QSize size = QImageReader(&buffer).size();
+    if (!size.isEmpty() && (isJpeg(file) || isPng(file)))
+        return insertBytes(cursor, file, size, most);
+    return insertPicture(cursor, drawn(file, QSize(LongestSide, LongestSide)), most);
+}
+
+bool insertPicture(QTextCursor &cursor, const QImage &image, QSize most)
+{
+    if (image.isNull())
         return false;
-    cursor.insertImage(format);
-    return true;
+    const QSize size = bounded(image.size(), QSize(LongestSide, LongestSide));
+    const QImage kept = image.size() == size ? image : image.scaled(size);
+    return insertBytes(cursor, asPng(kept), size, most);
 }
 
 } // namespace richtext

@@ -6,6 +6,7 @@
 #include <QString>
 
 class QIODevice;
+class QImage;
 class QTextCursor;
 class QTextDocument;
 
@@ -55,5 +56,7 @@ void saveRtf(const QTextDocument &document, const QString &path, const WriteOpti
  * larger than @p most, in pixels. False, and no change, for bytes that are no picture.
  */
 bool insertPicture(QTextCursor &cursor, const QByteArray &file, QSize most);
+/** The same for an image; a very large one goes in smaller. */
+bool insertPicture(QTextCursor &cursor, const QImage &image, QSize most);
 
 } // namespace richtext

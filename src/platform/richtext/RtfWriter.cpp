@@ -8,6 +8,7 @@
 #include <QSaveFile>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextFragment>
 #include <QTextList>
 
 using namespace Qt::StringLiterals;
@@ -144,7 +145,7 @@ void RtfWriter::writeBlock(const QTextBlock &block)
     }
     bool hasText = false;
     for (auto it = block.begin(); !it.atEnd(); ++it) {
-        writeFragment(it.fragment());
+        writeText(it.fragment().text(), it.fragment().charFormat());
         hasText = true;
     }
     // The height of an empty line is that of its font.
@@ -225,11 +226,6 @@ void RtfWriter::writeCharStyle(const QTextCharFormat &format)
     if (m_out.size() > before)
         m_out += ' ';
     m_state = state;
-}
-
-void RtfWriter::writeFragment(const QTextFragment &fragment)
-{
-    writeText(fragment.text(), fragment.charFormat());
 }
 
 void RtfWriter::writeText(QStringView text, const QTextCharFormat &format)

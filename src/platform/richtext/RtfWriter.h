@@ -8,8 +8,8 @@
 #include <QHash>
 #include <QList>
 #include <QRgb>
-#include <QTextFragment>
 
+class QBrush;
 class QTextBlock;
 class QTextBlockFormat;
 class QTextCharFormat;
@@ -32,7 +32,6 @@ private:
     void writeBlock(const QTextBlock &block);
     void writeParagraphStyle(const QTextBlockFormat &format);
     void writeCharStyle(const QTextCharFormat &format);
-    void writeFragment(const QTextFragment &fragment);
     void writeText(QStringView text, const QTextCharFormat &format);
     void writeCharacter(QChar c);
     void writePicture(const QTextCharFormat &format);

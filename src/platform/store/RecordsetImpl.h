@@ -55,6 +55,8 @@ public:
     [[nodiscard]] std::vector<qint64> find(const QString &criteria, bool firstOnly) const;
 
 private:
+    [[nodiscard]] bool showsEveryRow() const;
+    [[nodiscard]] Statement reading(const QList<int> &fields, bool walks) const;
     [[nodiscard]] Connection &connection() const { return m_reader ? *m_reader : m_database.connection(); }
     void chooseColumns();
     void leaveRestForLater(Statement rows);

@@ -12,6 +12,8 @@ namespace quaverly::test {
 QString faultOfTag(QByteArrayView content, const QString &folder)
 {
     QFile file(folder + u"/song.mp3"_s);
+    // A file that is written over goes to the disk at once on some file systems.
+    file.remove();
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         file.write(content.data(), content.size()) != content.size())
         return file.errorString();

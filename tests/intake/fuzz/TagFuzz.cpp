@@ -71,6 +71,8 @@ QString faultOfReading(QByteArrayView content, const QString &folder)
 {
     QByteArray bytes = content.toByteArray();
     QFile file(folder + u"/song."_s + Extensions[static_cast<std::size_t>(bytes.size()) % Extensions.size()]);
+    // A file that is written over goes to the disk at once on some file systems.
+    file.remove();
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(bytes) != bytes.size())
         return file.errorString();
     file.close();

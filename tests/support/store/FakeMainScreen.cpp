@@ -53,10 +53,4 @@ void FakeMainScreen::ShowAllMenu_Click()
         m_set->showAll();
 }
 
-void FakeMainScreen::setRebuilt()
-{
-    ++rebuilt;
-    rowChanged();
-}
-
 } // namespace quaverly::test

@@ -28,7 +28,6 @@ public:
     QList<QPoint> scrolls;
     int row = 0;
     int screens = 1;
-    int rebuilt = 0;
     int showAlls = 0;
     int gridFocuses = 0;
     int pics3Unloads = 0;
@@ -65,7 +64,7 @@ public:
     void unloadPics3() override { ++pics3Unloads; }
     void unloadPlayForm() override { ++playFormUnloads; }
 
-    void setRebuilt() override;
+    void setRebuilt() override { rowChanged(); }
     void rowChanged() override { m_set->showArtistButton(); }
 
 private:

@@ -3,6 +3,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/SettingsRows.h"
+#include "support/QtPrinters.h"
 
 #include <QMap>
 #include <QTemporaryDir>
