@@ -34,8 +34,8 @@ private:
 
 } // namespace
 
-// A reader that stays at its moment gives the same rows in the same order again. For all rows of a table that
-// is faster than one by one, often from an index alone; for few it would search for them a second time.
+// For all rows of a table one statement is faster than one row by its key after the other, often from an index
+// alone; for few it would search for them a second time.
 bool RecordsetRows::showsEveryRow() const
 {
     return m_plan.isKeyed() &&
@@ -61,7 +61,7 @@ Statement RecordsetRows::reading(const QList<int> &fields, bool walks) const
 void RecordsetRows::visit(const QList<int> &fields, const RowVisitor &visitor) const
 {
     completeKeys();
-    const bool walks = m_reader && showsEveryRow();
+    bool walks = m_reader && showsEveryRow();
     const ReadMoment moment(connection());
     Statement fetch;
     if (std::ranges::any_of(fields, [this](int field) { return m_places[field] >= 0; }))
@@ -69,12 +69,17 @@ void RecordsetRows::visit(const QList<int> &fields, const RowVisitor &visitor) c
     std::vector<QByteArray> held(static_cast<std::size_t>(fields.size()));
     std::vector<QByteArrayView> texts(held.size());
     for (qint64 row = 0; row < count(); ++row) {
-        if (fetch && !walks) {
+        if (walks && fetch && !(fetch.step() && fetch.integer(0) == keyAt(row))) {
+            // Equals in the order come as this statement's index has them.
+            walks = false;
+            fetch = reading(fields, walks);
+        }
+        if (!walks && fetch) {
             fetch.reset();
             fetch.bind(1, keyAt(row));
+            if (!fetch.step())
+                throw DaoError(RecordDeleted, u"Record is deleted."_s);
         }
-        if (fetch && !fetch.step())
-            throw DaoError(RecordDeleted, u"Record is deleted."_s);
         int column = 0;
         for (std::size_t i = 0; i < texts.size(); ++i) {
             const int place = m_places[fields[static_cast<qsizetype>(i)]];
