@@ -105,7 +105,7 @@ void FileCopyCommands::copyDisplayed()
 QString FileCopyCommands::browse(const QString &prompt, const QString &title)
 {
     const QString start = m_copyFolder.isEmpty() ? QDir::currentPath() : m_copyFolder;
-    const QString folder = m_parts.desktop.BrowseForFolder(prompt, title, start);
+    QString folder = m_parts.desktop.BrowseForFolder(prompt, title, start);
     if (!folder.isEmpty())
         m_copyFolder = folder;
     return folder;

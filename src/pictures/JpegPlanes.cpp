@@ -127,9 +127,10 @@ JpegPlanes emptyPlanes(int width, int height, const ComponentFactors &factors, S
         plane.factors = factors[i];
         plane.blocksAcross = dividedUp(dividedUp(width * factors[i].horizontal, most.horizontal), Side);
         plane.blocksDown = dividedUp(dividedUp(height * factors[i].vertical, most.vertical), Side);
-        plane.stride = static_cast<std::size_t>(result.groupsAcross * factors[i].horizontal * Side);
-        plane.samples.resize(plane.stride *
-                             static_cast<std::size_t>(result.groupsDown * factors[i].vertical * Side));
+        const int columns = result.groupsAcross * factors[i].horizontal * Side;
+        const int lines = result.groupsDown * factors[i].vertical * Side;
+        plane.stride = static_cast<std::size_t>(columns);
+        plane.samples.resize(plane.stride * static_cast<std::size_t>(lines));
     }
     return result;
 }
@@ -152,8 +153,9 @@ JpegPlanes samplePlanes(const QImage &image, int width, int height, const Compon
         for (std::size_t i = 0; i < Components; ++i) {
             JpegPlane &plane = result.planes[i];
             for (int row = 0; row < plane.factors.vertical; ++row) {
-                const auto line = static_cast<std::size_t>(stripRow * plane.factors.vertical + row);
-                sampleRow(strip, i, most, plane.factors, row, plane.samples.data() + line * plane.stride);
+                const int line = stripRow * plane.factors.vertical + row;
+                sampleRow(strip, i, most, plane.factors, row,
+                          plane.samples.data() + static_cast<std::size_t>(line) * plane.stride);
             }
         }
     }

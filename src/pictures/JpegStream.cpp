@@ -110,8 +110,7 @@ void JpegStream::endScan()
 
 QByteArray JpegStream::take()
 {
-    const QByteArray taken(reinterpret_cast<const char *>(m_bytes.data()),
-                           static_cast<qsizetype>(m_bytes.size()));
+    QByteArray taken(reinterpret_cast<const char *>(m_bytes.data()), static_cast<qsizetype>(m_bytes.size()));
     m_bytes.clear();
     return taken;
 }

@@ -24,7 +24,7 @@ constexpr double TwipsPerInch = 1440;
 /** A page break in the text becomes one of the layout. What is behind the last one may be nothing at all. */
 void breakPages(QTextDocument &document)
 {
-    const QString pageBreak(QChar(richtext::PageBreak));
+    const QString pageBreak{QChar(richtext::PageBreak)};
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
     for (QTextCursor found = document.find(pageBreak); !found.isNull();

@@ -34,8 +34,8 @@ private:
 
 } // namespace
 
-// For all rows of a table one statement is faster than one row by its key after the other, often from an index
-// alone; for few it would search for them a second time.
+// For all rows of a table one statement is faster than one row by its key after the other, often from an
+// index alone; for few it would search for them a second time.
 bool RecordsetRows::showsEveryRow() const
 {
     return m_plan.isKeyed() &&
