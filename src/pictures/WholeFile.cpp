@@ -17,16 +17,17 @@ namespace quaverly {
 
 namespace {
 
-/** True when the bytes are on the disk; else errno says why they are not. */
-bool writeThrough(const QString &path, const QByteArray &bytes)
+/** 0 when the bytes are on the disk, else the system's number of what went wrong. */
+int writeThrough(const QString &path, const QByteArray &bytes)
 {
     // Whatever bears the name goes first: a link would be written through.
     if (::unlink(QFile::encodeName(path).constData()) != 0 && errno != ENOENT)
-        return false;
+        return errno;
     QFile file(path);
     errno = 0;
-    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) &&
-           file.write(bytes) == bytes.size() && ::fsync(file.handle()) == 0;
+    const bool written = file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) &&
+                         file.write(bytes) == bytes.size() && ::fsync(file.handle()) == 0;
+    return written ? 0 : errno != 0 ? errno : EIO;
 }
 
 } // namespace
@@ -35,11 +36,11 @@ void writeWhole(const QString &path, const QByteArray &bytes)
 {
     const QString temporary = folderOf(path) + QString::fromUtf16(TemporaryPicture) + u".jpg"_s;
     auto remove = qScopeGuard([&] { QFile::remove(temporary); });
-    if (!writeThrough(temporary, bytes)) {
-        if (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)
-            throw dao::DaoError(dao::DiskFull, u"The disk is full: %1"_s.arg(path));
+    const int fault = writeThrough(temporary, bytes);
+    if (fault == ENOSPC || fault == EDQUOT || fault == EFBIG)
+        throw dao::DaoError(dao::DiskFull, u"The disk is full: %1"_s.arg(path));
+    if (fault != 0)
         throw accessError(path);
-    }
     const QByteArray name = QFile::encodeName(path);
     if (std::rename(QFile::encodeName(temporary).constData(), name.constData()) != 0)
         throw accessError(path);

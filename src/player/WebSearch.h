@@ -9,8 +9,7 @@ namespace quaverly {
 class OptionsStore;
 
 namespace keys {
-/** Root of the web search that look-ups go to; empty for the program's own choice, which keeps no profiles.
- */
+/** Root of the web search that look-ups go to; empty for the program's own choice. */
 inline constexpr char16_t SearchSite[] = u"Search Site";
 } // namespace keys
 
