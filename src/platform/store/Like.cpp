@@ -208,7 +208,7 @@ bool LikePattern::matches(QByteArrayView text) const
 {
     if (!m_needle.isEmpty()) {
         // Folding makes no more characters than there were bytes.
-        if (text.size() < m_needle.size())
+        if (text.size() < leastBytes())
             return false;
         const bool found = hasNeedle(text);
         const bool ascii = isAscii(text);

@@ -18,6 +18,8 @@ public:
 
     /** @p text is UTF-8. */
     [[nodiscard]] bool matches(QByteArrayView text) const;
+    /** A shorter text doesn't match. */
+    [[nodiscard]] qsizetype leastBytes() const { return m_needle.size(); }
 
 private:
     [[nodiscard]] bool hasNeedle(QByteArrayView text) const;

@@ -48,12 +48,18 @@ public:
             return QString::number(sqlite3_value_double(m_values[i]), 'g', 15);
         return QString::fromUtf8(bytes(i));
     }
-    /** A number is tested as it is written. */
-    [[nodiscard]] bool isLike(int i, const LikePattern &pattern) const
+    /** A number is tested as it is written; nothing comes back for a Null. */
+    [[nodiscard]] std::optional<bool> isLike(int i, const LikePattern &pattern) const
     {
-        if (sqlite3_value_type(m_values[i]) == SQLITE_FLOAT)
+        switch (sqlite3_value_type(m_values[i])) {
+        case SQLITE_NULL:
+            return std::nullopt;
+        case SQLITE_FLOAT:
             return pattern.matches(text(i).toUtf8());
-        return pattern.matches(bytes(i));
+        default:
+            // The length costs less than the text, which SQLite may have to copy first.
+            return sqlite3_value_bytes(m_values[i]) >= pattern.leastBytes() && pattern.matches(bytes(i));
+        }
     }
     [[nodiscard]] double number(int i) const
     {
@@ -281,9 +287,10 @@ std::optional<bool> anyLike(const Arguments &arguments, const LikePattern &patte
 {
     std::optional<bool> answer = false;
     for (int i = 1; i < arguments.count(); ++i) {
-        if (arguments.isNull(i))
+        const std::optional<bool> like = arguments.isLike(i, pattern);
+        if (!like)
             answer.reset();
-        else if (arguments.isLike(i, pattern))
+        else if (*like)
             return true;
     }
     return answer;
