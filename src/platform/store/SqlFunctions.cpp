@@ -257,7 +257,9 @@ const Named Functions[] = {
     {"dao_round", -1, functionRound},
     {"dao_strcomp", -1,
      [](const Arguments &a, const Result &r) {
-         const int order = compareTexts(a.bytes(0), a.bytes(1));
+         const bool toTheLetter = a.count() > 2 && a.number(2) == 0;
+         const int order =
+             toTheLetter ? a.bytes(0).compare(a.bytes(1)) : compareTexts(a.bytes(0), a.bytes(1));
          r.set(qint64((order > 0) - (order < 0)));
      }},
     {"dao_replace", 3, functionReplace},
