@@ -9,8 +9,8 @@ target_compile_definitions(quaverly_flags INTERFACE
 target_include_directories(quaverly_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
 # What nearly every file includes is compiled once for logic, once for screens and once for tests: a file
-# then takes a third of the time. Nothing may lean on it: every file includes what it names, and clang-tidy, which works
-# without, says when one does not.
+# then takes a third of the time. Nothing may lean on it: every file includes what it names, and clang-tidy,
+# which works without, says when one does not.
 option(QUAVERLY_PCH "Compile the common headers once" OFF)
 function(quaverly_headers name)
   cmake_parse_arguments(ARG "" "" "HEADERS;USES" ${ARGN})
@@ -24,8 +24,8 @@ function(quaverly_headers name)
 endfunction()
 set(common_headers <QDateTime> <QHash> <QList> <QMap> <QObject> <QString> <QStringList> <QVariant>
   <algorithm> <functional> <map> <memory> <optional> <vector>)
-set(screen_headers ${common_headers} <QApplication> <QComboBox> <QDialog> <QLabel> <QLineEdit> <QMainWindow> <QMenu>
-  <QPushButton>)
+set(screen_headers ${common_headers} <QApplication> <QComboBox> <QDialog> <QLabel> <QLineEdit>
+  <QMainWindow> <QMenu> <QPushButton>)
 quaverly_headers(quaverly_logic_headers USES Qt6::Core HEADERS ${common_headers})
 quaverly_headers(quaverly_screen_headers USES Qt6::Widgets HEADERS ${screen_headers})
 quaverly_headers(quaverly_test_headers USES Qt6::Widgets GTest::gtest

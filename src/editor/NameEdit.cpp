@@ -42,7 +42,7 @@ QString miscLabel(int number)
 } // namespace
 
 NameEdit::NameEdit(NameEditParts parts, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::NameEdit>()), m_parts(std::move(parts)),
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::NameEdit>()), m_parts(std::move(parts)),
       m_save({m_parts.desktop, m_parts.set, m_parts.catalogue, m_parts.options, m_parts.state, m_parts.now}),
       m_walk(m_parts.catalogue, m_parts.set.Data1()),
       m_template(m_parts.desktop, m_parts.options, m_parts.settings, m_parts.set.Data1()),
@@ -58,12 +58,10 @@ NameEdit::~NameEdit() = default;
 
 void NameEdit::showModally(std::function<void()> closed)
 {
-    setAttribute(Qt::WA_DeleteOnClose);
-    setWindowModality(Qt::WindowModal);
     connect(this, &QDialog::finished, this, [closed = std::move(closed)] { closed(); });
     placeScreen();
     m_parts.mainScreen.setScreenEnabled(false);
-    open();
+    ModalScreen::showModally();
     // A dialog selects the text of its first field.
     m_ui->txtSongName->home(false);
 }
@@ -264,10 +262,7 @@ void NameEdit::unload()
     const auto assignCategory =
         m_assignCategory ? m_parts.hooks.assignCategoryOnAdd : std::function<void()>();
     m_parts.mainScreen.setScreenEnabled(true);
-    QDialog::reject();
-    // Closed from behind a question of its own, it leaves some window managers with no active window.
-    if (parentWidget() != nullptr)
-        parentWidget()->window()->activateWindow();
+    ModalScreen::reject();
     if (assignCategory)
         assignCategory();
 }

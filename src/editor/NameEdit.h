@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/ModalScreen.h"
 #include "editor/FieldChecks.h"
 #include "editor/SongSave.h"
 #include "editor/SongWalk.h"
@@ -8,7 +9,6 @@
 #include "player/AddToPlayList.h"
 #include "player/PlayCommands.h"
 
-#include <QDialog>
 #include <QTimer>
 
 #include <functional>
@@ -74,7 +74,7 @@ struct NameEditParts
  * when the screen is made. Shown modally over the main screen, which is disabled meanwhile; it goes when it
  * is closed.
  */
-class NameEdit final : public QDialog
+class NameEdit final : public ModalScreen
 {
     Q_OBJECT
 
