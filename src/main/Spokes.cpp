@@ -173,8 +173,11 @@ void Spokes::showNotesForm(QWidget &owner, const QString &notes,
 void Spokes::cmdNotes_Click()
 {
     static_cast<void>(guarded(m_session.desktop(), u"Notes"_s, [this] {
-        auto form = std::make_unique<MemoForm>(NoteBook(m_session.catalogue(), m_session.settings()),
-                                               m_session.desktop(), m_session.options(), &m_hooks.owner);
+        const Catalogue &catalogue = m_session.catalogue();
+        auto form = std::make_unique<MemoForm>(
+            NoteBook(m_session.catalogue(), m_session.settings()),
+            NoteDrafts({folders::state(), catalogue.DatabaseFolder}, catalogue.DatabaseFile),
+            m_session.desktop(), m_session.options(), &m_hooks.owner);
         form->setAttribute(Qt::WA_DeleteOnClose);
         form.release()->open();
     }));

@@ -8,10 +8,12 @@
 #include "desktop/ScreenLook.h"
 #include "notes/NoteText.h"
 #include "platform/richtext/RichText.h"
+#include "platform/text/Text.h"
 #include "ui_MemoForm.h"
 
 #include <QFile>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStandardPaths>
@@ -23,12 +25,14 @@ namespace quaverly {
 namespace {
 
 constexpr int AutosaveMilliseconds = 30'000;
+constexpr qsizetype ShownOfDraft = 100;
 
 } // namespace
 
-MemoForm::MemoForm(NoteBook book, Desktop &desktop, const Options &options, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::MemoForm>()), m_book(book), m_desktop(desktop),
-      m_search(desktop)
+MemoForm::MemoForm(NoteBook book, NoteDrafts drafts, Desktop &desktop, const Options &options,
+                   QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::MemoForm>()), m_book(book), m_drafts(drafts),
+      m_note(book, std::move(drafts)), m_desktop(desktop), m_search(desktop)
 {
     m_ui->setupUi(this);
     m_autosave.setSingleShot(true);
@@ -59,10 +63,10 @@ void MemoForm::wire()
     connect(m_ui->cmdPicture, &QPushButton::clicked, this, &MemoForm::cmdPicture_Click);
     connect(m_ui->ImageKeyboard, &QPushButton::clicked, this, &MemoForm::ImageKeyboard_Click);
     connect(m_ui->txtNotes, &QTextEdit::textChanged, this, &MemoForm::txtNotes_Change);
-    const auto save = [this] { handle([this] { saveNote(); }); };
-    connect(m_ui->txtNotes, &NoteText::left, this, save);
-    connect(&m_autosave, &QTimer::timeout, this, save);
+    connect(m_ui->txtNotes, &NoteText::left, this, &MemoForm::saveQuietly);
+    connect(&m_autosave, &QTimer::timeout, this, &MemoForm::saveQuietly);
     wireFormat();
+    QTimer::singleShot(0, this, [this] { handle([this] { offerDrafts(); }); });
 }
 
 void MemoForm::wireFormat()
@@ -95,7 +99,11 @@ void MemoForm::Form_Load(const Options &options)
     m_ui->ImageKeyboard->setVisible(options.TabletActive);
     if (options.TabletActive)
         sizeForFingers(*this);
-    m_book.repairTitles();
+    try {
+        m_book.repairTitles();
+    } catch (const dao::DaoError &) {
+        // On a full disk the notes can be read all the same.
+    }
     showTitles(m_book.lastIndex());
 }
 
@@ -119,14 +127,8 @@ void MemoForm::showNote(const QString &title)
 {
     const Hourglass hourglass(m_desktop);
     m_autosave.stop();
-    m_title = title;
-    m_openedText = title.isEmpty() ? QString() : m_book.text(title);
-    m_savedSinceOpened = false;
-    const QSignalBlocker quiet(m_ui->txtNotes);
-    const richtext::Reading reading = richtext::readRtfText(m_openedText, *m_ui->txtNotes->document());
-    m_ui->txtNotes->document()->setModified(false);
-    m_ui->txtNotes->moveCursor(QTextCursor::Start);
-    m_ui->lblNotice->setVisible(!reading.isWhole || !reading.keepsAll);
+    showText(m_note.open(title));
+    m_ui->lblUnsaved->hide();
     m_ui->txtNotes->setPlaceholderText(
         title.isEmpty() ? u"No note is open.  Choose one, or click Add New Note."_s : QString());
     for (QWidget *control : std::initializer_list<QWidget *>{
@@ -136,16 +138,85 @@ void MemoForm::showNote(const QString &title)
     showFormat(m_ui->txtNotes->currentCharFormat());
 }
 
+void MemoForm::showText(const QString &rtf)
+{
+    const QSignalBlocker quiet(m_ui->txtNotes);
+    const richtext::Reading reading = richtext::readRtfText(rtf, *m_ui->txtNotes->document());
+    m_ui->txtNotes->document()->setModified(false);
+    m_ui->txtNotes->moveCursor(QTextCursor::Start);
+    m_ui->lblNotice->setVisible(!reading.isWhole || !reading.keepsAll);
+}
+
+void MemoForm::offerDrafts()
+{
+    for (const NoteDraft &draft : m_drafts.all()) {
+        QTextDocument text;
+        static_cast<void>(richtext::readRtfText(draft.rtf, text));
+        QString beginning = text.toPlainText().simplified();
+        if (beginning.size() > ShownOfDraft)
+            beginning = beginning.first(ShownOfDraft) + u'…';
+        const QString question =
+            (draft.kind == NoteDraft::Kind::Typed
+                 ? u"On %1 the note \"%2\" could not be saved.  What was typed was kept:"_s
+                 : u"On %1 the note \"%2\" could not be put back as it was.  Its text from before was kept:"_s)
+                .arg(shortDate(draft.kept.toLocalTime()), draft.title) +
+            u"\n\n"_s + beginning +
+            u"\n\nYes puts it into the note, where Cancel takes it back.  No deletes it.\n\nUse this text?"_s;
+        if (m_desktop.MessageBox(question, windowTitle(), Icon::Question, Buttons::YesNo) == Answer::Yes)
+            showDraft(draft);
+        else
+            m_drafts.forget(draft);
+    }
+}
+
+void MemoForm::showDraft(const NoteDraft &draft)
+{
+    saveNote();
+    if (!m_book.titles().contains(draft.title, Qt::CaseInsensitive))
+        m_book.add(draft.title);
+    showTitles(static_cast<int>(m_book.titles().indexOf(draft.title)));
+    showText(draft.rtf);
+    m_ui->txtNotes->document()->setModified(true);
+    m_autosave.start();
+}
+
 // A note that was only looked at is never written again: it may hold more than is shown.
 void MemoForm::saveNote()
 {
     m_autosave.stop();
-    if (m_title.isEmpty() || !m_ui->txtNotes->document()->isModified())
+    if (m_note.title().isEmpty() || !m_ui->txtNotes->document()->isModified())
         return;
     const Hourglass hourglass(m_desktop);
-    m_book.save(m_title, QString::fromLatin1(richtext::toRtf(*m_ui->txtNotes->document())));
+    try {
+        m_note.save(QString::fromLatin1(richtext::toRtf(*m_ui->txtNotes->document())));
+    } catch (const dao::DaoError &error) {
+        tellUnsaved(error.description);
+        m_autosave.start();
+        throw;
+    }
     m_ui->txtNotes->document()->setModified(false);
-    m_savedSinceOpened = true;
+    m_ui->lblUnsaved->hide();
+}
+
+// A box here would swallow the click that took the focus away.
+void MemoForm::saveQuietly()
+{
+    // Cancel asks first whether anything is to be saved at all.
+    if (m_ui->cmdCancel->hasFocus())
+        return;
+    handle([this] {
+        try {
+            saveNote();
+        } catch (const dao::DaoError &) {
+            // It stands on the screen, and the next way out tells it.
+        }
+    });
+}
+
+void MemoForm::tellUnsaved(const QString &text)
+{
+    m_ui->lblUnsaved->setText(text.simplified());
+    m_ui->lblUnsaved->show();
 }
 
 void MemoForm::txtNotes_Change()
@@ -157,9 +228,12 @@ void MemoForm::txtNotes_Change()
 void MemoForm::cmbTitle_Click(int index)
 {
     const QString title = m_ui->cmbTitle->itemText(index);
-    if (title == m_title)
+    if (title == m_note.title())
         return;
     handle([&] {
+        // Before any box: leaving it, the title of another note would be taken for a new one.
+        const auto titleOfText = qScopeGuard(
+            [this] { m_ui->cmbTitle->setCurrentIndex(m_ui->cmbTitle->findText(m_note.title())); });
         saveNote();
         showNote(title);
     });
@@ -169,15 +243,15 @@ void MemoForm::cmbTitle_Validate()
 {
     const QString typed = m_ui->cmbTitle->currentText();
     // Enter reaches the box twice, by itself and through the list that it belongs to.
-    if (typed == m_title || m_titleRefused)
+    if (typed == m_note.title() || m_titleRefused || m_ui->cmdCancel->hasFocus())
         return;
     handle([&] {
         const QString title = noteTitle(typed);
-        const TitleFault fault = m_book.check(typed, m_title);
+        const TitleFault fault = m_book.check(typed, m_note.title());
         if (fault == TitleFault::None)
             return takeTitle(title);
         if (fault == TitleFault::Blank)
-            m_ui->cmbTitle->setEditText(m_title);
+            m_ui->cmbTitle->setEditText(m_note.title());
         m_titleRefused = true;
         QTimer::singleShot(0, this, [this] { m_titleRefused = false; });
         static_cast<void>(tellFault(fault, title));
@@ -187,8 +261,16 @@ void MemoForm::cmbTitle_Validate()
 
 void MemoForm::takeTitle(const QString &title)
 {
-    m_book.rename(m_title, title);
-    m_title = title;
+    try {
+        m_note.rename(title);
+    } catch (const dao::DaoError &error) {
+        m_ui->cmbTitle->setEditText(m_note.title());
+        tellUnsaved(error.description + u"  The title \"%1\" is not saved."_s.arg(title));
+        // On the way to something else, a box would swallow the click.
+        if (!m_ui->cmbTitle->hasFocus())
+            return;
+        throw;
+    }
     const QStringList titles = m_book.titles();
     fillTitles(titles, titles.indexOf(title));
 }
@@ -234,13 +316,13 @@ void MemoForm::cmdAdd_Click()
 void MemoForm::cmdDelete_Click()
 {
     handle([this] {
-        if (m_title.isEmpty())
+        if (m_note.title().isEmpty())
             return;
         if (m_desktop.MessageBox(u"Are you sure you want to delete this note?\r"_s, u"Confirmation"_s,
                                  Icon::Question, Buttons::YesNo) != Answer::Yes)
             return;
-        const int index = m_ui->cmbTitle->findText(m_title);
-        m_book.remove(m_title);
+        const int index = m_ui->cmbTitle->findText(m_note.title());
+        m_note.remove();
         showTitles(std::min(index, m_ui->cmbTitle->count() - 2));
     });
 }
@@ -269,9 +351,10 @@ void MemoForm::cmdCancel_Click()
         if (m_desktop.MessageBox(u"Lose any changes?"_s, u"Confirmation"_s, Icon::Question, Buttons::YesNo) !=
             Answer::Yes)
             return;
-        if (m_savedSinceOpened)
-            m_book.save(m_title, m_openedText);
+        m_autosave.stop();
+        // Whatever fails now, the screen goes.
         QDialog::reject();
+        m_note.takeBack();
     });
 }
 
@@ -282,12 +365,19 @@ void MemoForm::cmdExit_Click()
 
 void MemoForm::reject()
 {
-    const bool saved = handle([this] {
-        saveNote();
-        m_book.storeLastIndex(m_ui->cmbTitle->findText(m_title));
-    });
-    if (saved)
-        QDialog::reject();
+    const auto withWayOut = [](const dao::DaoError &error) {
+        return error.description + u"\n\nCancel leaves the notes all the same."_s;
+    };
+    if (!guarded(m_desktop, windowTitle(), [this] { saveNote(); }, {.text = withWayOut, .icon = Icon::Stop}))
+        return;
+    static_cast<void>(handle([this] {
+        try {
+            m_book.storeLastIndex(m_ui->cmbTitle->findText(m_note.title()));
+        } catch (const dao::DaoError &) {
+            // Nobody has to stay here for the sake of where the next time begins.
+        }
+    }));
+    QDialog::reject();
 }
 
 void MemoForm::cmdFontColor_Click()

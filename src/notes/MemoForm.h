@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "notes/NoteBook.h"
+#include "notes/OpenNote.h"
 #include "notes/TextSearch.h"
 
 #include <QDialog>
@@ -23,7 +23,8 @@ struct Options;
 
 /**
  * The catalogue's notes: a title and a formatted text each. Shown modally with open(); it goes when it is
- * closed. What is typed is saved at leaving the box and every half minute; Cancel takes it back.
+ * closed. What is typed is saved at leaving the box and every half minute; Cancel takes it back. What the
+ * catalogue doesn't take is kept as a draft, and offered when the screen is shown next.
  */
 class MemoForm final : public QDialog
 {
@@ -31,7 +32,8 @@ class MemoForm final : public QDialog
 
 public:
     /** The references outlive the screen. @throws dao::DaoError when the notes can't be read. */
-    MemoForm(NoteBook book, Desktop &desktop, const Options &options, QWidget *parent = nullptr);
+    MemoForm(NoteBook book, NoteDrafts drafts, Desktop &desktop, const Options &options,
+             QWidget *parent = nullptr);
     ~MemoForm() override;
 
     /** Esc and the close box: as the Exit button. */
@@ -59,7 +61,13 @@ private:
     void showTitles(int index);
     void fillTitles(const QStringList &titles, qsizetype index);
     void showNote(const QString &title);
+    void showText(const QString &rtf);
     void saveNote();
+    /** Without a box: the user is on the way to something else. */
+    void saveQuietly();
+    void tellUnsaved(const QString &text);
+    void offerDrafts();
+    void showDraft(const NoteDraft &draft);
     void takeTitle(const QString &title);
     [[nodiscard]] bool tellFault(TitleFault fault, const QString &title);
     void select(const std::optional<QTextCursor> &hit);
@@ -67,14 +75,11 @@ private:
 
     std::unique_ptr<Ui::MemoForm> m_ui;
     NoteBook m_book;
+    NoteDrafts m_drafts;
+    OpenNote m_note;
     Desktop &m_desktop;
     TextSearch m_search;
     QTimer m_autosave;
-    /** Of the note that is shown; empty when there is none. */
-    QString m_title;
-    /** That note's text when it was opened, for Cancel. */
-    QString m_openedText;
-    bool m_savedSinceOpened = false;
     /** A typed title was refused a moment ago. */
     bool m_titleRefused = false;
 };

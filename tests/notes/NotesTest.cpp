@@ -4,6 +4,7 @@
 #include "notes/NoteText.h"
 #include "notes/NotesForm.h"
 #include "platform/options/OptionsStore.h"
+#include "support/Limits.h"
 #include "support/QtPrinters.h"
 #include "support/ScriptedDesktop.h"
 #include "support/UserActs.h"
@@ -14,6 +15,7 @@
 #include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QImage>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -42,7 +44,10 @@ protected:
     }
     void open()
     {
-        form = std::make_unique<MemoForm>(NoteBook(store.catalogue(), store.settings()), desktop, options);
+        form = std::make_unique<MemoForm>(
+            NoteBook(store.catalogue(), store.settings()),
+            NoteDrafts({drafts.path() + u'/', store.folder() + u'/'}, store.catalogue().DatabaseFile),
+            desktop, options);
         form->show();
         form->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
@@ -58,6 +63,10 @@ protected:
         Q_EMIT titles().activated(titles().currentIndex());
     }
 
+    bool isUnsaved() { return child<QLabel>(*form, u"lblUnsaved"_s)->isVisible(); }
+    qsizetype draftCount() { return QDir(drafts.path()).entryList(QDir::Files).size(); }
+
+    QTemporaryDir drafts;
     StoreFixture store;
     ScriptedDesktop desktop;
     Options options;
@@ -223,6 +232,58 @@ TEST_F(TheNotes, KeepLettersColoursAndPictures)
     text().moveCursor(QTextCursor::End);
     EXPECT_TRUE(text().textCursor().charFormat().isImageFormat());
     EXPECT_EQ(text().textCursor().charFormat().fontPointSize(), 20);
+}
+
+TEST_F(TheNotes, CanBeLeftOnAFullDiskAndAreOfferedAgain)
+{
+    type(&text(), u"quickly "_s);
+    {
+        const FullDisk full(2000);
+        titles().setFocus();
+        EXPECT_TRUE(desktop.calls().isEmpty()) << "no box for a focus that was lost";
+        EXPECT_TRUE(isUnsaved());
+        desktop.willSee(u"is kept in the file"_s).willSee(u"is not saved"_s);
+        click(*form, u"cmdExit"_s);
+        EXPECT_TRUE(form->isVisible());
+        choose(u"Bands"_s);
+        EXPECT_EQ(titles().currentText(), u"Anna`s list"_s);
+        retype(titles().lineEdit(), u"Zebra"_s);
+        desktop.willAnswer(Answer::Yes, u"Lose any changes?"_s);
+        click(*form, u"cmdCancel"_s);
+        EXPECT_FALSE(form->isVisible());
+    }
+    EXPECT_FALSE(kept(u"Anna`s list"_s).contains(u"quickly"_s));
+    EXPECT_EQ(draftCount(), 1);
+
+    desktop.willAnswer(Answer::Yes, u"quickly buy records"_s);
+    open();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return text().toPlainText() == u"quickly buy records"_s; }));
+    desktop.willAnswer(Answer::Yes);
+    click(*form, u"cmdCancel"_s);
+    EXPECT_EQ(draftCount(), 1) << "until it is saved or refused";
+    desktop.willAnswer(Answer::Yes, u"quickly buy records"_s);
+    open();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return text().document()->isModified(); }));
+    click(*form, u"cmdExit"_s);
+    EXPECT_TRUE(kept(u"Anna`s list"_s).contains(u"quickly"_s));
+    EXPECT_EQ(draftCount(), 0);
+}
+
+TEST_F(TheNotes, ThatCantBePutBackAreOfferedAsTheyWere)
+{
+    type(&text(), u"never "_s);
+    titles().setFocus();
+    {
+        const FullDisk full(2000);
+        desktop.willAnswer(Answer::Yes, u"Lose any changes?"_s).willSee(u"Its text from before is kept"_s);
+        click(*form, u"cmdCancel"_s);
+        EXPECT_FALSE(form->isVisible());
+    }
+    EXPECT_TRUE(kept(u"Anna`s list"_s).contains(u"never"_s));
+    desktop.willAnswer(Answer::No, u"could not be put back as it was"_s);
+    open();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return draftCount() == 0; }));
+    EXPECT_TRUE(text().toPlainText().contains(u"never"_s));
 }
 
 TEST_F(TheNotes, SurviveTheirRowBeingDeletedElsewhere)
