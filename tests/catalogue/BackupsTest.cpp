@@ -110,9 +110,8 @@ TEST_F(TheCopies, AreAskedForWhenTheyCannotBeMade)
     expectQuestion(u"The window was closed before the copy was complete."_s);
     EXPECT_EQ(names(), QStringList());
 
-    const OrdinaryUser user({data.folder(), data.catalogue().DatabaseFile});
     data.close();
-    QFile::setPermissions(data.catalogue().DatabaseFile, QFile::ReadOwner);
+    const LockedFolder locked(data.catalogue().DatabaseFile, data.folder(), QFile::ReadOwner);
     data.open();
     EXPECT_TRUE(backups.beforeBulkCommand()) << "nothing will change in it";
     EXPECT_EQ(names(), QStringList());

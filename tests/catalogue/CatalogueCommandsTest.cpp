@@ -275,15 +275,14 @@ TEST_F(TheLooseCatalogue, IsKeptWhenItCannotBeCompacted)
 TEST_F(TheLooseCatalogue, IsKeptWithoutRights)
 {
     QFile::remove(file + u".temp"_s);
-    const OrdinaryUser user({data.folder(), file});
-    whenUnloaded = [&] { QFile::setPermissions(data.folder(), QFile::ReadOwner | QFile::ExeOwner); };
+    std::optional<LockedFolder> locked;
+    whenUnloaded = [&] { locked.emplace(data.folder(), data.folder()); };
     expectFailure(u"can't be opened"_s);
 
     // Open for reading now: nothing is closed for a compaction that can't be.
     desktop.willAnswer(Answer::Yes).willSee(u"read-only"_s);
     commands.mnuCompactDatabase_Click();
     EXPECT_EQ(acts, QStringList());
-    QFile::setPermissions(data.folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 TEST_F(TheCatalogue, IsEmptiedAfterTwoQuestionsAndTheProcessEnds)
@@ -313,9 +312,8 @@ TEST_F(TheCatalogue, IsEmptiedAfterTwoQuestionsAndTheProcessEnds)
 
 TEST_F(TheCatalogue, IsLeftAloneWhenItCannotBeEmptied)
 {
-    const OrdinaryUser user({data.folder(), file});
     data.close();
-    QFile::setPermissions(file, QFile::ReadOwner);
+    const LockedFolder locked(file, data.folder(), QFile::ReadOwner);
     ASSERT_EQ(startUp.run(), StartResult::Running);
     acts.clear();
     desktop.willAnswer(Answer::Yes).willAnswer(Answer::Yes).willSee(u"read-only"_s);

@@ -106,9 +106,9 @@ TEST_F(TheRename, IsNotedInOlderCataloguesAndNotBegunInReadOnlyOnes)
     dao::DBEngine(first).CreateEmpty(old);
     data.close();
     data.catalogue().DatabaseFile = old;
-    const OrdinaryUser user({old, data.folder()});
     for (const bool writable : {false, true}) {
-        QFile::setPermissions(old, writable ? QFile::ReadOwner | QFile::WriteOwner : QFile::ReadOwner);
+        const LockedFolder locked(old, data.folder(),
+                                  writable ? QFile::ReadOwner | QFile::WriteOwner : QFile::ReadOwner);
         data.open();
         if (writable)
             EXPECT_NO_THROW(keep());

@@ -74,10 +74,9 @@ TEST_F(IntakeTest, UnreadableMusicIsAddedByItsName)
 {
     write(u"locked.mp3"_s, mp3File(latin1Frame("TIT2", "Hidden")));
     write(u"locked.ogg"_s, oggFile({"TITLE=Hidden"}));
-    for (const char16_t *name : {u"locked.mp3", u"locked.ogg"})
-        QFile::setPermissions(music(QString::fromUtf16(name)), {});
     {
-        const OrdinaryUser user({m_store.folder(), m_store.catalogue().DatabaseFile});
+        const LockedFolder mp3(music(u"locked.mp3"_s), m_store.folder(), {});
+        const LockedFolder ogg(music(u"locked.ogg"_s), m_store.folder(), {});
         scan();
     }
     EXPECT_EQ(stored(u"SongName"_s), u"locked.mp3|locked.ogg"_s);

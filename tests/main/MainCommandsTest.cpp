@@ -161,8 +161,7 @@ TEST_F(MainCommandsTest, OptionsStayForTheNextRun)
 
 TEST_F(MainCommandsTest, OptionsThatCannotBeKeptSayWhyAndStayAsTheyAre)
 {
-    const OrdinaryUser user({m_dir.path(), path()});
-    QFile::setPermissions(path(), QFile::ReadOwner);
+    const LockedFolder locked(path(), m_dir.path(), QFile::ReadOwner);
     start(true);
     m_store = OptionsStore(u"/proc/quaverly/options.ini"_s);
     const std::pair<QString, QString> refused[] = {{u"mnuOptionWindowSize"_s, u"can't be saved"_s},

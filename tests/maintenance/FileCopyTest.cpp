@@ -99,7 +99,7 @@ TEST_F(FileCopy, TellsHowManyArrivedWhenTheDiskIsFullOrShut)
         QFile::remove(stick + Shared);
     }
     {
-        const OrdinaryUser user({store.folder()});
+        const LockedFolder locked(stick, store.folder());
         copyAll({u"could not be copied: 3\nPermission denied"_s, u" = 0"_s});
         EXPECT_EQ(onStick(), QStringList());
     }

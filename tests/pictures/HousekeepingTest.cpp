@@ -79,13 +79,11 @@ TEST_F(HousekeepingTest, EmptiesOneFolderAndNothingElse)
 TEST_F(HousekeepingTest, SaysWhatItCannotDelete)
 {
     writeFile(deleted(u"one.jpg"_s));
-    QFile::setPermissions(deleted(), QFile::ReadOwner | QFile::ExeOwner);
     {
-        const OrdinaryUser user({deleted(), m_store.folder()});
+        const LockedFolder locked(deleted(), m_store.folder());
         m_desktop.willAnswer(Answer::Yes).willSee(u"Path/File access error: "_s + deleted(u"one.jpg"_s));
         m_housekeeping.EmptyDeletedPicturesFolder_Click();
     }
-    QFile::setPermissions(deleted(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     EXPECT_EQ(count(deleted()), 1);
 }
 

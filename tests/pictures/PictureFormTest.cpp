@@ -262,13 +262,11 @@ TEST_F(PictureFormTest, LosesNothingWhenThePictureCannotBeWritten)
     EXPECT_FALSE(isClosed()) << "the picture is still there to be saved";
     EXPECT_EQ(QDir(pictures()).entryList(QDir::Files), QStringList{u"a.jpg"_s}) << "nothing half is left";
     EXPECT_TRUE(isNear(cornerOf(pictures(u"a.jpg"_s)), Qt::blue));
-    QFile::setPermissions(pictures(), QFile::ReadOwner | QFile::ExeOwner);
     {
-        const OrdinaryUser user({pictures(), m_store.folder()});
+        const LockedFolder locked(pictures(), m_store.folder());
         m_desktop.willSee(u"(Error 75)"_s);
         press(u"cmdClose"_s);
     }
-    QFile::setPermissions(pictures(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     EXPECT_TRUE(isNear(cornerOf(pictures(u"a.jpg"_s)), Qt::blue));
     QDir(pictures()).removeRecursively();
     writeFile(m_store.path(u"Pictures"_s), "a file");

@@ -63,8 +63,7 @@ protected:
     }
 
     QTemporaryDir m_folder;
-    QTemporaryDir m_elsewhere{QFileInfo(u"/dev/shm"_s).isWritable() ? u"/dev/shm/quaverly-XXXXXX"_s
-                                                                    : QDir::tempPath() + u"/other-XXXXXX"_s};
+    QTemporaryDir m_elsewhere{folderOnAnotherFileSystem()};
 };
 
 TEST_F(MusicFiles, AreRenamedAndMovedAsTheyAre)
@@ -131,7 +130,7 @@ TEST_F(MusicFiles, StayWhenTheyCannotBeMovedOrCopied)
 TEST_F(MusicFiles, StayWithoutRights)
 {
     write(path(u"to/deep/b.mp3"_s), "locked in");
-    const OrdinaryUser user({path(u"a.mp3"_s), m_folder.path(), path(u"to"_s)});
+    const LockedFolder locked(path(u"to/deep"_s), m_folder.path());
     EXPECT_EQ(moveError(path(u"a.mp3"_s), path(u"to/deep/a.mp3"_s)), 70);
     EXPECT_EQ(copyError(path(u"a.mp3"_s), path(u"to/deep/a.mp3"_s)), 70);
     EXPECT_EQ(moveError(path(u"to/deep/b.mp3"_s), path(u"b.mp3"_s)), 70);

@@ -91,11 +91,6 @@ TEST_F(CatalogueFiles, WithoutRightsAFileIsReadOrRefusedButNotLost)
 {
     store.addSong(Song(u"x"_s));
     store.close();
-    const auto rights = [](const QString &name, int unixRights) {
-        const auto permissions = QFile::Permissions::fromInt(
-            (unixRights & 0700) << 6 | (unixRights & 0700) << 2 | (unixRights & 070) << 1 | (unixRights & 7));
-        EXPECT_TRUE(QFile::setPermissions(name, permissions));
-    };
     const auto readAndWrite = [&] {
         const auto db = store.engine().OpenDatabase(path);
         EXPECT_FALSE(db->Updatable());
@@ -103,25 +98,23 @@ TEST_F(CatalogueFiles, WithoutRightsAFileIsReadOrRefusedButNotLost)
             throw dao::DaoError(1, u"wrong rows"_s);
         db->Execute(u"Delete * From tblContacts"_s);
     };
-    const auto asNobody = [](const auto &run) {
-        const OrdinaryUser user({});
-        return errorOf(run);
-    };
     const auto open = [&] { static_cast<void>(store.engine().OpenDatabase(path)); };
     const QByteArray before = bytesOf(path);
-    rights(store.folder(), 0755);
-    rights(path, 0444);
-    EXPECT_EQ(asNobody(readAndWrite), dao::ReadOnly);
-    rights(store.folder(), 0555);
-    EXPECT_EQ(asNobody(readAndWrite), dao::ReadOnly);
-    EXPECT_EQ(asNobody([&] { static_cast<void>(store.engine().RepairDatabase(path)); }), dao::ReadOnly);
-    EXPECT_EQ(asNobody([&] { store.engine().CompactDatabase(path, path + u"2"_s); }), dao::PathFileAccess);
-    EXPECT_EQ(asNobody([&] { store.engine().CreateEmpty(path + u"2"_s); }), dao::PathFileAccess);
-    rights(path, 0);
-    EXPECT_EQ(asNobody(open), dao::PermissionDenied);
-    rights(store.folder(), 0700);
-    EXPECT_EQ(asNobody(open), dao::PermissionDenied);
-    rights(path, 0600);
+    {
+        const LockedFolder readOnly(path, store.folder(), QFile::ReadOwner);
+        EXPECT_EQ(errorOf(readAndWrite), dao::ReadOnly);
+        const LockedFolder folder(store.folder(), store.folder());
+        EXPECT_EQ(errorOf(readAndWrite), dao::ReadOnly);
+        EXPECT_EQ(errorOf([&] { static_cast<void>(store.engine().RepairDatabase(path)); }), dao::ReadOnly);
+        EXPECT_EQ(errorOf([&] { store.engine().CompactDatabase(path, path + u"2"_s); }), dao::PathFileAccess);
+        EXPECT_EQ(errorOf([&] { store.engine().CreateEmpty(path + u"2"_s); }), dao::PathFileAccess);
+        const LockedFolder closed(path, store.folder(), {});
+        EXPECT_EQ(errorOf(open), dao::PermissionDenied);
+    }
+    {
+        const LockedFolder closed(path, store.folder(), {});
+        EXPECT_EQ(errorOf(open), dao::PermissionDenied);
+    }
     EXPECT_EQ(bytesOf(path), before);
     EXPECT_EQ(files(), QStringList{QFileInfo(path).fileName()});
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QStringList>
+#include <QFile>
+#include <QString>
 
 namespace quaverly::test {
 
@@ -18,17 +19,26 @@ private:
     qint64 m_before = 0;
 };
 
-/** For the length of a scope this process has the rights of an ordinary user, who owns @p paths. */
-class OrdinaryUser final
+/**
+ * For the length of a scope @p path, a folder or a file, grants its owner no more than @p rights. Root, whom
+ * no mode keeps out, is an ordinary user meanwhile, who owns @p home and all that it holds.
+ */
+class LockedFolder final
 {
 public:
-    explicit OrdinaryUser(const QStringList &paths);
-    ~OrdinaryUser();
-    OrdinaryUser(const OrdinaryUser &) = delete;
-    OrdinaryUser &operator=(const OrdinaryUser &) = delete;
+    LockedFolder(QString path, const QString &home,
+                 QFile::Permissions rights = QFile::ReadOwner | QFile::ExeOwner);
+    ~LockedFolder();
+    LockedFolder(const LockedFolder &) = delete;
+    LockedFolder &operator=(const LockedFolder &) = delete;
 
 private:
     bool m_wasRoot = false;
+    QString m_path;
+    QFile::Permissions m_before;
 };
+
+/** What to name a temporary folder on another file system than the usual one's; empty where there is none. */
+[[nodiscard]] QString folderOnAnotherFileSystem();
 
 } // namespace quaverly::test
