@@ -7,8 +7,6 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 
-#include <QDir>
-
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -36,7 +34,7 @@ QString DatabaseLocation::browse()
 {
     QString folder =
         m_desktop.BrowseForFolder(u"Pick the folder where the database is located"_s, u"Select a Folder"_s,
-                                  m_lastFolder.isEmpty() ? QDir::currentPath() : m_lastFolder);
+                                  m_lastFolder.isEmpty() ? m_catalogue.DatabaseFolder : m_lastFolder);
     if (!folder.isEmpty())
         m_lastFolder = folder;
     return folder;

@@ -3,16 +3,23 @@
 
 #include "desktop/FileFilter.h"
 #include "desktop/FileHelpers.h"
+#include "desktop/InputForm.h"
+#include "desktop/MusicFolder.h"
+#include "desktop/PathCompleter.h"
 #include "desktop/ScreenLook.h"
 
+#include <QAction>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QScreen>
 #include <QSplitter>
+#include <QToolButton>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
@@ -29,10 +36,97 @@ constexpr int SidebarColumns = 20;
 /** The folder, or the nearest one above it that is still there. */
 QString existingFolder(const QString &folder)
 {
-    QString found = folder.isEmpty() ? QDir::currentPath() : QDir::cleanPath(folder);
+    QString found = folder.isEmpty() ? musicFolder() : QDir::cleanPath(folder);
     while (!FolderExists(found) && found.contains(u'/'))
         found = found.section(u'/', 0, -2);
     return found.isEmpty() ? QDir::rootPath() : found;
+}
+
+/**
+ * The dialog as this program uses it: nothing on the disk is renamed or deleted in it, and what stands in
+ * the line is what is taken.
+ */
+class PathDialog final : public QFileDialog
+{
+public:
+    PathDialog(QWidget *owner, const QString &title, const QString &startFolder);
+
+    /** For names to be saved under: those that lack the kind's ending get it. */
+    void setEndings(const QList<FileFilter> &filters) { m_filters = filters; }
+    /** Lets the user make a folder, under a name that is asked for first. */
+    void allowNewFolders();
+    void accept() override;
+
+private:
+    void createFolder();
+    void typingCounts();
+    void completeName();
+
+    QLineEdit *m_line;
+    QList<FileFilter> m_filters;
+};
+
+PathDialog::PathDialog(QWidget *owner, const QString &title, const QString &startFolder)
+    : QFileDialog(owner, title, existingFolder(startFolder))
+{
+    setOption(DontUseNativeDialog);
+    setOption(ReadOnly);
+    for (const auto &name : {u"qt_rename_action"_s, u"qt_delete_action"_s, u"qt_new_folder_action"_s})
+        findChild<QAction *>(name)->setVisible(false);
+    findChild<QWidget *>(u"newFolderButton"_s)->hide();
+    m_line = findChild<QLineEdit *>(u"fileNameEdit"_s);
+    m_line->setCompleter(new PathCompleter(*findChild<QFileSystemModel *>(), m_line));
+    typingCounts();
+}
+
+// By itself the dialog chooses in its list what is being typed, letter by letter, and while the list of
+// completions is down it may keep a folder on the way there instead of the one that was meant.
+void PathDialog::typingCounts()
+{
+    disconnect(m_line, SIGNAL(textChanged(QString)), this, SLOT(_q_autoCompleteFileName(QString)));
+    connect(m_line, &QLineEdit::textEdited, findChild<QTreeView *>(u"treeView"_s)->selectionModel(),
+            &QItemSelectionModel::clearSelection);
+}
+
+void PathDialog::allowNewFolders()
+{
+    // In place of the dialog's own, which names the folder afterwards.
+    auto *own = findChild<QToolButton *>(u"newFolderButton"_s);
+    auto *button = new QToolButton(this);
+    button->setObjectName(u"cmdNewFolder"_s);
+    button->setIcon(own->icon());
+    button->setToolTip(own->toolTip());
+    button->setAccessibleName(own->accessibleName());
+    delete layout()->replaceWidget(own, button);
+    connect(button, &QToolButton::clicked, this, &PathDialog::createFolder);
+}
+
+void PathDialog::createFolder()
+{
+    InputForm form(this);
+    form.setPrompt(tr("Enter the name of the new folder."), tr("New Folder"));
+    form.exec();
+    const QString name = form.text().trimmed();
+    if (name.isEmpty())
+        return;
+    if (IsValidFileName(name) && directory().mkdir(name))
+        setDirectory(directory().filePath(name));
+    else
+        QMessageBox::warning(this, tr("New Folder"), tr("The folder \"%1\" can't be made here.").arg(name));
+}
+
+void PathDialog::completeName()
+{
+    const QString name = m_line->text();
+    if (!name.trimmed().isEmpty() && !FolderExists(directory().filePath(name)))
+        m_line->setText(withEnding(name, m_filters, nameFilters().indexOf(selectedNameFilter())));
+}
+
+void PathDialog::accept()
+{
+    if (acceptMode() == AcceptSave)
+        completeName();
+    QFileDialog::accept();
 }
 
 QStringList nameFilters(const QList<FileFilter> &filters)
@@ -110,14 +204,14 @@ std::optional<QString> answerOf(QFileDialog &dialog)
 std::optional<QString> askForFile(FileDialogKind kind, const FileQuestion &question, QWidget *owner)
 {
     const QList<FileFilter> filters = parseFilter(question.filter);
-    QFileDialog dialog(owner, question.title, existingFolder(question.startFolder));
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    PathDialog dialog(owner, question.title, question.startFolder);
     // The descriptions name their patterns themselves.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(filters));
     if (kind == FileDialogKind::Save) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
-        dialog.setDefaultSuffix(defaultExtension(filters));
+        dialog.setEndings(filters);
+        dialog.allowNewFolders();
     } else {
         dialog.setFileMode(QFileDialog::ExistingFile);
     }
@@ -127,10 +221,10 @@ std::optional<QString> askForFile(FileDialogKind kind, const FileQuestion &quest
 
 QString askForFolder(const QString &prompt, const QString &title, const QString &startFolder, QWidget *owner)
 {
-    QFileDialog dialog(owner, title, existingFolder(startFolder));
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    PathDialog dialog(owner, title, startFolder);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setFileMode(QFileDialog::Directory);
+    dialog.allowNewFolders();
     addPrompt(dialog, prompt);
     const std::optional<QString> folder = answerOf(dialog);
     return folder ? EnsureBackslash(*folder) : QString();

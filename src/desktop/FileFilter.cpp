@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/FileFilter.h"
 
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -20,6 +22,15 @@ QStringList parsePatterns(const QString &text)
     return patterns.isEmpty() ? QStringList{u"*"_s} : patterns;
 }
 
+/** Of the first pattern, without the point; empty when it has none of its own. */
+QString extensionOf(const FileFilter &filter)
+{
+    const QString pattern = filter.patterns.first();
+    const QString extension = pattern.section(u'.', -1);
+    const bool isOne = pattern.contains(u'.') && !extension.contains(u'*') && !extension.contains(u'?');
+    return isOne ? extension : QString();
+}
+
 } // namespace
 
 QList<FileFilter> parseFilter(const QString &filter)
@@ -37,14 +48,17 @@ QList<FileFilter> parseFilter(const QString &filter)
     return filters;
 }
 
-QString defaultExtension(const QList<FileFilter> &filters)
+QString withEnding(const QString &name, const QList<FileFilter> &filters, qsizetype chosen)
 {
-    if (filters.isEmpty())
-        return {};
-    const QString pattern = filters.first().patterns.first();
-    const QString extension = pattern.section(u'.', -1);
-    const bool isOne = pattern.contains(u'.') && !extension.contains(u'*') && !extension.contains(u'?');
-    return isOne ? extension : QString();
+    static const QRegularExpression ending(u"\\.[A-Za-z][A-Za-z0-9]{0,4}$"_s);
+    if (ending.match(name).hasMatch())
+        return name;
+    QString wanted = chosen >= 0 && chosen < filters.size() ? extensionOf(filters.at(chosen)) : QString();
+    for (const FileFilter &filter : filters)
+        wanted = wanted.isEmpty() ? extensionOf(filter) : wanted;
+    if (wanted.isEmpty())
+        return name;
+    return (name.endsWith(u'.') ? name.chopped(1) : name) + u'.' + wanted;
 }
 
 } // namespace quaverly

@@ -23,7 +23,10 @@ struct FileFilter
  */
 [[nodiscard]] QList<FileFilter> parseFilter(const QString &filter);
 
-/** The first pattern's extension without the point, or the empty text when it has none of its own. */
-[[nodiscard]] QString defaultExtension(const QList<FileFilter> &filters);
+/**
+ * @p name with an ending: its own, or that of the kind at @p chosen, or of the first kind that has one.
+ * What is no short word behind the last point, as in "Best of Vol. 2", is no ending.
+ */
+[[nodiscard]] QString withEnding(const QString &name, const QList<FileFilter> &filters, qsizetype chosen);
 
 } // namespace quaverly

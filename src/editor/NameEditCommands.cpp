@@ -4,6 +4,7 @@
 #include "catalogue/Options.h"
 #include "desktop/FileHelpers.h"
 #include "desktop/KeySender.h"
+#include "desktop/MusicFolder.h"
 #include "editor/EditorState.h"
 #include "editor/LeaveGate.h"
 #include "songlist/DisplayedSet.h"
@@ -11,7 +12,6 @@
 #include "ui_NameEdit.h"
 
 #include <QAbstractItemView>
-#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -302,7 +302,7 @@ void NameEdit::cmdBrowsePath_Click()
 {
     handle([this] {
         if (m_parts.MusicFolder.isEmpty())
-            m_parts.MusicFolder = QDir::currentPath();
+            m_parts.MusicFolder = musicFolder();
         if (!m_ui->txtPathName->text().isEmpty())
             m_parts.MusicFolder = m_ui->txtPathName->text();
         const QString folder = m_parts.desktop.BrowseForFolder(u"Pick a folder to move this file into"_s,

@@ -4,13 +4,12 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
+#include "desktop/MusicFolder.h"
 #include "intake/IntakeState.h"
 #include "intake/MusicLoader.h"
 #include "intake/Quietly.h"
 #include "songlist/MainScreen.h"
 #include "songlist/PlayerState.h"
-
-#include <QDir>
 
 #include <utility>
 
@@ -79,7 +78,7 @@ void AddCommands::addMusicFolder()
 {
     m_mainScreen.unloadPics3();
     if (m_state.MusicFolder.isEmpty())
-        m_state.MusicFolder = QDir::currentPath();
+        m_state.MusicFolder = musicFolder();
     const QString folder = m_desktop.BrowseForFolder(u"Add a Folder of Music Files including subfolders"_s,
                                                      u"Select a Folder"_s, m_state.MusicFolder);
     if (folder.isEmpty())
@@ -94,7 +93,7 @@ void AddCommands::addMusicFolder()
 void AddCommands::addOneMusicFile()
 {
     if (m_state.MusicFolder.isEmpty())
-        m_state.MusicFolder = QDir::currentPath();
+        m_state.MusicFolder = musicFolder();
     const auto chosen = m_desktop.ShowOpenDialog(musicFileQuestion(EnsureBackslash(m_state.MusicFolder)));
     if (!chosen)
         return;

@@ -4,6 +4,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
+#include "desktop/MusicFolder.h"
 #include "maintenance/ScreenAtRest.h"
 #include "platform/shell/Columns.h"
 #include "platform/shell/FileCopy.h"
@@ -11,7 +12,6 @@
 #include "platform/text/Text.h"
 #include "songlist/DisplayedSet.h"
 
-#include <QDir>
 #include <QSet>
 
 #include <algorithm>
@@ -104,7 +104,7 @@ void FileCopyCommands::copyDisplayed()
 
 QString FileCopyCommands::browse(const QString &prompt, const QString &title)
 {
-    const QString start = m_copyFolder.isEmpty() ? QDir::currentPath() : m_copyFolder;
+    const QString start = m_copyFolder.isEmpty() ? musicFolder() : m_copyFolder;
     QString folder = m_parts.desktop.BrowseForFolder(prompt, title, start);
     if (!folder.isEmpty())
         m_copyFolder = folder;

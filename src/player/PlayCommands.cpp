@@ -5,6 +5,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
+#include "desktop/MusicFolder.h"
 #include "platform/text/Text.h"
 #include "player/FileNotFound.h"
 #include "player/FolderSongs.h"
@@ -14,7 +15,6 @@
 #include "songlist/DataControl.h"
 #include "songlist/PlayerState.h"
 
-#include <QDir>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -177,7 +177,7 @@ void PlayCommands::playList(PlayRequest request)
 QString PlayCommands::askForFolder(const QString &title)
 {
     if (m_parts.LastMusicFolder.isEmpty())
-        m_parts.LastMusicFolder = QDir::currentPath();
+        m_parts.LastMusicFolder = musicFolder();
     return m_parts.desktop.BrowseForFolder(u"Select a Folder"_s, title, m_parts.LastMusicFolder);
 }
 

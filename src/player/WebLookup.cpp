@@ -52,7 +52,7 @@ void WebLookup::cmdEditTags_Click(const QString &pathName) const
     if (folder.isEmpty() || !FolderExists(folder))
         return;
     static_cast<void>(m_desktop.ShowOpenDialog(
-        {u"Right-click a file and choose Properties, then click the Details tab to edit File Tags."_s,
+        {u"Music files in this song's folder"_s,
          u"Music files "
          u"(*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac)|*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac"
          "|All Files (*.*)|*.*"_s,

@@ -4,6 +4,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
+#include "desktop/MusicFolder.h"
 #include "platform/shell/FileCopy.h"
 #include "platform/text/Text.h"
 #include "player/PlayListSql.h"
@@ -11,7 +12,6 @@
 #include "playlists/FilePrefix.h"
 #include "songlist/DisplayedSet.h"
 
-#include <QDir>
 #include <QLocale>
 #include <QScopeGuard>
 #include <QSet>
@@ -26,7 +26,6 @@ constexpr auto Extension = ".m3u"_L1;
 /** Where the bar of the please-wait window ends when all files were copied. */
 constexpr double CopyBarTwips = 6300;
 /** A program started there has no folder of the user's. */
-constexpr auto DefaultInstallFolder = "C:\\Program Files (x86)\\Quaverly"_L1;
 
 QString copyTitle()
 {
@@ -84,10 +83,7 @@ void PlayListFiles::mnuFileDisplayOnly_Click()
 
 QString PlayListFiles::startFolder(const QString &lastFolder) const
 {
-    if (!lastFolder.isEmpty())
-        return lastFolder;
-    const QString current = QDir::currentPath();
-    return current == DefaultInstallFolder ? m_parts.catalogue.DatabaseFolder : current;
+    return lastFolder.isEmpty() ? musicFolder() : lastFolder;
 }
 
 void PlayListFiles::makePlayListFile()

@@ -125,7 +125,7 @@ TEST_F(TheLocationScreen, KeepsTheFolderThatIsBrowsedOrTyped)
     EXPECT_EQ(path->text(), catalogue.folder());
     desktop.willBrowse(first);
     click(*form, u"cmdBrowsePath"_s);
-    EXPECT_EQ(desktop.lastCall().startFolder, QDir::currentPath());
+    EXPECT_EQ(desktop.lastCall().startFolder, catalogue.folder());
     desktop.willBrowse({});
     click(*form, u"cmdBrowsePath"_s);
     EXPECT_EQ(desktop.lastCall().startFolder, first);

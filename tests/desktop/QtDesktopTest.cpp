@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/QtDesktop.h"
+#include "desktop/FileHelpers.h"
+#include "desktop/MusicFolder.h"
 #include "desktop/OnScreenKeyboard.h"
 #include "platform/options/OptionsStore.h"
 #include "support/Files.h"
 #include "support/UserActs.h"
 
+#include <QAbstractItemView>
+#include <QAction>
 #include <QColorDialog>
+#include <QCompleter>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QTemporaryDir>
@@ -160,6 +166,38 @@ TEST_F(TheDesktop, TheFolderDialogShowsItsPromptAndEndsInASeparator)
               path(u"Abba/"_s));
     test::inDialog([](QWidget &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_EQ(desktop.BrowseForFolder(u"P"_s, u"T"_s, m_folder.path()), QString());
+}
+
+// "/x/music2" begins like "/x/music", the folder on show.
+TEST_F(TheDesktop, TheFolderDialogTakesTheFolderInItsLineAndDeletesNone)
+{
+    for (const auto &folder : {u"music"_s, u"music2"_s})
+        ASSERT_TRUE(QDir().mkdir(path(folder)));
+    test::inDialog([this](QWidget &dialog) {
+        for (const auto &act : {u"qt_delete_action"_s, u"qt_rename_action"_s})
+            EXPECT_FALSE(child<QAction>(dialog, act)->isVisible());
+        auto *line = child<QLineEdit>(dialog, u"fileNameEdit"_s);
+        test::type(line, path(u"mus"_s));
+        QAbstractItemView *list = line->completer()->popup();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return list->isVisible() && list->model()->rowCount() == 2; }));
+        QTest::keyClick(list, Qt::Key_Down);
+        QTest::keyClick(list, Qt::Key_Down);
+        EXPECT_EQ(line->text(), path(u"music2"_s));
+        test::click(child<QDialogButtonBox>(dialog, u"buttonBox"_s)->buttons().first());
+    });
+    EXPECT_EQ(desktop.BrowseForFolder(u"P"_s, u"T"_s, path(u"music"_s)), path(u"music2/"_s));
+    EXPECT_TRUE(FolderExists(musicFolder()));
+    test::inDialog([this](QWidget &dialog) {
+        EXPECT_EQ(dynamic_cast<QFileDialog &>(dialog).directory(), QDir(musicFolder()));
+        test::inDialog([](QWidget &prompt) {
+            test::type(child<QLineEdit>(prompt, u"txtInput"_s), u"New"_s);
+            test::click(prompt, u"cmdOK"_s);
+        });
+        dynamic_cast<QFileDialog &>(dialog).setDirectory(m_folder.path());
+        test::click(dialog, u"cmdNewFolder"_s);
+        test::click(child<QDialogButtonBox>(dialog, u"buttonBox"_s)->buttons().first());
+    });
+    EXPECT_EQ(desktop.BrowseForFolder(u"P"_s, u"T"_s, {}), path(u"New/"_s));
 }
 
 bool isBusy()

@@ -37,8 +37,14 @@ TEST(FileFilters, ReadFromTheBarForm)
     };
     for (const Case &one : cases) {
         EXPECT_EQ(parseFilter(one.filter), one.expected) << one.filter.toStdString();
-        EXPECT_EQ(defaultExtension(parseFilter(one.filter)), one.extension) << one.filter.toStdString();
+        const QString ending = one.extension.isEmpty() ? QString() : u'.' + one.extension;
+        EXPECT_EQ(withEnding(u"Best of Vol. 2"_s, one.expected, 0), u"Best of Vol. 2"_s + ending);
     }
+    const QList<FileFilter> filters =
+        parseFilter(u"All Files (*.*)|*.*|csv (*.csv)|*.csv|m3u (*.m3u)|*.m3u"_s);
+    EXPECT_EQ(withEnding(u"Songs"_s, filters, 0), u"Songs.csv"_s);
+    EXPECT_EQ(withEnding(u"Songs."_s, filters, 2), u"Songs.m3u"_s);
+    EXPECT_EQ(withEnding(u"Songs.txt"_s, filters, 1), u"Songs.txt"_s);
 }
 
 TEST(DisplayTexts, EveryLineEndIsOneBreakAndLongWordsLoseNothing)

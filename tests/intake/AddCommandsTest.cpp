@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/MusicFolder.h"
 #include "intake/IntakeFixture.h"
 #include "support/UserActs.h"
 
@@ -25,7 +26,7 @@ TEST_F(IntakeTest, AFolderOrAFileIsAskedForAndAdded)
     writeAll({u"all/a.mp3", u"one.mp3"}, mp3File());
     m_desktop.willBrowse({});
     m_commands->AddMusicFolder_Click();
-    EXPECT_EQ(m_desktop.lastCall().startFolder, QDir::currentPath());
+    EXPECT_EQ(m_desktop.lastCall().startFolder, musicFolder());
     EXPECT_EQ(m_mainScreen.pics3Unloads, 1);
     EXPECT_EQ(m_mainScreen.gridFocuses, 0);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MaintenanceFixture.h"
 
+#include "desktop/MusicFolder.h"
 #include "maintenance/FileCopyCommands.h"
 #include "support/Files.h"
 #include "support/Limits.h"
@@ -61,7 +62,7 @@ TEST_F(FileCopy, CopiesWhatIsDisplayedOnceUnderEachName)
 {
     const QString done = u"Number of files copied to folder\n%1 = "_s.arg(stick);
     copyAll({done + u'2'}, stick + u'/');
-    EXPECT_EQ(desktop.calls().at(0).startFolder, QDir::currentPath());
+    EXPECT_EQ(desktop.calls().at(0).startFolder, musicFolder());
     EXPECT_EQ(onStick(), (QStringList{Shared, Big}));
     EXPECT_EQ(bytesOf(stick + Shared), "first") << "the list's first";
     EXPECT_EQ(bytesOf(stick + Big).size(), 300'000);

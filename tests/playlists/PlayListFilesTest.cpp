@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlists/PlayListFiles.h"
 
+#include "desktop/MusicFolder.h"
 #include "platform/media/ListFile.h"
 #include "playlists/FilePrefix.h"
 #include "playlists/PlayListFixture.h"
@@ -63,7 +64,7 @@ TEST_F(ThePlayListFiles, AreWrittenForOtherPlayers)
     m_desktop.willSave(m_store.path(u"party"_s)).willType(u"this machine"_s).willSee();
     choose(u"mnuFileMakePlayListFile");
     EXPECT_EQ(m_desktop.calls().first().offered, u"What_ A_B.m3u"_s);
-    EXPECT_EQ(m_desktop.calls().first().startFolder, QDir::currentPath());
+    EXPECT_EQ(m_desktop.calls().first().startFolder, musicFolder());
     const QString written = m_store.path(u"party.m3u"_s);
     const QStringList lines{m_store.path(u"music/Größe.mp3"_s), m_store.path(u"music/gone, 曲 #1.flac"_s)};
     EXPECT_EQ(m_desktop.lastCall().text, u"Number of song file names written to play list file\r\n   \""_s +
