@@ -31,7 +31,8 @@ QByteArray mutated(QByteArray text, const QByteArray &other, QRandomGenerator &r
 {
     static const QByteArrayList pieces =
         QByteArray("{|}|\\par |\\u-3913?|\\bin9 |\\'8f|{\\*\\x |\\uc3 |\\f1 |{\\pict\\pngblip 8950}|\\v |"
-                   "\\cell|\\page |\xE9|\\pard\\pagebb |\\fs99999999999 |\\cf7\\li-99 |\\line |\\")
+                   "\\cell|\\page |\xE9|\\pard\\pagebb |\\fs99999999999 |\\cf7\\li-99 |\\line |\\*|{\\*\\pn "
+                   "|\\ls1 |\\")
             .split('|');
     const auto below = [&](qsizetype limit) {
         return random.bounded(static_cast<int>(std::max<qsizetype>(limit, 1)));

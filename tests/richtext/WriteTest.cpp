@@ -39,6 +39,7 @@ TEST(WriteRtf, FormatsComeBackAsTheyWere)
         "<span style='font-family:\"Tïmes; New\";font-size:7.5pt;color:#123456;background:#ff0'>x</span>"
         "</p><p>{\\}\ttab é夜𐌲&nbsp;<br>line</p><p></p>"_s);
     const QByteArray first = toRtf(document, {.marginTwips = 720});
+    EXPECT_TRUE(first.contains("\\u233\\'3f"));
     EXPECT_TRUE(first.contains("\\margl720\\margr720\\margt720\\margb720"));
     const Reading reading = readRtf(first, reread);
     EXPECT_TRUE(reading.isWhole && reading.keepsAll);

@@ -39,6 +39,7 @@ Reading RtfReader::read()
 
 void RtfReader::take(const Token &token)
 {
+    m_opened = std::exchange(m_opening, token.kind == Token::Kind::Open);
     switch (token.kind) {
     case Token::Kind::Open:
         open();
@@ -127,8 +128,9 @@ void RtfReader::byte(char value)
 
 void RtfReader::word(const Token &token)
 {
+    // Elsewhere than behind a brace it means nothing.
     if (token.text == "*") {
-        m_starred = true;
+        m_starred = m_opened;
         return;
     }
     const bool starred = std::exchange(m_starred, false);
@@ -140,7 +142,7 @@ void RtfReader::word(const Token &token)
         return;
     }
     if (starred && word.action == Action::None)
-        group().target = Target::Nothing;
+        skip(group().target == Target::Text && !holdsNoText(token.text));
     switch (group().target) {
     case Target::Text:
         inText(word, token.number);
@@ -159,96 +161,35 @@ void RtfReader::word(const Token &token)
     }
 }
 
+// The group holds what only other readers know of; with that, a part of the text may be left out.
+void RtfReader::skip(bool loses)
+{
+    // So deep, what follows the group is skipped as well.
+    if (loses || m_deeper > 0)
+        m_reading.keepsAll = false;
+    group().target = Target::Nothing;
+}
+
 void RtfReader::inText(const Word &word, std::optional<int> number)
 {
-    if (word.action == Action::None)
-        return;
-    if (word.action < Action::NewParagraphStyle)
-        character(word, number);
-    else if (word.action < Action::Character)
-        paragraph(word, number.value_or(0));
-    else if (word.action < Action::Enter)
+    switch (partOf(word.action)) {
+    case Part::None:
+        break;
+    case Part::Character:
+        flush();
+        change(group().character, word, number);
+        break;
+    case Part::Paragraph:
+        change(group().paragraph, word, number.value_or(0));
+        break;
+    case Part::Text:
         insert(word, number.value_or(1));
-    else if (word.action < Action::DocumentCodePage)
+        break;
+    case Part::Group:
         beginTarget(word.action);
-    else
+        break;
+    case Part::File:
         document(word, number.value_or(0));
-}
-
-void RtfReader::character(const Word &word, std::optional<int> number)
-{
-    flush();
-    CharState &state = group().character;
-    const bool on = number.value_or(1) != 0;
-    switch (word.action) {
-    case Action::Plain:
-        state = {};
-        break;
-    case Action::Bold:
-        state.bold = on;
-        break;
-    case Action::Italic:
-        state.italic = on;
-        break;
-    case Action::Underline:
-        state.underline = on && word.value != 0;
-        break;
-    case Action::StrikeOut:
-        state.strikeOut = on;
-        break;
-    case Action::Hidden:
-        state.hidden = on;
-        break;
-    case Action::Script:
-    case Action::Raised:
-        state.script = on ? word.value : 0;
-        break;
-    case Action::Font:
-        state.font = number.value_or(-1);
-        break;
-    case Action::FontSize:
-        state.halfPoints = number.value_or(CharState().halfPoints);
-        break;
-    case Action::Color:
-        state.color = number.value_or(0);
-        break;
-    case Action::Background:
-        state.background = number.value_or(0);
-        break;
-    default:
-        break;
-    }
-}
-
-void RtfReader::paragraph(const Word &word, int number)
-{
-    ParagraphState &state = group().paragraph;
-    switch (word.action) {
-    case Action::NewParagraphStyle:
-        state = {};
-        break;
-    case Action::Align:
-        state.align = static_cast<ParagraphState::Align>(word.value);
-        break;
-    case Action::LeftIndent:
-        state.left = number;
-        break;
-    case Action::RightIndent:
-        state.right = number;
-        break;
-    case Action::FirstLine:
-        state.firstLine = number;
-        break;
-    case Action::SpaceBefore:
-        state.before = number;
-        break;
-    case Action::SpaceAfter:
-        state.after = number;
-        break;
-    case Action::BreakBefore:
-        state.breakBefore = true;
-        break;
-    default:
         break;
     }
 }
@@ -272,29 +213,51 @@ void RtfReader::insert(const Word &word, int number)
     case Action::Unicode:
         unicode(number);
         break;
+    case Action::Made:
+        m_reading.keepsAll = false;
+        break;
     case Action::Cell:
         m_reading.keepsAll = false;
         append(u'\t');
         break;
     case Action::Row:
     case Action::EndParagraph:
-        m_builder.endParagraph(group().paragraph);
+        endParagraph();
         break;
     default:
         break;
     }
 }
 
+void RtfReader::endParagraph()
+{
+    // Its number or bullet is for the reader to make.
+    const bool hasListText = std::exchange(m_hasListText, false);
+    if (group().paragraph.isListItem && !hasListText)
+        m_reading.keepsAll = false;
+    m_builder.endParagraph(group().paragraph);
+}
+
 void RtfReader::beginTarget(Action action)
 {
     flush();
     switch (action) {
-    case Action::SkipAndLose:
+    case Action::EnterAndLose:
         m_reading.keepsAll = false;
-        group().target = Target::Nothing;
+        break;
+    case Action::EnterListText:
+        m_hasListText = true;
+        break;
+    case Action::SkipListItem:
+        if (m_groups.size() > 1)
+            m_groups[m_groups.size() - 2].paragraph.isListItem = true;
+        skip(false);
+        break;
+    case Action::SkipAndLose:
+        skip(true);
         break;
     case Action::Skip:
-        group().target = Target::Nothing;
+        skip(false);
         break;
     case Action::SkipFirstGroup:
         group().skipsNextGroup = true;

@@ -43,9 +43,9 @@ private:
     void word(const Token &token);
     void inText(const Word &word, std::optional<int> number);
     void beginTarget(Action action);
-    void character(const Word &word, std::optional<int> number);
-    void paragraph(const Word &word, int number);
+    void skip(bool loses);
     void insert(const Word &word, int number);
+    void endParagraph();
     void document(const Word &word, int number);
 
     void unicode(int number);
@@ -77,7 +77,12 @@ private:
     QByteArray m_bytes;
     /** How much of the text is still an older reader's. */
     int m_fallback = 0;
+    /** The token now, or the one before, is an opening brace. */
+    bool m_opening = false;
+    bool m_opened = false;
     bool m_starred = false;
+    /** The paragraph so far has its number or bullet as text. */
+    bool m_hasListText = false;
 
     int m_fontNumber = -1;
     FontEntry m_font;

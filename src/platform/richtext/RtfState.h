@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/richtext/RtfWords.h"
+
 #include <QColor>
 #include <QString>
+
+#include <optional>
 
 namespace richtext {
 
@@ -38,6 +42,8 @@ struct ParagraphState
     int before = 0;
     int after = 0;
     bool breakBefore = false;
+    /** Word processors put a number or bullet in front. */
+    bool isListItem = false;
 
     bool operator==(const ParagraphState &) const = default;
 };
@@ -51,5 +57,10 @@ struct FontEntry
 };
 
 inline constexpr double TwipsPerPixel = 15;
+
+/** What a word changes in how characters look. */
+void change(CharState &state, const Word &word, std::optional<int> number);
+/** What a word changes in how a paragraph stands. */
+void change(ParagraphState &state, const Word &word, int number);
 
 } // namespace richtext

@@ -38,7 +38,7 @@ void RtfReader::inFonts(const Word &word, int number)
         m_fallback = group().unicodeSkip;
         break;
     default:
-        if (word.action >= Action::Enter && word.action < Action::DocumentCodePage)
+        if (partOf(word.action) == Part::Group)
             group().target = Target::Nothing;
     }
 }

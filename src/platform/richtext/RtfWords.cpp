@@ -58,6 +58,7 @@ constexpr Entry Entries[] = {
     {"sb", {A::SpaceBefore}},
     {"sa", {A::SpaceAfter}},
     {"pagebb", {A::BreakBefore}},
+    {"ls", {A::List}},
     {"tab", {A::Character, u'\t'}},
     {"line", {A::Character, 0x2028}},
     {"lbr", {A::Character, 0x2028}},
@@ -85,14 +86,24 @@ constexpr Entry Entries[] = {
     {"nestcell", {A::Cell}},
     {"row", {A::Row}},
     {"nestrow", {A::Row}},
+    {"chpgn", {A::Made}},
+    {"chdate", {A::Made}},
+    {"chtime", {A::Made}},
+    {"sectnum", {A::Made}},
     {"u", {A::Unicode}},
     {"uc", {A::UnicodeSkip}},
     {"bin", {A::RawBytes}},
     {"shppict", {A::Enter}},
     {"ud", {A::Enter}},
-    {"shpinst", {A::Enter}},
     {"shptxt", {A::Enter}},
+    {"cs", {A::Enter}},
+    {"shpinst", {A::EnterAndLose}},
+    {"do", {A::EnterAndLose}},
+    {"footnote", {A::EnterAndLose}},
+    {"listtext", {A::EnterListText}},
+    {"pntext", {A::EnterListText}},
     {"upr", {A::SkipFirstGroup}},
+    {"pn", {A::SkipListItem}},
     {"stylesheet", {A::Skip}},
     {"info", {A::Skip}},
     {"filetbl", {A::Skip}},
@@ -105,22 +116,23 @@ constexpr Entry Entries[] = {
     {"nesttableprops", {A::Skip}},
     {"shprslt", {A::Skip}},
     {"sp", {A::Skip}},
-    {"tc", {A::Skip}},
-    {"xe", {A::Skip}},
     {"bkmkstart", {A::Skip}},
     {"bkmkend", {A::Skip}},
-    {"objdata", {A::SkipAndLose}},
     {"objclass", {A::Skip}},
+    {"annotation", {A::SkipAndLose}},
     {"fldinst", {A::SkipAndLose}},
-    {"header", {A::SkipAndLose}},
-    {"headerf", {A::SkipAndLose}},
-    {"headerl", {A::SkipAndLose}},
-    {"headerr", {A::SkipAndLose}},
     {"footer", {A::SkipAndLose}},
     {"footerf", {A::SkipAndLose}},
     {"footerl", {A::SkipAndLose}},
     {"footerr", {A::SkipAndLose}},
-    {"annotation", {A::SkipAndLose}},
+    {"header", {A::SkipAndLose}},
+    {"headerf", {A::SkipAndLose}},
+    {"headerl", {A::SkipAndLose}},
+    {"headerr", {A::SkipAndLose}},
+    {"objdata", {A::SkipAndLose}},
+    {"tc", {A::SkipAndLose}},
+    {"tcn", {A::SkipAndLose}},
+    {"xe", {A::SkipAndLose}},
     {"fonttbl", {A::Fonts}},
     {"colortbl", {A::Colors}},
     {"pict", {A::Picture}},
@@ -136,7 +148,168 @@ constexpr Entry Entries[] = {
     {"blue", {A::Blue}},
 };
 
+/** What only says how the file was made or what else is known of it, in groups marked as left to who knows.
+ */
+constexpr std::string_view WithoutText[] = {"aftncn",
+                                            "aftnsep",
+                                            "aftnsepc",
+                                            "atnauthor",
+                                            "atndate",
+                                            "atnicn",
+                                            "atnid",
+                                            "atnparent",
+                                            "atnref",
+                                            "atntime",
+                                            "atrfend",
+                                            "atrfstart",
+                                            "background",
+                                            "blipuid",
+                                            "category",
+                                            "colorschememapping",
+                                            "company",
+                                            "datafield",
+                                            "datastore",
+                                            "defchp",
+                                            "defpap",
+                                            "doccomm",
+                                            "docvar",
+                                            "expandedcolortbl",
+                                            "factoidname",
+                                            "falt",
+                                            "fchars",
+                                            "fldtype",
+                                            "fname",
+                                            "fontemb",
+                                            "fontfile",
+                                            "ftncn",
+                                            "ftnsep",
+                                            "ftnsepc",
+                                            "generator",
+                                            "gridtbl",
+                                            "hlinkbase",
+                                            "htmltag",
+                                            "keycode",
+                                            "latentstyles",
+                                            "lchars",
+                                            "listname",
+                                            "listpicture",
+                                            "listtag",
+                                            "lsdlockedexcept",
+                                            "mailmerge",
+                                            "manager",
+                                            "mhtmltag",
+                                            "mmathPr",
+                                            "nextfile",
+                                            "objalias",
+                                            "objname",
+                                            "objsect",
+                                            "objtime",
+                                            "oldcprops",
+                                            "oldpprops",
+                                            "oldsprops",
+                                            "oldtprops",
+                                            "oleclsid",
+                                            "panose",
+                                            "password",
+                                            "passwordhash",
+                                            "pgdsctbl",
+                                            "pgptbl",
+                                            "picprop",
+                                            "pnseclvl",
+                                            "private",
+                                            "propname",
+                                            "protend",
+                                            "protstart",
+                                            "protusertbl",
+                                            "rdf",
+                                            "rxe",
+                                            "saveprevpict",
+                                            "sn",
+                                            "staticval",
+                                            "sv",
+                                            "svb",
+                                            "template",
+                                            "themedata",
+                                            "txe",
+                                            "userprops",
+                                            "wgrffmtfilter",
+                                            "windowcaption",
+                                            "writereservation",
+                                            "writereservhash",
+                                            "xmlattrname",
+                                            "xmlattrvalue",
+                                            "xmlclose",
+                                            "xmlname",
+                                            "xmlnstbl",
+                                            "xmlopen"};
+
+std::string_view viewOf(QByteArrayView name)
+{
+    return {name.data(), static_cast<std::size_t>(name.size())};
+}
+
 } // namespace
+
+Part partOf(Action action)
+{
+    switch (action) {
+    case A::None:
+        return Part::None;
+    case A::Plain:
+    case A::Bold:
+    case A::Italic:
+    case A::Underline:
+    case A::StrikeOut:
+    case A::Hidden:
+    case A::Script:
+    case A::Raised:
+    case A::Font:
+    case A::FontSize:
+    case A::Color:
+    case A::Background:
+        return Part::Character;
+    case A::NewParagraphStyle:
+    case A::Align:
+    case A::LeftIndent:
+    case A::RightIndent:
+    case A::FirstLine:
+    case A::SpaceBefore:
+    case A::SpaceAfter:
+    case A::BreakBefore:
+    case A::List:
+        return Part::Paragraph;
+    case A::Character:
+    case A::EndParagraph:
+    case A::Cell:
+    case A::Row:
+    case A::Made:
+    case A::Unicode:
+    case A::UnicodeSkip:
+    case A::RawBytes:
+        return Part::Text;
+    case A::Enter:
+    case A::EnterAndLose:
+    case A::EnterListText:
+    case A::Skip:
+    case A::SkipListItem:
+    case A::SkipAndLose:
+    case A::SkipFirstGroup:
+    case A::Fonts:
+    case A::Colors:
+    case A::Picture:
+        return Part::Group;
+    case A::DocumentCodePage:
+    case A::FixedCodePage:
+    case A::DefaultFont:
+    case A::FontCharset:
+    case A::FontCodePage:
+    case A::Red:
+    case A::Green:
+    case A::Blue:
+        return Part::File;
+    }
+    return Part::None;
+}
 
 Word wordOf(QByteArrayView name)
 {
@@ -145,9 +318,14 @@ Word wordOf(QByteArrayView name)
         std::ranges::sort(entries, {}, &Entry::name);
         return entries;
     }();
-    const std::string_view wanted(name.data(), static_cast<std::size_t>(name.size()));
+    const std::string_view wanted = viewOf(name);
     const auto *const found = std::ranges::lower_bound(sorted, wanted, {}, &Entry::name);
     return found != sorted.end() && found->name == wanted ? found->word : Word{};
+}
+
+bool holdsNoText(QByteArrayView name)
+{
+    return std::ranges::binary_search(WithoutText, viewOf(name));
 }
 
 } // namespace richtext

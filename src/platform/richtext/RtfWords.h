@@ -32,6 +32,8 @@ enum class Action {
     SpaceBefore,
     SpaceAfter,
     BreakBefore,
+    /** The number of the list that the paragraph belongs to; 0 for none. */
+    List,
     // What stands in the text.
     /** The character of that value. */
     Character,
@@ -39,12 +41,20 @@ enum class Action {
     /** A table's cell or row: shown as text. */
     Cell,
     Row,
+    /** Text that the reader is to make: a page's number, a date. */
+    Made,
     Unicode,
     UnicodeSkip,
     RawBytes,
     // What a group is for.
     Enter,
+    /** Read as text, which it is not when the document is written. */
+    EnterAndLose,
+    /** A list item's number or bullet. */
+    EnterListText,
     Skip,
+    /** How the number or bullet of the paragraph outside is made. */
+    SkipListItem,
     /** Skipped, and not there any more when the document is written. */
     SkipAndLose,
     SkipFirstGroup,
@@ -62,6 +72,11 @@ enum class Action {
     Blue,
 };
 
+/** What an action is about. */
+enum class Part { None, Character, Paragraph, Text, Group, File };
+
+[[nodiscard]] Part partOf(Action action);
+
 struct Word
 {
     Action action = Action::None;
@@ -70,5 +85,8 @@ struct Word
 
 /** None for a word that means nothing to a document. */
 [[nodiscard]] Word wordOf(QByteArrayView name);
+
+/** True for a group that is marked as left to who knows it, when nothing of the text is lost with it. */
+[[nodiscard]] bool holdsNoText(QByteArrayView name);
 
 } // namespace richtext

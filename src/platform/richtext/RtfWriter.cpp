@@ -50,7 +50,8 @@ QByteArray word(const char *name, int number)
 
 QByteArray escaped(QChar c)
 {
-    return word("u", static_cast<qint16>(c.unicode())) + '?';
+    // Some readers take a bare question mark, or what follows it, for the character itself.
+    return word("u", static_cast<qint16>(c.unicode())) + "\\'3f";
 }
 
 [[noreturn]] void refuse(const QIODevice &device)
