@@ -2,8 +2,10 @@
 #include "pictures/Picture.h"
 
 #include "desktop/FileHelpers.h"
+#include "pictures/PictureFaults.h"
 #include "platform/options/OptionsStore.h"
 
+#include <QFile>
 #include <QImageReader>
 #include <QPainter>
 
@@ -34,6 +36,16 @@ QSize keptSize(QSize own, QSize box)
     return fitted.width() < own.width() ? fitted.boundedTo(own) : own;
 }
 
+/** What the decoder logged, or what it never looks at. */
+QString faultOf(QFile &file, const DecoderComplaints &complaints)
+{
+    if (!complaints.first().isEmpty())
+        return complaints.first();
+    const qint64 size = file.size();
+    const uchar *bytes = file.map(0, size);
+    return bytes && endsEarly(QByteArrayView(bytes, size)) ? u"The file breaks off."_s : QString();
+}
+
 } // namespace
 
 QSize fittedSize(QSize own, QSize box)
@@ -56,7 +68,11 @@ std::optional<Picture> readPicture(const QString &path, QSize box)
 {
     if (!FileExists(path))
         return std::nullopt;
-    QImageReader reader(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const DecoderComplaints complaints;
+    QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     if (!isRead(reader.format()) || isTooLarge(reader.size()))
@@ -66,10 +82,11 @@ std::optional<Picture> readPicture(const QString &path, QSize box)
     const QSize kept = keptSize(own, box);
     if (kept != own)
         reader.setScaledSize(isTurned ? kept.transposed() : kept);
-    const QImage image = reader.read();
+    QImage image;
+    const bool isSound = reader.read(&image);
     if (image.isNull())
         return std::nullopt;
-    return Picture{image, own};
+    return Picture{image, own, isSound ? faultOf(file, complaints) : reader.errorString()};
 }
 
 std::optional<Picture> takePicture(const QImage &image, QSize box)

@@ -20,6 +20,8 @@ struct Picture
     QImage image;
     /** Its own size. */
     QSize size;
+    /** What the decoder says of a file that it could read in part only; empty for a sound one. */
+    QString fault{};
 };
 
 /** Size at which a picture of size @p own meets the 4:3 box; proportions stay, but for what is cut to whole
@@ -28,8 +30,8 @@ struct Picture
 
 /**
  * Reads a JPEG, bitmap or GIF file, or PNG and WebP where they can be read; what it is its content tells.
- * A damaged file gives what is left of it. Nothing comes back for one that is no picture, and for one with
- * more than MostPixels or that takes too much memory to be read. May be called on any thread.
+ * A damaged file gives what is left of it, and its fault. Nothing comes back for one that is no picture, and
+ * for one with more than MostPixels or that takes too much memory to be read. May be called on any thread.
  */
 [[nodiscard]] std::optional<Picture> readPicture(const QString &path, QSize box);
 

@@ -11,8 +11,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <cstdio>
-
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -54,11 +52,6 @@ bool PictureFiles::exists(const QString &name) const
     return !name.contains(PathSeparator) && FileExists(pathOf(name));
 }
 
-QStringList PictureFiles::names() const
-{
-    return QDir(folder()).entryList(QDir::Files, QDir::Unsorted);
-}
-
 void PictureFiles::makeFolder() const
 {
     make(folder());
@@ -90,16 +83,6 @@ void PictureFiles::retire(const QString &name) const
         remove(name);
     else
         move(name);
-}
-
-void PictureFiles::retireOver(const QString &name) const
-{
-    const QByteArray from = QFile::encodeName(pathOf(name));
-    if (std::rename(from.constData(), QFile::encodeName(deletedFolder() + name).constData()) == 0)
-        return;
-    // The two folders may be on different disks.
-    DeleteFile(deletedFolder() + name);
-    move(name);
 }
 
 void PictureFiles::move(const QString &name) const

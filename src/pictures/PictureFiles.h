@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 class QImage;
 
@@ -29,8 +28,6 @@ public:
     [[nodiscard]] QString pathOf(const QString &name) const { return folder() + name; }
     /** False for a name that leads out of the folder. */
     [[nodiscard]] bool exists(const QString &name) const;
-    /** The files of the folder, in no order. */
-    [[nodiscard]] QStringList names() const;
 
     void makeFolder() const;
     void makeDeletedFolder() const;
@@ -41,8 +38,6 @@ public:
 
     /** Moves a picture to the deleted ones, where a file of that name stays: then the picture is deleted. */
     void retire(const QString &name) const;
-    /** The same, but a file of that name there goes. */
-    void retireOver(const QString &name) const;
     void remove(const QString &name) const;
 
 private:

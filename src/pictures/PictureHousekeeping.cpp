@@ -11,8 +11,9 @@
 #include <QFile>
 #include <QSet>
 
-#include <filesystem>
-#include <vector>
+#include <functional>
+#include <optional>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
@@ -21,43 +22,99 @@ namespace quaverly {
 
 namespace {
 
-/** The paths as the file system has them: their names may be no valid text. */
-std::vector<fs::path> filesOf(const QString &folder)
+using Files = std::vector<fs::path>;
+using Action = std::function<void(const fs::path &, std::error_code &)>;
+
+fs::path nativeOf(const QString &path)
 {
-    std::vector<fs::path> files;
-    const fs::path path(QFile::encodeName(folder).toStdString());
+    return QFile::encodeName(path).toStdString();
+}
+
+QString textOf(const fs::path &path)
+{
+    return QFile::decodeName(path.native().c_str());
+}
+
+/** Hidden files are somebody else's. */
+template <typename Wanted> Files filesOf(const fs::path &folder, Wanted isWanted)
+{
+    Files files;
     std::error_code failed;
-    // The trailing separator would look through the link.
-    if (fs::is_symlink(path.parent_path(), failed))
-        return files;
-    for (fs::directory_iterator each(path, failed), end; !failed && each != end; each.increment(failed)) {
-        std::error_code unknown;
-        const fs::file_status status = each->symlink_status(unknown);
-        if ((fs::is_regular_file(status) || fs::is_symlink(status)) &&
-            !each->path().filename().native().starts_with('.'))
+    for (fs::directory_iterator each(folder, failed), end; !failed && each != end; each.increment(failed)) {
+        if (isWanted(*each) && !each->path().filename().native().starts_with('.'))
             files.push_back(each->path());
     }
     return files;
+}
+
+Files picturesOf(const QString &folder)
+{
+    return filesOf(nativeOf(folder), [](const fs::directory_entry &entry) {
+        std::error_code unknown;
+        return entry.is_regular_file(unknown);
+    });
+}
+
+/** What may be deleted: of a link, only the link. */
+Files deletableOf(const QString &folder)
+{
+    const fs::path path = nativeOf(folder);
+    std::error_code failed;
+    // The trailing separator would look through the link.
+    if (fs::is_symlink(path.parent_path(), failed))
+        return {};
+    return filesOf(path, [](const fs::directory_entry &entry) {
+        std::error_code unknown;
+        const fs::file_status status = entry.symlink_status(unknown);
+        return fs::is_regular_file(status) || fs::is_symlink(status);
+    });
+}
+
+/** On every file; the first failure is told at the end. @throws dao::DaoError 75. */
+void onEach(const Files &files, const Action &action)
+{
+    std::optional<dao::DaoError> first;
+    for (const fs::path &file : files) {
+        std::error_code failed;
+        action(file, failed);
+        // A file that is gone meanwhile is none to act upon.
+        if (failed && failed != std::errc::no_such_file_or_directory && !first)
+            first = accessError(textOf(file));
+    }
+    if (first)
+        throw dao::DaoError(*first);
+}
+
+void remove(const fs::path &file, std::error_code &failed)
+{
+    fs::remove(file, failed);
+}
+
+/** Over a file of that name there; also onto another disk, where a whole copy comes first. */
+void moveInto(const fs::path &folder, const fs::path &file, std::error_code &failed)
+{
+    const fs::path target = folder / file.filename();
+    fs::rename(file, target, failed);
+    if (failed != std::errc::cross_device_link)
+        return;
+    const fs::path part = target.native() + ".part";
+    fs::copy_file(file, part, fs::copy_options::overwrite_existing, failed);
+    if (!failed)
+        fs::rename(part, target, failed);
+    std::error_code ignored;
+    fs::remove(failed ? part : file, ignored);
 }
 
 } // namespace
 
 void deleteFilesOf(const QString &folder)
 {
-    std::optional<dao::DaoError> first;
-    for (const fs::path &file : filesOf(folder)) {
-        std::error_code failed;
-        fs::remove(file, failed);
-        if (failed && !first)
-            first = accessError(QFile::decodeName(file.native().c_str()));
-    }
-    if (first)
-        throw dao::DaoError(*first);
+    onEach(deletableOf(folder), remove);
 }
 
 int countFilesOf(const QString &folder)
 {
-    return static_cast<int>(filesOf(folder).size());
+    return static_cast<int>(deletableOf(folder).size());
 }
 
 void PictureHousekeeping::tell(const QString &text)
@@ -75,7 +132,7 @@ void PictureHousekeeping::OphanedPictures_Click()
     guarded(m_desktop, QString::fromUtf16(ProductName), [this] { checkOrphans(); });
 }
 
-QStringList PictureHousekeeping::orphans(const QStringList &names) const
+PictureHousekeeping::Files PictureHousekeeping::orphansOf(const Files &pictures) const
 {
     // One walk over the songs leaves only names that are written otherwise, or not at all, to be asked for.
     QSet<QString> linked;
@@ -84,37 +141,40 @@ QStringList PictureHousekeeping::orphans(const QStringList &names) const
         for (int slot = 1; slot <= PictureCount; ++slot)
             linked.insert(rows->text(pictureField(slot)));
     }
-    QStringList found;
-    for (const QString &name : names) {
-        if (!linked.contains(name) &&
-            m_catalogue.CatalogueDb->OpenRecordset(picturesql::recordsWith(name))->isEmpty())
-            found += name;
+    Files found;
+    for (const fs::path &picture : pictures) {
+        const QString name = textOf(picture.filename());
+        // A name that is no valid text is nobody's.
+        const bool isText = QFile::encodeName(name) == picture.filename().c_str();
+        if (!isText || (!linked.contains(name) &&
+                        m_catalogue.CatalogueDb->OpenRecordset(picturesql::recordsWith(name))->isEmpty()))
+            found.push_back(picture);
     }
     return found;
 }
 
 void PictureHousekeeping::checkOrphans()
 {
-    QStringList found;
+    Files orphans;
     {
         const Hourglass hourglass(m_desktop);
-        const QStringList names = m_files.names();
-        if (names.isEmpty()) {
+        const Files pictures = picturesOf(m_files.folder());
+        if (pictures.empty()) {
             tell(u"No pictures exist."_s);
             return;
         }
-        found = orphans(names);
+        orphans = orphansOf(pictures);
     }
-    if (found.isEmpty())
+    if (orphans.empty())
         tell(u"No orphaned pictures found."_s);
     else
-        removeOrphans(found);
+        removeOrphans(orphans);
 }
 
-void PictureHousekeeping::removeOrphans(const QStringList &found)
+void PictureHousekeeping::removeOrphans(const Files &orphans)
 {
     const QStringList pieces{
-        u"Number of orphaned pictures found: %1."_s.arg(found.size()),
+        u"Number of orphaned pictures found: %1."_s.arg(orphans.size()),
         u"These are pictures not assigned to any songs in your database.  Two reasons why they exist are "
         "because you changed the picture for a song without first deleting the old picture in Quaverly, or "
         "because you changed the file name of a picture (displayed in blue text below each picture button on "
@@ -125,8 +185,7 @@ void PictureHousekeeping::removeOrphans(const QStringList &found)
         "Pictures folder."_s,
         u"Would you like to DELETE these pictures from the Quaverly Pictures folder now?"_s};
     if (ask(pieces.join(u"\r\n"_s), u"Clean-up Confirmation"_s)) {
-        for (const QString &name : found)
-            m_files.remove(name);
+        onEach(orphans, remove);
         tell(u"Orphaned pictures deleted."_s);
         return;
     }
@@ -134,10 +193,9 @@ void PictureHousekeeping::removeOrphans(const QStringList &found)
             "Deleted Pictures folder within the Quaverly folder?"_s,
             u"File Move Confirmation"_s)) {
         m_files.makeDeletedFolder();
-        for (const QString &name : found) {
-            if (m_files.exists(name))
-                m_files.retireOver(name);
-        }
+        const fs::path folder = nativeOf(m_files.deletedFolder());
+        onEach(orphans,
+               [&](const fs::path &file, std::error_code &failed) { moveInto(folder, file, failed); });
         tell(u"Orphaned pictures moved to the Quaverly Deleted Pictures folder."_s);
         return;
     }

@@ -3,6 +3,9 @@
 
 #include "pictures/PictureFiles.h"
 
+#include <filesystem>
+#include <vector>
+
 namespace quaverly {
 
 class Desktop;
@@ -18,12 +21,14 @@ public:
     void OphanedPictures_Click();
     void EmptyDeletedPicturesFolder_Click();
 
-    /** Those of @p names that no song has. */
-    [[nodiscard]] QStringList orphans(const QStringList &names) const;
-
 private:
+    /** By their paths as the file system has them: names may be no valid text. */
+    using Files = std::vector<std::filesystem::path>;
+
     void checkOrphans();
-    void removeOrphans(const QStringList &found);
+    /** Those that no song has. */
+    [[nodiscard]] Files orphansOf(const Files &pictures) const;
+    void removeOrphans(const Files &orphans);
     void emptyDeleted();
     void tell(const QString &text);
     [[nodiscard]] bool ask(const QString &text, const QString &title);

@@ -76,8 +76,19 @@ void PictureLink::show(std::optional<Picture> picture)
     }
     m_desktop.resetPointer();
     m_desktop.MessageBox(u"Invalid picture.  The following file formats are supported: JPEG (.jpg) files, "
-                         "bitmap (.bmp) files, and GIF (.gif) files."_s,
+                         "bitmap (.bmp) files, GIF (.gif) files, PNG (.png) files, and WebP (.webp) files."_s,
                          u"Invalid Picture"_s);
+}
+
+bool PictureLink::isTaken(const Picture &picture)
+{
+    if (picture.fault.isEmpty())
+        return true;
+    m_desktop.resetPointer();
+    return m_desktop.MessageBox(u"This picture is damaged, and only what can be read of it is shown.\r\n("_s +
+                                    picture.fault + u")\r\n\r\nDo you want to use it all the same?"_s,
+                                u"Damaged Picture"_s, Icon::Exclamation, Buttons::YesNo,
+                                Answer::No) == Answer::Yes;
 }
 
 bool PictureLink::loadFile()
@@ -89,9 +100,11 @@ bool PictureLink::loadFile()
         return false;
     const Hourglass hourglass(m_desktop);
     std::optional<Picture> picture = readPicture(*path, PictureBoxSize);
-    const bool taken = picture.has_value();
+    if (picture && !isTaken(*picture))
+        return false;
+    const bool isPicture = picture.has_value();
     show(std::move(picture));
-    if (!taken)
+    if (!isPicture)
         return false;
     m_name = linkNameOf(*path);
     // A stored picture is linked as it is, whichever songs have it already.

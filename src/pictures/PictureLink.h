@@ -77,6 +77,8 @@ private:
     void step(int direction);
     void showFile(const QString &path);
     void show(std::optional<Picture> picture);
+    /** Asks whether what can be read of a damaged one is to be taken. */
+    [[nodiscard]] bool isTaken(const Picture &picture);
     void clear();
     void takeFromClipboard(const QString &name);
     void tellShared(const QStringList &names, bool several);

@@ -2,6 +2,9 @@
 #include "pictures/PicturesFixture.h"
 #include "support/Limits.h"
 
+#include <filesystem>
+#include <fstream>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly::test {
@@ -38,7 +41,9 @@ TEST_F(HousekeepingTest, MovesThemOrLeavesThem)
 {
     writeFile(pictures(u"lost.jpg"_s), "new");
     writeFile(deleted(u"lost.jpg"_s), "old");
-    m_desktop.willAnswer(Answer::No)
+    const std::string odd = QFile::encodeName(pictures()).toStdString() + "M\xFCller.jpg";
+    std::ofstream(odd) << "old name";
+    m_desktop.willAnswer(Answer::No, u"pictures found: 2."_s)
         .willAnswer(Answer::No, u"move them"_s)
         .willSee(u"left in the Quaverly"_s);
     m_housekeeping.OphanedPictures_Click();
@@ -48,6 +53,11 @@ TEST_F(HousekeepingTest, MovesThemOrLeavesThem)
     m_housekeeping.OphanedPictures_Click();
     EXPECT_EQ(bytesOf(deleted(u"lost.jpg"_s)), "new");
     EXPECT_EQ(count(pictures()), 0);
+    EXPECT_FALSE(std::filesystem::exists(odd));
+    EXPECT_EQ(countFilesOf(deleted()), 2);
+    m_desktop.willAnswer(Answer::Yes).willSee(u"Files deleted."_s);
+    m_housekeeping.EmptyDeletedPicturesFolder_Click();
+    EXPECT_EQ(countFilesOf(deleted()), 0);
 }
 
 TEST_F(HousekeepingTest, EmptiesOneFolderAndNothingElse)

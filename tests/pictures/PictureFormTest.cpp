@@ -115,6 +115,21 @@ TEST_F(PictureFormTest, RefusesAFileThatIsNoPicture)
 {
     writeFile(pictures(u"a.jpg"_s), bomb(60000, 60000));
     writeFile(pictures(u"b.jpg"_s), {});
+    const QString half = m_store.path(u"half.jpg"_s);
+    writeFile(half, fileOf(colourful(800, 600), "JPG").first(3000));
+    openSlot(1);
+    m_desktop.willOpen(half).willAnswer(Answer::No, u"This picture is damaged"_s);
+    press(u"cmdLoadFile"_s);
+    EXPECT_EQ(m_desktop.lastCall().defaultAnswer, Answer::No);
+    press(u"cmdClose"_s);
+    EXPECT_FALSE(m_recordDirty || m_pictureChanged) << "only when the user wants it";
+    openSlot(2);
+    m_desktop.willOpen(half).willAnswer(Answer::Yes);
+    press(u"cmdLoadFile"_s);
+    press(u"cmdClose"_s);
+    EXPECT_EQ(m_texts.value(u"PicturePath2"_s), u"half.jpg"_s);
+    m_recordDirty = m_pictureChanged = false;
+
     m_texts = {{u"PicturePath1"_s, u"a.jpg"_s}};
     m_desktop.willSee(u"Invalid picture.  The following"_s)
         .willOpen(pictures(u"b.jpg"_s))

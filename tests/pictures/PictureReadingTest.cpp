@@ -46,12 +46,15 @@ TEST(PictureReading, TakesWhatIsAPictureWhateverItsName)
     const QTemporaryDir folder;
     const QImage wide = plain(30000, 20, Qt::green);
     const QByteArray photo = fileOf(colourful(800, 600), "JPG");
+    const QByteArray drawing = fileOf(drawn(800, 600), "PNG");
+    const QByteArray bitmap = fileOf(plain(40, 30, Qt::blue), "BMP");
     struct Case
     {
         const char *what;
         QByteArray bytes;
         QSize size;
         std::optional<QRgb> corner{};
+        bool isDamaged = false;
     };
     const Case cases[] = {
         {"nothing at all", {}, {}},
@@ -63,8 +66,12 @@ TEST(PictureReading, TakesWhatIsAPictureWhateverItsName)
         {"30,000 pixels wide", fileOf(wide, "JPG"), {30000, 20}, qRgb(0, 255, 0)},
         {"four inks", inkJpeg(), {16, 12}},
         {"a moving picture's first", animatedGif(), {3, 2}, qRgb(255, 0, 0)},
-        {"a bitmap", fileOf(plain(40, 30, Qt::blue), "BMP"), {40, 30}, qRgb(0, 0, 255)},
-        {"half a file", photo.left(photo.size() / 2), {800, 600}, colourful(800, 600).pixel(0, 0)},
+        {"a bitmap", bitmap, {40, 30}, qRgb(0, 0, 255)},
+        {"a WebP file", webp(), {16, 12}, qRgb(255, 0, 0)},
+        {"half a file", photo.left(photo.size() / 2), {800, 600}, colourful(800, 600).pixel(0, 0), true},
+        {"half a bitmap", bitmap.left(bitmap.size() / 2), {40, 30}, std::nullopt, true},
+        {"half a GIF", animatedGif().left(60), {3, 2}, std::nullopt, true},
+        {"half a drawing", drawing.left(drawing.size() - 20), {800, 600}, std::nullopt, true},
         {"a head alone", photo.left(300), {}},
         {"lying on its side", orientedJpeg(plain(60, 20, Qt::red), 6), {20, 60}, qRgb(255, 0, 0)},
         {"large and lying", orientedJpeg(plain(3000, 1000, Qt::red), 8), {1000, 3000}, qRgb(255, 0, 0)},
@@ -76,6 +83,7 @@ TEST(PictureReading, TakesWhatIsAPictureWhateverItsName)
         writeFile(path, c.bytes);
         const auto picture = readPicture(path, PictureBoxSize);
         EXPECT_EQ(picture.value_or(Picture{}).size, c.size.isNull() ? Picture{}.size : c.size) << c.what;
+        EXPECT_EQ(!picture.value_or(Picture{}).fault.isEmpty(), c.isDamaged) << c.what;
         if (!picture || !c.corner)
             continue;
         EXPECT_TRUE(isNear(picture->image.pixel(0, 0), *c.corner)) << c.what;

@@ -78,6 +78,11 @@ QByteArray inkJpeg()
         "2gAOBAEAAhEDEQQAAD8As5uUV4YM9SQUNzk0fek0WM3KK8GepENzkd6TRZf0N1Ie9TocdvRoOdGoNDdReojt6HOjUP/Z");
 }
 
+QByteArray webp()
+{
+    return QByteArray::fromBase64("UklGRhwAAABXRUJQVlA4TA8AAAAvD8ACAAcQ/Y/+ByKi/wEA");
+}
+
 QByteArray animatedGif()
 {
     return QByteArray::fromBase64("R0lGODlhAwACAPAAAP8AAAAAACH5BAAAAAAAIf8LTkVUU0NBUEUyLjADAQAAACwAAAAAAwAC"

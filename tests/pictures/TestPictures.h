@@ -21,6 +21,8 @@ namespace quaverly::test {
 [[nodiscard]] QByteArray bomb(quint32 width, quint32 height);
 /** 16 by 12 pixels in four inks. */
 [[nodiscard]] QByteArray inkJpeg();
+/** Red, 16 by 12 pixels: Qt writes no such file by itself. */
+[[nodiscard]] QByteArray webp();
 /** Red, then blue; 3 by 2 pixels. */
 [[nodiscard]] QByteArray animatedGif();
 
