@@ -3,6 +3,8 @@
 
 #include "catalogue/Catalogue.h"
 #include "desktop/FileHelpers.h"
+#include "platform/shell/FileMove.h"
+#include "platform/shell/FileRemains.h"
 
 #include <vector>
 
@@ -13,26 +15,22 @@ namespace quaverly {
 struct RenameNotes::Note
 {
     qint64 recordId = 0;
-    QString pathName;
-    QString fileName;
-    QString newPathName;
-    QString newFileName;
+    SongFile from;
+    SongFile to;
 
     explicit Note(const dao::Recordset &row)
-        : recordId(row.value(u"RecordID"_s).toLongLong()), pathName(row.text(u"PathName"_s)),
-          fileName(row.text(u"FileName"_s)), newPathName(row.text(u"NewPathName"_s)),
-          newFileName(row.text(u"NewFileName"_s))
+        : recordId(row.value(u"RecordID"_s).toLongLong()),
+          from{row.text(u"PathName"_s), row.text(u"FileName"_s)}, to{row.text(u"NewPathName"_s),
+                                                                     row.text(u"NewFileName"_s)}
     {}
 
     [[nodiscard]] bool isMoved() const
     {
-        return !FileExists(pathName + fileName) && FileExists(newPathName + newFileName);
+        return FileExists(to.path()) &&
+               (!FileExists(from.path()) || shell::isOwnNameInOtherCapitals(to.path(), from.path()));
     }
-    /** A volume that isn't there now may come back with the file under its new name. */
-    [[nodiscard]] bool isOutOfSight() const
-    {
-        return !FileExists(pathName + fileName) && !FolderExists(newPathName);
-    }
+    /** A volume that isn't there now may come back with the file under its new name, or with half of it. */
+    [[nodiscard]] bool isOutOfSight() const { return !FolderExists(to.PathName); }
 };
 
 namespace {
@@ -50,8 +48,7 @@ QString quoted(QString text)
 
 } // namespace
 
-void RenameNotes::keep(qint64 recordId, const QString &pathName, const QString &fileName,
-                       const QString &newPathName, const QString &newFileName)
+void RenameNotes::keep(qint64 recordId, const SongFile &from, const SongFile &to)
 {
     dao::Database &database = *m_catalogue.CatalogueDb;
     // One from before this table came can be open too, but only for reading.
@@ -63,10 +60,10 @@ void RenameNotes::keep(qint64 recordId, const QString &pathName, const QString &
     else
         note->Edit();
     note->setValue(u"RecordID"_s, recordId);
-    note->setValue(u"PathName"_s, pathName);
-    note->setValue(u"FileName"_s, fileName);
-    note->setValue(u"NewPathName"_s, newPathName);
-    note->setValue(u"NewFileName"_s, newFileName);
+    note->setValue(u"PathName"_s, from.PathName);
+    note->setValue(u"FileName"_s, from.FileName);
+    note->setValue(u"NewPathName"_s, to.PathName);
+    note->setValue(u"NewFileName"_s, to.FileName);
     note->Update();
     database.workspace().settle();
 }
@@ -76,66 +73,189 @@ void RenameNotes::drop(qint64 recordId)
     m_catalogue.CatalogueDb->Execute(u"Delete * from tblRenameNotes Where RecordID=%1"_s.arg(recordId));
 }
 
-void RenameNotes::settle()
+std::optional<RenameNotes::Note> RenameNotes::noteOf(qint64 recordId)
 {
-    dao::Database &database = *m_catalogue.CatalogueDb;
-    if (!database.Updatable())
-        return;
-    std::vector<Note> notes;
-    const auto rows = database.OpenRecordset(u"tblRenameNotes"_s, dao::RecordsetType::Snapshot);
-    for (; !rows->atEOF(); rows->MoveNext())
-        notes.emplace_back(*rows);
-    for (const Note &note : notes) {
+    if (!m_catalogue.CatalogueDb->Updatable())
+        return {};
+    const auto row = rowOf(*m_catalogue.CatalogueDb, u"tblRenameNotes"_s, recordId);
+    return row->isEmpty() ? std::nullopt : std::optional<Note>(*row);
+}
+
+bool RenameNotes::has(qint64 recordId)
+{
+    return noteOf(recordId).has_value();
+}
+
+SongFile RenameNotes::placeOf(qint64 recordId, const SongFile &row)
+{
+    const auto note = noteOf(recordId);
+    return note && note->from == row && note->isMoved() ? note->to : row;
+}
+
+void RenameNotes::takeBack(qint64 recordId)
+{
+    if (const auto note = noteOf(recordId))
+        takeBack(*note);
+}
+
+// The tracks go first: a death behind them leaves what a death behind the rename does, and is settled so.
+void RenameNotes::takeBack(const Note &note)
+{
+    const auto bearer = bearerOf(note.to);
+    if (note.isMoved() && (!bearer || bearer->RecordID != note.recordId)) {
+        renameTracks(note.to.path(), note.from.path(), bearer ? bearer->RecordID : 0);
         try {
-            dao::Transaction transaction(database.workspace());
-            settle(note);
-            transaction.commit();
-        } catch (const dao::DaoError &error) {
-            // The note waits for the next start; it is no reason to refuse this one.
-            if (error.number == dao::CannotOpenFile)
-                throw;
+            shell::moveFile(note.to.path(), note.from.path());
+        } catch (const dao::DaoError &) {
+            renameTracks(note.from.path(), note.to.path());
+            throw;
         }
+    }
+    drop(note.recordId);
+}
+
+QString RenameNotes::giveUp(qint64 recordId)
+{
+    const auto note = noteOf(recordId);
+    if (!note)
+        return {};
+    try {
+        takeBack(*note);
+        return {};
+    } catch (const dao::DaoError &) {
+        return settle(*note);
     }
 }
 
-void RenameNotes::settle(const Note &note)
+QStringList RenameNotes::settle()
 {
-    if (note.isMoved()) {
-        renameTracks(note.pathName + note.fileName, note.newPathName + note.newFileName);
-        renameRow(note);
-    } else if (note.isOutOfSight()) {
-        return;
+    QStringList told;
+    dao::Database &database = *m_catalogue.CatalogueDb;
+    if (!database.Updatable())
+        return told;
+    std::vector<Note> notes;
+    {
+        const auto rows = database.OpenRecordset(u"tblRenameNotes"_s, dao::RecordsetType::Snapshot);
+        for (; !rows->atEOF(); rows->MoveNext())
+            notes.emplace_back(*rows);
     }
-    drop(note.recordId);
+    for (const Note &note : notes) {
+        if (const QString sentences = settle(note); !sentences.isEmpty())
+            told += sentences;
+    }
+    return told;
+}
+
+QString RenameNotes::settle(const Note &note)
+{
+    try {
+        clearRemains(note);
+        if (note.isOutOfSight())
+            return {};
+        if (note.isMoved())
+            return follow(note);
+        drop(note.recordId);
+        return {};
+    } catch (const dao::DaoError &error) {
+        if (error.number == dao::CannotOpenFile)
+            throw;
+        // The note waits; it is no reason to refuse a start.
+        return note.isMoved() ? sentence(note, error.description,
+                                         u"Quaverly tries again at its next start, and until then this song "
+                                         "can't be played."_s)
+                              : QString();
+    }
+}
+
+QString RenameNotes::follow(const Note &note)
+{
+    try {
+        dao::Transaction transaction(m_catalogue.CatalogueDb->workspace());
+        renameTracks(note.from.path(), note.to.path());
+        renameRow(note);
+        drop(note.recordId);
+        transaction.commit();
+        return {};
+    } catch (const dao::DaoError &error) {
+        // Another song bears that file already, or the name is too long: no later start would do better.
+        if (error.number == dao::DuplicateKey) {
+            const auto bearer = bearerOf(note.to);
+            return putBack(
+                note, u"the song \"%1\" has that file already."_s.arg(bearer ? bearer->SongName : QString()));
+        }
+        if (error.number == dao::FieldTooSmall)
+            return putBack(note, error.description);
+        throw;
+    }
+}
+
+QString RenameNotes::putBack(const Note &note, const QString &why)
+{
+    try {
+        takeBack(note);
+        return sentence(note, why, u"The file has its old name again."_s);
+    } catch (const dao::DaoError &error) {
+        if (error.number == dao::CannotOpenFile)
+            throw;
+        return sentence(note, why,
+                        u"It could not be given its old name again: "_s + error.description +
+                            u"  Quaverly tries again at each start."_s);
+    }
+}
+
+QString RenameNotes::sentence(const Note &note, const QString &why, const QString &end)
+{
+    const auto row = rowOf(*m_catalogue.CatalogueDb, u"tblContacts"_s, note.recordId);
+    const QString song = row->isEmpty() ? QString() : row->text(u"SongName"_s);
+    // In one go, since names may hold what looks like a place to fill.
+    return u"The file of \"%1\" was renamed from \"%2\" to \"%3\", but its record could not follow: %4  %5"_s
+        .arg(song, note.from.path(), note.to.path(), why, end);
+}
+
+void RenameNotes::clearRemains(const Note &note)
+{
+    shell::clearUnfinishedCopies(note.from.PathName);
+    shell::clearUnfinishedCopies(note.to.PathName);
+    const bool isOld = FileExists(note.from.path());
+    const bool isNew = FileExists(note.to.path());
+    if (!isOld && !isNew)
+        shell::restoreSpelling(note.from.path());
+    else if (isOld && isNew && !bearerOf(note.to))
+        shell::clearSecondName(note.from.path(), note.to.path());
 }
 
 void RenameNotes::renameRow(const Note &note)
 {
     const auto row = rowOf(*m_catalogue.CatalogueDb, u"tblContacts"_s, note.recordId);
-    if (row->isEmpty() || row->text(u"PathName"_s) != note.pathName ||
-        row->text(u"FileName"_s) != note.fileName)
+    if (row->isEmpty() || row->text(u"PathName"_s) != note.from.PathName ||
+        row->text(u"FileName"_s) != note.from.FileName)
         return;
     row->Edit();
-    try {
-        row->setValue(u"PathName"_s, note.newPathName);
-        row->setValue(u"FileName"_s, note.newFileName);
-        row->Update();
-    } catch (const dao::DaoError &error) {
-        // Another song bears that file already, or the name is too long: no later start would do better.
-        if (error.number != dao::DuplicateKey && error.number != dao::FieldTooSmall)
-            throw;
-    }
+    row->setValue(u"PathName"_s, note.to.PathName);
+    row->setValue(u"FileName"_s, note.to.FileName);
+    row->Update();
+}
+
+std::optional<FiledSong> RenameNotes::bearerOf(const SongFile &file)
+{
+    return songOfFile(*m_catalogue.CatalogueDb, file);
 }
 
 void RenameNotes::renameTracks(const QString &from, const QString &to)
 {
+    renameTracks(from, to, 0);
+}
+
+void RenameNotes::renameTracks(const QString &from, const QString &to, qint64 exceptOf)
+{
     dao::Transaction transaction(m_catalogue.CatalogueDb->workspace());
     const auto tracks = m_catalogue.CatalogueDb->OpenRecordset(
-        u"Select FileName From tblPlayListDetail Where FileName="_s + quoted(from),
+        u"Select FileName, ContactRecordID From tblPlayListDetail Where FileName="_s + quoted(from),
         dao::RecordsetType::Dynaset);
     for (; !tracks->atEOF(); tracks->MoveNext()) {
         // The store's comparison is blind to case, but here files are told apart by it.
-        if (tracks->text(u"FileName"_s) != from)
+        if (tracks->text(u"FileName"_s) != from ||
+            (exceptOf != 0 && tracks->value(u"ContactRecordID"_s).toLongLong() == exceptOf))
             continue;
         tracks->Edit();
         tracks->setValue(u"FileName"_s, to);

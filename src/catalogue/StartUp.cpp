@@ -9,6 +9,8 @@
 #include "platform/options/SingleInstance.h"
 #include "platform/text/Text.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -191,8 +193,19 @@ void StartUp::prepareCatalogue()
 {
     const Hourglass hourglass(m_desktop);
     ensureDuplicateQueries(*m_catalogue.CatalogueDb);
-    RenameNotes(m_catalogue).settle();
+    const QStringList renamed = RenameNotes(m_catalogue).settle();
+    if (!renamed.isEmpty())
+        tellRenamed(renamed);
     m_catalogue.ContactsTable = m_catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s);
+}
+
+void StartUp::tellRenamed(const QStringList &sentences)
+{
+    constexpr qsizetype MostTold = 8;
+    QStringList told = sentences.first(std::min(MostTold, sentences.size()));
+    if (sentences.size() > MostTold)
+        told += u"... and %1 more."_s.arg(sentences.size() - MostTold);
+    m_desktop.MessageBox(told.join(u"\r\r"_s), u"Renamed files"_s, Icon::Exclamation);
 }
 
 void StartUp::tellError(const dao::DaoError &error)

@@ -68,6 +68,8 @@ private:
     [[nodiscard]] Opened openCatalogue();
     [[nodiscard]] bool tryOpen(const QString &connect);
     void prepareCatalogue();
+    /** Of songs whose file was renamed when the program ended, and whose record could not follow. */
+    void tellRenamed(const QStringList &sentences);
     void tellError(const dao::DaoError &error);
     void tellAlreadyRunning();
 

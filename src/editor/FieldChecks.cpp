@@ -6,6 +6,9 @@
 #include "desktop/FileHelpers.h"
 #include "platform/text/Text.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -63,6 +66,14 @@ bool changes(const QString &stored, const QString &text)
     return !stored.trimmed().isEmpty() && stored != text;
 }
 
+/** As a scan would name it: one separator at a time and none of the ways about. */
+QString cleanFolder(const QString &path)
+{
+    // Behind a link the folder above is another one than the text says.
+    const bool climbs = path.contains(u"/../"_s) || path.endsWith(u"/.."_s);
+    return EnsureBackslash(climbs ? QFileInfo(path).canonicalFilePath() : QDir::cleanPath(path));
+}
+
 Verdict checkMissingFolder(const QString &pathName, const EditedRow &row)
 {
     const QString trimmed = pathName.trimmed();
@@ -73,6 +84,32 @@ Verdict checkMissingFolder(const QString &pathName, const EditedRow &row)
     if (trimmed != pathName)
         verdict.accepted = trimmed;
     return verdict;
+}
+
+/** Nobody sees them, and no music file would end in one. */
+QString withoutEndBlanks(QString name)
+{
+    while (name.endsWith(u' '))
+        name.chop(1);
+    return name;
+}
+
+Verdict checkNewName(const QString &fileName, const QString &pathName, const EditedRow &row)
+{
+    const QString stored = row.texts.value(u"FileName"_s);
+    if (!isAcceptedFileName(fileName, storedIn(row, u"FileName"_s))) {
+        if (!fileName.trimmed().isEmpty())
+            return objection(
+                u'"' + fileName +
+                    u"\" is not a valid file name.  Please change it or press the Cancel button."_s,
+                u"Error - Invalid File Name"_s, storedIn(row, u"FileName"_s));
+        return {};
+    }
+    if (row.EditMode && changes(stored, fileName) && movesFile(pathName, fileName, row))
+        return warning(
+            u"Changing the File name here will rename this file on your computer when you save this record."_s,
+            keys::FileNameWarning, stored);
+    return {};
 }
 
 } // namespace
@@ -117,25 +154,14 @@ bool isAcceptedFileName(const QString &fileName, const QString &rowFileName)
     return IsValidFileName(fileName) || (isGreaterThanBlank(fileName) && fileName == rowFileName);
 }
 
-Verdict checkFileName(const QString &fileName, const QString &pathName, const EditedRow &row)
+Verdict checkFileName(const QString &typed, const QString &pathName, const EditedRow &row)
 {
     const QString stored = row.texts.value(u"FileName"_s);
-    if (!isAcceptedFileName(fileName, storedIn(row, u"FileName"_s))) {
-        if (!fileName.trimmed().isEmpty())
-            return objection(
-                u'"' + fileName +
-                    u"\" is not a valid file name.  Please change it or press the Cancel button."_s,
-                u"Error - Invalid File Name"_s, storedIn(row, u"FileName"_s));
-        Verdict blank;
-        if (!fileName.isEmpty())
-            blank.accepted = QString();
-        return blank;
-    }
-    if (row.EditMode && changes(stored, fileName) && movesFile(pathName, fileName, row))
-        return warning(
-            u"Changing the File name here will rename this file on your computer when you save this record."_s,
-            keys::FileNameWarning, stored);
-    return {};
+    const QString fileName = typed == stored ? typed : withoutEndBlanks(typed);
+    Verdict verdict = checkNewName(fileName, pathName, row);
+    if (fileName != typed && !verdict.accepted)
+        verdict.accepted = fileName;
+    return verdict;
 }
 
 Verdict checkPathName(const QString &pathName, const QString &fileName, const EditedRow &row,
@@ -144,9 +170,14 @@ Verdict checkPathName(const QString &pathName, const QString &fileName, const Ed
     const QString stored = row.texts.value(u"PathName"_s);
     if (row.EditMode && pathName == stored)
         return {};
+    const QString typed = folder.exists ? pathName : pathName.trimmed();
+    if (!typed.isEmpty() && typed != stored && !isFullPath(typed))
+        return objection(u"Invalid Path name. \""_s + pathName +
+                             u"\" is not complete: it must begin with \""_s + PathSeparator + u"\"."_s,
+                         u"Error"_s, storedIn(row, u"PathName"_s));
     if (!folder.exists && !folder.trimmedExists)
         return checkMissingFolder(pathName, row);
-    const QString named = EnsureBackslash(folder.exists ? pathName : pathName.trimmed());
+    const QString named = cleanFolder(typed);
     if (!fitsField(u"PathName"_s, named))
         return tooLong(u"Path name"_s);
     Verdict verdict;
@@ -174,6 +205,11 @@ Verdict tooLong(const QString &what)
             .stays = true};
 }
 
+bool isFullPath(const QString &path)
+{
+    return path.startsWith(PathSeparator);
+}
+
 Verdict checkPickedFolder(const QString &pathName, const EditedRow &row)
 {
     const QString stored = row.texts.value(u"PathName"_s);
@@ -184,8 +220,9 @@ Verdict checkPickedFolder(const QString &pathName, const EditedRow &row)
                    keys::PathNameWarning, stored);
 }
 
-QString renamedFile(const QString &answer, const QString &fileName)
+QString renamedFile(const QString &typed, const QString &fileName)
 {
+    const QString answer = withoutEndBlanks(typed);
     constexpr qsizetype Ending = 4;
     if (answer.isEmpty() || answer.right(Ending) == fileName.right(Ending))
         return answer;

@@ -70,6 +70,9 @@ struct FolderFacts
 /** A name that the row bears already is accepted, whatever is in it: such files exist. */
 [[nodiscard]] bool isAcceptedFileName(const QString &fileName, const QString &rowFileName);
 
+/** From the root on, so that it means the same folder wherever the program was started. */
+[[nodiscard]] bool isFullPath(const QString &path);
+
 /** The new name of a file from what the user typed: the ending may be left out. */
 [[nodiscard]] QString renamedFile(const QString &answer, const QString &fileName);
 

@@ -6,6 +6,8 @@
 #include "platform/shell/FileMove.h"
 #include "platform/store/Dao.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -24,9 +26,18 @@ void FileSync::follow(qint64 recordId, const SongFile &row, const SongFile &type
     m_notes.renameTracks(row.path(), typed.path());
 }
 
+std::optional<QString> FileSync::giveUp()
+{
+    const auto renamed = std::exchange(m_renamed, std::nullopt);
+    if (!renamed || !m_notes.has(*renamed))
+        return std::nullopt;
+    return m_notes.giveUp(*renamed);
+}
+
 void FileSync::rename(qint64 recordId, const SongFile &row, const SongFile &typed)
 {
-    m_notes.keep(recordId, row.PathName, row.FileName, typed.PathName, typed.FileName);
+    m_notes.keep(recordId, row, typed);
+    m_renamed = recordId;
     try {
         shell::moveFile(row.path(), typed.path());
     } catch (const dao::DaoError &) {

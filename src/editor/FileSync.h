@@ -5,16 +5,6 @@
 
 namespace quaverly {
 
-/** Where a song's file is: folder with its trailing separator, and name. */
-struct SongFile
-{
-    QString PathName;
-    QString FileName;
-
-    [[nodiscard]] QString path() const { return PathName + FileName; }
-    bool operator==(const SongFile &) const = default;
-};
-
 /** Keeps a music file and the play lists in step with the names on its record. */
 class FileSync final
 {
@@ -23,6 +13,14 @@ public:
 
     /** The row's file is there and the typed names are ones that it could bear. */
     [[nodiscard]] static bool canFollow(const SongFile &row, const SongFile &typed);
+
+    /** Where the file is now: a save that was refused has renamed it already. */
+    [[nodiscard]] SongFile placeOf(qint64 recordId, const SongFile &row)
+    {
+        return m_notes.placeOf(recordId, row);
+    }
+    /** Undoes what such a save did to file and tracks. @throws dao::DaoError when the file can't go back. */
+    void takeBack(qint64 recordId) { m_notes.takeBack(recordId); }
 
     /**
      * Renames or moves the record's file, and has the play lists follow. When the target is there already,
@@ -34,10 +32,16 @@ public:
     /** The record bears the names on the disk. */
     void rowWritten(qint64 recordId) { m_notes.drop(recordId); }
 
+    /** The editor closes: a file whose row was not written goes back, or the row follows it.
+     * @returns nothing when there was none; else what the user is to be told, mostly the empty text */
+    [[nodiscard]] std::optional<QString> giveUp();
+
 private:
     void rename(qint64 recordId, const SongFile &row, const SongFile &typed);
 
     RenameNotes m_notes;
+    /** The record whose file was renamed last. */
+    std::optional<qint64> m_renamed;
 };
 
 } // namespace quaverly

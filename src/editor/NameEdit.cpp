@@ -166,11 +166,11 @@ void NameEdit::loadNewRecord()
 }
 
 // Clearing these makes the new record a changed one at once, and leaves out more than the message about
-// templates says: both are meant.
+// templates says: both are meant. The file is the other song's.
 void NameEdit::loadFromTemplate()
 {
     LoadFormFromData();
-    for (const auto &field : {u"SongName"_s, u"ID"_s, u"BPM"_s})
+    for (const auto &field : {u"SongName"_s, u"ID"_s, u"BPM"_s, u"PathName"_s, u"FileName"_s})
         setText(field, {});
     m_ui->cmbGenre->setCurrentIndex(-1);
     m_ui->cmbGenre->clearEditText();
@@ -280,6 +280,7 @@ bool NameEdit::Form_Unload()
         state.PictureChanged = false;
     }
     state.RecordDirty = false;
+    giveUpRename();
     if (!state.RecordSaved)
         return true;
     state.PictureChanged = false;
@@ -288,6 +289,18 @@ bool NameEdit::Form_Unload()
     m_assignCategory = std::exchange(state.NewRecordSaved, false) &&
                        m_parts.options.AssignCategoryOnAdd == 1 && !text(u"SongName"_s).trimmed().isEmpty();
     return true;
+}
+
+// The record is to be as it was before the save that was refused; what came of it is settled here and not
+// only at the next start, since until then the list would name a file that isn't there.
+void NameEdit::giveUpRename()
+{
+    const auto told = m_save.giveUp();
+    if (!told)
+        return;
+    m_walk.refreshForList(m_parts.set.Data1().currentText(u"RecordID"_s).toLongLong());
+    if (!told->isEmpty())
+        m_parts.desktop.MessageBox(*told, u"Renamed files"_s, Icon::Exclamation);
 }
 
 bool NameEdit::mayLoseChanges()

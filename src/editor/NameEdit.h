@@ -112,6 +112,7 @@ protected:
 private:
     void Form_Load();
     [[nodiscard]] bool Form_Unload();
+    void giveUpRename();
     [[nodiscard]] bool mayLoseChanges();
     void wire();
     void wireFields();

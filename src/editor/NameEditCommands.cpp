@@ -8,6 +8,7 @@
 #include "editor/EditorState.h"
 #include "editor/LeaveGate.h"
 #include "songlist/DisplayedSet.h"
+#include "songlist/ListCommands.h"
 #include "songlist/PlayerState.h"
 #include "ui_NameEdit.h"
 
@@ -197,8 +198,7 @@ bool NameEdit::mayDelete()
         return false;
     }
     const QString song = m_parts.set.Data1().Recordset().text(u"SongName"_s).trimmed();
-    return desktop.MessageBox(u"Are you sure you want to delete this record?\r"_s + song, u"Confirmation"_s,
-                              Icon::Question, Buttons::YesNo) == Answer::Yes;
+    return mayDeleteRecord(desktop, song);
 }
 
 void NameEdit::cmdAddNew_Click()

@@ -39,11 +39,15 @@ SaveResult SongSave::save(const SongTexts &texts)
     try {
         return checkAndWrite(texts);
     } catch (const dao::DaoError &error) {
-        m_parts.desktop.resetPointer();
-        m_parts.desktop.MessageBox(error.description, u"Error"_s);
-        return {SaveOutcome::Refused,
-                error.number == dao::FileAlreadyExists ? "txtFileName"_L1 : QLatin1StringView()};
+        return tell(error);
     }
+}
+
+SaveResult SongSave::tell(const dao::DaoError &error, QLatin1StringView control)
+{
+    m_parts.desktop.resetPointer();
+    m_parts.desktop.MessageBox(error.description, u"Error"_s);
+    return {SaveOutcome::Refused, control};
 }
 
 SaveResult SongSave::checkAndWrite(const SongTexts &texts)
@@ -53,10 +57,12 @@ SaveResult SongSave::checkAndWrite(const SongTexts &texts)
         state.RecordDirty = false;
     if (isBlank(texts.value(u"SongName"_s)))
         return refuse(u"Song Name was not specified"_s, u"You cannot add a Song that does not have a Name."_s,
-                      true);
+                      true, "txtSongName"_L1);
     if (!state.RecordDirty)
         return {SaveOutcome::Unchanged};
     const SongFile typed = fileOf(texts);
+    if (const auto refused = checkPlace(typed))
+        return *refused;
     if (!m_parts.options.FileRenameDisabled && state.EditMode) {
         if (const auto refused = syncFile(typed))
             return *refused;
@@ -77,17 +83,36 @@ SaveResult SongSave::refuse(const QString &title, const QString &text, bool excl
     return {SaveOutcome::Refused, control};
 }
 
+// Before the disk is touched: a file renamed to what another record names would be that record's, and this
+// one would be left without.
+std::optional<SaveResult> SongSave::checkPlace(const SongFile &typed)
+{
+    const SongFile row = rowFile();
+    if (isBlank(typed.FileName) || typed == row)
+        return std::nullopt;
+    const QLatin1StringView changed = typed.FileName != row.FileName ? "txtFileName"_L1 : "txtPathName"_L1;
+    if (!isBlank(typed.PathName) && typed.PathName != row.PathName && !isFullPath(typed.PathName))
+        return refuse(u"Invalid Path Name"_s,
+                      u"The Path name must be complete, beginning with \""_s + PathSeparator + u"\"."_s, true,
+                      "txtPathName"_L1);
+    const auto bearer = songOfFile(*m_parts.catalogue.CatalogueDb, typed);
+    if (!bearer || (m_parts.state.EditMode && bearer->RecordID == rowID()))
+        return std::nullopt;
+    return refuse(u"File of another record"_s,
+                  u"\"%1\" is the file of another record already, the song \"%2\".  Please choose another "
+                  "name or folder."_s.arg(typed.path(), bearer->SongName),
+                  true, changed);
+}
+
 // A file that is not on the disk, and a folder that is not there, don't stop here: the checks behind do.
 std::optional<SaveResult> SongSave::syncFile(const SongFile &typed)
 {
     const SongFile row = rowFile();
-    if (typed == row)
+    if (typed == m_files.placeOf(rowID(), row))
         return std::nullopt;
-    if (FileSync::canFollow(row, typed)) {
-        m_files.follow(rowID(), row, typed);
-        return std::nullopt;
-    }
-    if (isAcceptedFileName(typed.FileName, row.FileName))
+    if (const auto refused = moveFile(row, typed))
+        return refused;
+    if (typed == row || isAcceptedFileName(typed.FileName, row.FileName))
         return std::nullopt;
     if (isBlank(typed.FileName))
         return refuse(u"Blank File Name"_s, u"File Name is blank.  Please correct it."_s, true,
@@ -96,16 +121,32 @@ std::optional<SaveResult> SongSave::syncFile(const SongFile &typed)
                   true, "txtFileName"_L1);
 }
 
+// By way of its old name, which the row bears, so that one note tells at every moment where the file is.
+std::optional<SaveResult> SongSave::moveFile(const SongFile &row, const SongFile &typed)
+{
+    try {
+        m_files.takeBack(rowID());
+        if (typed != row && FileSync::canFollow(row, typed))
+            m_files.follow(rowID(), row, typed);
+        return std::nullopt;
+    } catch (const dao::DaoError &error) {
+        const bool isName = typed.PathName == row.PathName || error.number == dao::FileAlreadyExists;
+        return tell(error, isName ? "txtFileName"_L1 : "txtPathName"_L1);
+    }
+}
+
 std::optional<SaveResult> SongSave::checkNames(const SongFile &typed)
 {
     if (!isBlank(typed.PathName) && !FolderExists(typed.PathName))
-        return refuse(u"Invalid Path Name"_s, u"The Path name does not exist."_s, true);
+        return refuse(u"Invalid Path Name"_s, u"The Path name does not exist."_s, true, "txtPathName"_L1);
     if (isBlank(typed.PathName) && !isBlank(typed.FileName))
         return refuse(u"Invalid Path Name"_s,
-                      u"The Path name cannot be blank if the File name is not blank."_s, false);
+                      u"The Path name cannot be blank if the File name is not blank."_s, false,
+                      "txtPathName"_L1);
     if (isBlank(typed.FileName) && !isBlank(typed.PathName))
         return refuse(u"Invalid File Name"_s,
-                      u"The File name cannot be blank if the Path name is not blank."_s, false);
+                      u"The File name cannot be blank if the Path name is not blank."_s, false,
+                      "txtFileName"_L1);
     return std::nullopt;
 }
 
@@ -166,7 +207,7 @@ void SongSave::MoveFormToData(const SongTexts &texts)
     EditorState &state = m_parts.state;
     const auto songs = m_parts.catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s);
     songs->setIndex(u"PrimaryKey"_s);
-    const SongFile before = state.EditMode ? rowFile() : SongFile();
+    const SongFile before = rowFile();
     if (state.EditMode) {
         songs->Seek(u"="_s, {rowID()});
         songs->Edit();
@@ -211,6 +252,8 @@ void SongSave::assignShownCategory()
 
 SongFile SongSave::rowFile()
 {
+    if (!m_parts.state.EditMode)
+        return {};
     const dao::Recordset &row = m_parts.set.Data1().Recordset();
     return {row.text(u"PathName"_s), row.text(u"FileName"_s)};
 }

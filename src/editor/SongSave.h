@@ -8,6 +8,10 @@
 
 #include <functional>
 
+namespace dao {
+class DaoError;
+}
+
 namespace quaverly {
 
 class Desktop;
@@ -44,8 +48,8 @@ struct SaveParts
 
 /**
  * Writes the editor's texts: checks, the music file, the play lists and the record, in that order. The order
- * is meant: a save that is refused after the file was renamed leaves it renamed, and a later one writes the
- * row.
+ * is meant: a save that is refused after the file was renamed leaves it renamed. A later one writes the row,
+ * from there to yet another name if it says so; without one, giveUp() takes the file back.
  */
 class SongSave final
 {
@@ -58,12 +62,18 @@ public:
     /** Writes the texts to the record, or to a new one. @throws dao::DaoError. */
     void MoveFormToData(const SongTexts &texts);
 
+    /** The record on the screen is left as it was stored: a file that a refused save renamed goes back.
+     * @returns nothing when there was none; else what the user is to be told, mostly the empty text */
+    [[nodiscard]] std::optional<QString> giveUp() { return m_files.giveUp(); }
+
     /** True after MoveFormToData ran, false when a check refused the save. */
     [[nodiscard]] bool SaveAccepted() const { return m_saveAccepted; }
 
 private:
     [[nodiscard]] SaveResult checkAndWrite(const SongTexts &texts);
+    [[nodiscard]] std::optional<SaveResult> checkPlace(const SongFile &typed);
     [[nodiscard]] std::optional<SaveResult> syncFile(const SongFile &typed);
+    [[nodiscard]] std::optional<SaveResult> moveFile(const SongFile &row, const SongFile &typed);
     [[nodiscard]] std::optional<SaveResult> checkNames(const SongFile &typed);
     [[nodiscard]] std::optional<SaveResult> checkID(const SongTexts &texts);
     void write(const SongTexts &texts);
@@ -72,6 +82,8 @@ private:
     void assignShownCategory();
     [[nodiscard]] SaveResult refuse(const QString &title, const QString &text, bool exclamation,
                                     QLatin1StringView control = {});
+    [[nodiscard]] SaveResult tell(const dao::DaoError &error, QLatin1StringView control = {});
+    /** Where the record names its file; empty for a new one. */
     [[nodiscard]] SongFile rowFile();
     [[nodiscard]] qint64 rowID();
 

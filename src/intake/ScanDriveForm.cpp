@@ -27,9 +27,8 @@ QString warningText()
            "The less you use your computer during the scan, the quicker it will complete.  "
            "WAIT until it finishes, even if it appears to be doing nothing.  You will see a completion "
            "message appear when it is done.\n\n"
-           "If your computer enters Sleep Mode, the scan will be suspended.  To prevent this, go to "
-           "Windows Control Panel/Power Options/Change Plan Settings and change the sleep time to Never, "
-           "before running the scan."_s;
+           "If your computer enters Sleep Mode, the scan will be suspended.  To prevent this, open "
+           "the power settings of your desktop and switch automatic suspend off, before running the scan."_s;
 }
 
 /** A drive as the list names it; the root drive's own name is the empty text. */

@@ -58,9 +58,14 @@ bool ListCommands::deleteConfirmed()
             u"No records to delete"_s, Icon::Information);
         return false;
     }
-    const QString song = m_set.Data1().currentText(u"SongName"_s).trimmed();
-    return m_desktop.MessageBox(u"Are you sure you want to delete this record?\r"_s + song, u"Confirmation"_s,
-                                Icon::Question, Buttons::YesNo) == Answer::Yes;
+    return mayDeleteRecord(m_desktop, m_set.Data1().currentText(u"SongName"_s).trimmed());
+}
+
+bool mayDeleteRecord(Desktop &desktop, const QString &song)
+{
+    return desktop.MessageBox(u"Are you sure you want to delete this record?\r"_s + song +
+                                  u"\r\rIts music file stays on your disk."_s,
+                              u"Confirmation"_s, Icon::Question, Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
 void ListCommands::cmdDelete_Click(const std::function<void()> &finishEditing)

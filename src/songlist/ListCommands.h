@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
+
 #include <functional>
 
 namespace quaverly {
@@ -31,5 +33,8 @@ private:
     MainScreen &m_screen;
     Desktop &m_desktop;
 };
+
+/** Asks whether the record of that song may be deleted; Enter means no. */
+[[nodiscard]] bool mayDeleteRecord(Desktop &desktop, const QString &song);
 
 } // namespace quaverly

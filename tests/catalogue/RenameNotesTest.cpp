@@ -5,6 +5,8 @@
 #include "support/Limits.h"
 #include "support/store/StoreFixture.h"
 
+#include <sys/file.h>
+
 using namespace Qt::StringLiterals;
 using namespace quaverly;
 using namespace quaverly::test;
@@ -25,7 +27,7 @@ protected:
             data.addRow(u"tblPlayListDetail"_s, {{u"ListID"_s, id}, {u"FileName"_s, from + name}});
         }
     }
-    void keep(qint64 song = 1) { notes.keep(song, from, name, to, newName); }
+    void keep(qint64 song = 1) { notes.keep(song, {from, name}, {to, newName}); }
     [[nodiscard]] QString file(qint64 song = 1)
     {
         return data.songValue(song, u"PathName"_s).toString() +
@@ -62,7 +64,7 @@ TEST_F(TheRename, IsSettledByWhatTheDiskHolds)
         for (const QString &there : files)
             writeFile(there);
         data.reopen();
-        notes.settle();
+        EXPECT_EQ(notes.settle(), QStringList());
         expectAt(path);
         EXPECT_EQ(notesLeft(), left);
         for (const QString &there : files)
@@ -86,16 +88,78 @@ TEST_F(TheRename, LeavesAloneWhatIsNotItsOwn)
     data.addRow(u"tblPlayListDetail"_s, {{u"ListID"_s, 9}, {u"FileName"_s, twin}});
     keep(changed);
     ASSERT_TRUE(QFile::rename(from + name, to + newName));
-    notes.settle();
+    EXPECT_EQ(notes.settle(), QStringList());
     EXPECT_EQ(file(changed), from + u"by hand.mp3"_s);
     EXPECT_EQ(tracks(), QStringList({to + newName, to + newName, twin}));
 
-    data.addSong(Song(u"c"_s).file(to, newName));
-    keep();
     keep(77);
-    notes.settle();
-    EXPECT_EQ(file(), from + name);
+    EXPECT_EQ(notes.settle(), QStringList());
     EXPECT_EQ(notesLeft(), 0);
+}
+
+TEST_F(TheRename, IsUndoneWhereAnotherSongHasTheFile)
+{
+    const qint64 twin = data.addSong(Song(u"Twin"_s).file(to, newName));
+    data.addRow(u"tblPlayListDetail"_s,
+                {{u"ListID"_s, 9}, {u"FileName"_s, to + newName}, {u"ContactRecordID"_s, twin}});
+    keep();
+    ASSERT_TRUE(QFile::rename(from + name, to + newName));
+    // Its old name is taken: the note stays, and is told at each start.
+    ASSERT_TRUE(QDir().mkdir(from + name));
+    for (int start = 0; start < 2; ++start) {
+        data.reopen();
+        const QString told = notes.settle().join(u'|');
+        EXPECT_TRUE(told.contains(u"The file of \"SOS\" was renamed"_s) && told.contains(u"\"Twin\""_s) &&
+                    told.endsWith(u"tries again at each start."_s))
+            << qPrintable(told);
+        EXPECT_EQ(notesLeft(), 1);
+        EXPECT_EQ(file(), from + name);
+        EXPECT_EQ(tracks(), QStringList(3, to + newName)) << "where the file is";
+    }
+    ASSERT_TRUE(QDir().rmdir(from + name));
+    EXPECT_TRUE(notes.settle().join(u'|').endsWith(u"The file has its old name again."_s));
+    EXPECT_TRUE(QFile::exists(from + name) && !QFile::exists(to + newName));
+    EXPECT_EQ(tracks(), QStringList({from + name, from + name, to + newName}));
+    EXPECT_EQ(notesLeft(), 0);
+}
+
+TEST_F(TheRename, ClearsWhatAMoveLeftHalfDone)
+{
+    const QString part = to + u".quaverly-aB3dE6.part"_s;
+    const QString taken = to + u".quaverly-taken1.part"_s;
+    writeFile(taken, "another process");
+    QFile held(taken);
+    ASSERT_TRUE(held.open(QIODevice::ReadOnly));
+    ASSERT_EQ(::flock(held.handle(), LOCK_EX), 0);
+    struct
+    {
+        QByteArray second;
+        bool stays;
+    } const cases[] = {{"the song", false}, {"", false}, {"their song", true}};
+    for (const auto &[second, stays] : cases) {
+        SCOPED_TRACE(second.constData());
+        writeFile(from + name, "the song");
+        writeFile(to + newName, second);
+        writeFile(part, "the so");
+        keep();
+        EXPECT_EQ(notes.settle(), QStringList());
+        expectAt(from + name);
+        EXPECT_EQ(bytesOf(from + name), "the song");
+        EXPECT_EQ(QFile::exists(to + newName), stays);
+        EXPECT_TRUE(!QFile::exists(part) && QFile::exists(taken));
+        EXPECT_EQ(notesLeft(), 0);
+    }
+    QFile::remove(to + newName);
+    // It died between two spellings.
+    keep();
+    ASSERT_TRUE(QFile::rename(from + name, from + u".quaverly-aB3dE6.song"_s));
+    EXPECT_EQ(notes.settle(), QStringList());
+    EXPECT_EQ(bytesOf(from + name), "the song");
+    // One file under a folder's two names is no second copy.
+    ASSERT_TRUE(QFile::link(from, data.path(u"alias"_s)));
+    notes.keep(1, {from, name}, {data.path(u"alias/"_s), name});
+    EXPECT_EQ(notes.settle(), QStringList());
+    EXPECT_EQ(bytesOf(from + name), "the song");
 }
 
 TEST_F(TheRename, IsNotedInOlderCataloguesAndNotBegunInReadOnlyOnes)
@@ -115,7 +179,7 @@ TEST_F(TheRename, IsNotedInOlderCataloguesAndNotBegunInReadOnlyOnes)
         else
             EXPECT_THROW(keep(), dao::DaoError);
         EXPECT_TRUE(!writable || notesLeft() == 1);
-        notes.settle();
+        EXPECT_EQ(notes.settle(), QStringList());
         data.close();
     }
 }

@@ -92,19 +92,26 @@ TEST_F(TheStart, OpensTheCatalogueOfTheDefaultFolderAndCompletesIt)
     EXPECT_EQ(stored(), QString());
 }
 
-TEST_F(TheStart, EndsARenameThatWasCutOff)
+TEST_F(TheStart, EndsARenameThatWasCutOffAndTellsWhatItCouldNot)
 {
     const QString file = makeCatalogue("data");
-    writeFile(folder("elsewhere") + u"new.mp3"_s);
+    const QString there = folder("elsewhere");
+    writeFile(there + u"new.mp3"_s);
+    writeFile(there + u"taken.mp3"_s, "mine");
     Catalogue before;
     before.CatalogueDb = engine.OpenDatabase(file);
-    before.CatalogueDb->Execute(
-        u"Insert Into tblContacts (PathName, FileName) Values ('%1', 'old.mp3')"_s.arg(folder("elsewhere")));
-    RenameNotes(before).keep(1, folder("elsewhere"), u"old.mp3"_s, folder("elsewhere"), u"new.mp3"_s);
+    for (const auto &name : {u"old.mp3"_s, u"mine.mp3"_s, u"taken.mp3"_s})
+        before.CatalogueDb->Execute(
+            u"Insert Into tblContacts (SongName, PathName, FileName) Values ('%2', '%1', '%2')"_s.arg(there,
+                                                                                                      name));
+    RenameNotes(before).keep(1, {there, u"old.mp3"_s}, {there, u"new.mp3"_s});
+    RenameNotes(before).keep(2, {there, u"mine.mp3"_s}, {there, u"taken.mp3"_s});
     before.CatalogueDb.reset();
+    desktop.willSee(u"The file of \"mine.mp3\" was renamed"_s);
     ASSERT_EQ(start(), StartResult::Running);
     catalogue.ContactsTable->MoveFirst();
     EXPECT_EQ(catalogue.ContactsTable->text(u"FileName"_s), u"new.mp3"_s);
+    EXPECT_EQ(bytesOf(there + u"mine.mp3"_s), "mine");
 }
 
 TEST_F(TheStart, WritesNothingToACatalogueThatIsWhole)

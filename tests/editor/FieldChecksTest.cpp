@@ -61,6 +61,7 @@ TEST(TheFileNameCheck, RefusesWhatNoFileMayBear)
     odd.EditMode = false;
     EXPECT_EQ(checkFileName(u"what?.mp3"_s, u"/m/"_s, odd).reverted, QString());
     EXPECT_EQ(checkFileName(u"  "_s, u"/m/"_s, stored()).accepted, QString());
+    EXPECT_EQ(checkFileName(u"b.mp3 "_s, u"/m/"_s, stored()).accepted, u"b.mp3"_s);
 }
 
 TEST(TheFileNameCheck, WarnsOnlyWhenAFileWouldBeRenamed)
@@ -89,6 +90,8 @@ TEST(ThePathCheck, CompletesAndWarns)
     const FolderFacts gone{};
     EXPECT_EQ(checkPathName(u"/n"_s, u"a.mp3"_s, stored(), there).accepted, u"/n/"_s);
     EXPECT_EQ(checkPathName(u"/n"_s, u"a.mp3"_s, stored(), there).ask, Ask::Warning);
+    EXPECT_EQ(checkPathName(u"/n//./o"_s, u"a.mp3"_s, stored(), there).accepted, u"/n/o/"_s);
+    EXPECT_TRUE(checkPathName(u"n/"_s, u"a.mp3"_s, stored(), there).text.contains(u"is not complete"_s));
     EXPECT_EQ(checkPathName(u" /n "_s, u"a.mp3"_s, stored(false), {false, true}).accepted, u"/n/"_s);
     EXPECT_EQ(checkPathName(u"/m/"_s, u"a.mp3"_s, stored(), gone).ask, Ask::Nothing);
     const Verdict missing = checkPathName(u"/nowhere"_s, u"a.mp3"_s, stored(), gone);

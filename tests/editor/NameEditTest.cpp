@@ -256,7 +256,8 @@ TEST_F(TheEditor, StartsNewRecordsFromTheTemplate)
     press(u"cmdMakeDefault"_s);
     press(u"cmdAddNew"_s);
     EXPECT_EQ(shown(u"txtComposer"_s), u"Benny"_s);
-    EXPECT_EQ(shown(u"txtSongName"_s) + shown(u"txtID"_s) + shown(u"txtBPM"_s) + shown(u"cmbGenre"_s),
+    EXPECT_EQ(shown(u"txtSongName"_s) + shown(u"txtID"_s) + shown(u"txtBPM"_s) + shown(u"cmbGenre"_s) +
+                  shown(u"txtPathName"_s) + shown(u"txtFileName"_s),
               QString());
     EXPECT_TRUE(state.RecordDirty);
     desktop.willSee(u"You must save this record first"_s).willSee(u"You cannot delete a record before"_s);
@@ -265,7 +266,6 @@ TEST_F(TheEditor, StartsNewRecordsFromTheTemplate)
     desktop.willSee(u"Template reset to original default."_s);
     press(u"cmdClearDefault"_s);
     enter(u"txtSongName"_s, u"New"_s);
-    control<QLineEdit>(u"txtFileName"_s).setText(u"New.mp3"_s);
     enter(u"txtMiscField1_Desc"_s, u"Mine"_s);
     press(u"cmdAddNew"_s);
     EXPECT_EQ(shown(u"txtComposer"_s), QString());
@@ -282,6 +282,8 @@ TEST_F(TheEditor, DeletesRecordsAndLeavesTheirFiles)
     edit(waterloo);
     desktop.willAnswer(Answer::No, u"Are you sure you want to delete this record?\rWaterloo"_s);
     press(u"cmdDelete"_s);
+    EXPECT_EQ(desktop.lastCall().defaultAnswer, Answer::No);
+    EXPECT_TRUE(desktop.lastCall().text.endsWith(u"Its music file stays on your disk."_s));
     for (const auto &left : {u"SOS"_s, u"Arrival"_s}) {
         desktop.willAnswer(Answer::Yes);
         press(u"cmdDelete"_s);

@@ -51,22 +51,39 @@ protected:
         EXPECT_EQ(isOpen(), !closes);
     }
 
-    /** Without the screen, which a child of the test can't show: the names typed, and saved. */
-    SaveOutcome saveAs(const QString &path, const QString &name, std::function<QDateTime()> clock = {})
+    /** Without the screen, which a child of the test can't show: the song as the editor opens on it. */
+    SongSave saver(std::function<QDateTime()> clock = {})
     {
         display();
         EXPECT_TRUE(set.Data1().findRecord(sos));
-        state.EditMode = state.RecordDirty = true;
+        state.EditMode = true;
         state.RecordSaved = false;
+        return SongSave({desktop, set, store.catalogue(), options, state,
+                         clock ? std::move(clock) : [this] { return now; }});
+    }
+    SaveOutcome saveAs(SongSave &save, const QString &path, const QString &name, const QString &id = {})
+    {
+        state.RecordDirty = true;
         SongTexts texts = textsOf(set.Data1().Recordset());
         texts[u"PathName"_s] = path;
         texts[u"FileName"_s] = name;
         texts[u"AlbumName"_s] = u"saved"_s;
-        SongSave save({desktop, set, store.catalogue(), options, state,
-                       clock ? std::move(clock) : [this] { return now; }});
+        texts[u"ID"_s] = id;
         return save.save(texts).outcome;
     }
-    void expectDeathsLeaveAllTogether(const QString &path);
+    /** One row, one file and its tracks, and nothing beside them. */
+    void expectTogether(const QString &elsewhere)
+    {
+        EXPECT_EQ(bytesOf(row()), "SOS");
+        EXPECT_EQ(tracks(), QStringList({row(), music(u"sos.mp3"_s), music(u"Other.mp3"_s)}));
+        EXPECT_EQ(files().size() + QDir(elsewhere).entryList(QDir::Files | QDir::Hidden).size(),
+                  elsewhere == music() ? 4 : 2)
+            << qPrintable(files().join(u'|'));
+        EXPECT_EQ(notes(), 0);
+    }
+    using Steps = std::function<void(SongSave &)>;
+    void expectDeathsLeaveAllTogether(const QString &path, const Steps &before, const Steps &road,
+                                      const QString &end);
 
     qint64 sos = 0, other = 0, list = 0;
 };
@@ -119,6 +136,8 @@ TEST_F(TheSave, KeepsTheFileWhenTheOtherFileSystemIsFull)
     EXPECT_EQ(row(), music(u"SOS.mp3"_s));
     EXPECT_EQ(tracks().first(), row());
     EXPECT_EQ(notes(), 0);
+    EXPECT_EQ(focus(), u"txtPathName"_s);
+    desktop.willPassWarning(true);
     press(u"cmdSave"_s);
     reopen();
     EXPECT_EQ(row(), target);
@@ -127,10 +146,9 @@ TEST_F(TheSave, KeepsTheFileWhenTheOtherFileSystemIsFull)
     EXPECT_FALSE(QFile::exists(music(u"SOS.mp3"_s)));
 }
 
-void TheSave::expectDeathsLeaveAllTogether(const QString &path)
+void TheSave::expectDeathsLeaveAllTogether(const QString &path, const Steps &before, const Steps &road,
+                                           const QString &end)
 {
-    const QString before = music(u"SOS.mp3"_s);
-    const QString target = path + u"b.mp3"_s;
     const QString catalogue = store.catalogue().DatabaseFile;
     store.close();
     ASSERT_TRUE(QFile::copy(catalogue, catalogue + u".before"_s));
@@ -138,26 +156,23 @@ void TheSave::expectDeathsLeaveAllTogether(const QString &path)
     int between = 0;
     for (bool died = true; died; deaths += died) {
         SCOPED_TRACE(deaths);
+        std::optional<SongSave> save;
         died = diesAt(
-            deaths + 1, [this] { store.open(); },
+            deaths + 1,
             [&] {
-                if (saveAs(path, u"b.mp3"_s) != SaveOutcome::Saved)
-                    std::_Exit(1);
-            });
+                store.open();
+                before(save.emplace(saver()));
+            },
+            [&] { road(*save); });
         store.open();
-        const bool moved = !QFile::exists(before);
-        const bool written = row() == target;
-        between += moved && !written;
-        RenameNotes(store.catalogue()).settle();
-        EXPECT_EQ(row(), moved ? target : before);
-        EXPECT_EQ(tracks(), QStringList({row(), music(u"sos.mp3"_s), music(u"Other.mp3"_s)}));
-        EXPECT_EQ(bytesOf(row()), "SOS");
-        EXPECT_TRUE(!QFile::exists(target) || bytesOf(target) == "SOS");
-        EXPECT_EQ(notes(), 0);
-        EXPECT_EQ(value(sos, u"AlbumName"_s), written ? u"saved"_s : QString());
-        EXPECT_TRUE(written || died);
+        between += !QFile::exists(row());
+        EXPECT_EQ(RenameNotes(store.catalogue()).settle(), QStringList());
+        expectTogether(path);
+        EXPECT_TRUE(died || row() == end);
+        EXPECT_EQ(died || row() == music(u"SOS.mp3"_s), died || value(sos, u"AlbumName"_s) != u"saved"_s);
+        const QString left = row();
         store.close();
-        QFile::remove(target);
+        QFile::remove(left);
         write(u"SOS.mp3"_s, "SOS");
         for (const QString &ending : {u""_s, u"-wal"_s, u"-shm"_s})
             QFile::remove(catalogue + ending);
@@ -165,19 +180,39 @@ void TheSave::expectDeathsLeaveAllTogether(const QString &path)
     }
     QFile::remove(catalogue + u".before"_s);
     store.open();
-    EXPECT_GT(deaths, 10);
-    EXPECT_GT(between, 2) << "it died between the rename and the record";
+    EXPECT_GT(deaths, 4);
+    EXPECT_GT(between, 0) << "it died between the rename and the record";
 }
 
+// Saved at once, or refused behind the rename and then saved there, saved under another name, or given up.
 TEST_F(TheSave, KilledAtAnyStepLeavesFileRecordAndTracksTogether)
 {
     if (folderOnAnotherFileSystem().isEmpty())
         GTEST_SKIP() << "This machine has no second file system to move a song to.";
+    store.db().Execute(u"Update tblContacts Set ID='7' Where RecordID="_s + QString::number(other));
     QTemporaryDir elsewhere(folderOnAnotherFileSystem());
     ASSERT_TRUE(elsewhere.isValid());
     for (const QString &path : {music(), elsewhere.path() + u'/'}) {
         SCOPED_TRACE(qPrintable(path));
-        expectDeathsLeaveAllTogether(path);
+        const auto expect = [](bool held) {
+            if (!held)
+                std::_Exit(1);
+        };
+        const auto refused = [&](SongSave &save) {
+            desktop.willSee(u"the same ID number"_s);
+            expect(saveAs(save, path, u"b.mp3"_s, u"7"_s) == SaveOutcome::Refused &&
+                   bytesOf(path + u"b.mp3"_s) == "SOS");
+        };
+        const auto opened = [](SongSave &) {};
+        const auto savedAs = [&](const QString &name) {
+            return [&, name](SongSave &save) { expect(saveAs(save, path, name) == SaveOutcome::Saved); };
+        };
+        const auto givenUp = [&](SongSave &save) { expect(save.giveUp() == QString()); };
+        expectDeathsLeaveAllTogether(path, opened, savedAs(u"b.mp3"_s), path + u"b.mp3"_s);
+        if (path == music())
+            expectDeathsLeaveAllTogether(path, refused, savedAs(u"b.mp3"_s), path + u"b.mp3"_s);
+        expectDeathsLeaveAllTogether(path, refused, savedAs(u"c.mp3"_s), path + u"c.mp3"_s);
+        expectDeathsLeaveAllTogether(path, refused, givenUp, music(u"SOS.mp3"_s));
     }
 }
 
@@ -186,11 +221,12 @@ TEST_F(TheSave, TriesAgainWhenTheRecordChangesMeanwhile)
     int writes = 0;
     // The clock is read between the record's opening for the change and its writing.
     const auto saveWhileWritten = [&](int times) {
-        return saveAs(music(), u"b.mp3"_s, [&, times] {
+        SongSave save = saver([&, times] {
             if (writes++ < times)
                 store.db().Execute(u"Update tblContacts Set Code='%1'"_s.arg(writes));
             return now;
         });
+        return saveAs(save, music(), u"b.mp3"_s);
     };
     EXPECT_EQ(saveWhileWritten(2), SaveOutcome::Saved);
     EXPECT_EQ(writes, 3);
@@ -247,32 +283,78 @@ TEST_F(TheSave, LeavesTheDiskAloneWhenToldSoAndTakesNewNamesOfAFileThatIsGone)
     EXPECT_EQ(row(), music(u"c.mp3"_s));
 }
 
-TEST_F(TheSave, RefusesWithTheFileMovedAndWritesTheRowLater)
+TEST_F(TheSave, RefusedBehindTheRenameStandsUntilItIsSavedRenamedAnewOrGivenUp)
 {
     store.db().Execute(u"Update tblContacts Set ID='7' Where RecordID="_s + QString::number(other));
-    edit(sos);
-    enter(u"txtID"_s, u"7"_s);
-    desktop.willPassWarning(true);
-    enter(u"txtFileName"_s, u"b.mp3"_s);
-    desktop.willSee(u"You cannot have a Song with the same ID number as an existing Song."_s);
-    press(u"cmdSave"_s);
-    EXPECT_EQ(focus(), u"txtID"_s);
-    EXPECT_EQ(row(), music(u"SOS.mp3"_s));
-    EXPECT_EQ(bytesOf(music(u"b.mp3"_s)), "SOS");
-    EXPECT_EQ(tracks().first(), music(u"b.mp3"_s));
-    EXPECT_EQ(notes(), 1);
+    const auto refuse = [this](const QString &name) {
+        edit(sos);
+        enter(u"txtID"_s, u"7"_s);
+        desktop.willPassWarning(true);
+        enter(u"txtFileName"_s, name);
+        desktop.willSee(u"You cannot have a Song with the same ID number as an existing Song."_s);
+        press(u"cmdSave"_s);
+        EXPECT_EQ(focus(), u"txtID"_s);
+        EXPECT_EQ(bytesOf(music(name)), "SOS");
+        EXPECT_NE(row(), music(name));
+        EXPECT_EQ(tracks().first(), music(name));
+        EXPECT_EQ(notes(), 1);
+    };
+    refuse(u"b.mp3"_s);
     enter(u"txtSongName"_s, u" other "_s);
     press(u"cmdSave"_s);
-    EXPECT_FALSE(isOpen());
-    reopen();
     EXPECT_EQ(row(), music(u"b.mp3"_s));
-    EXPECT_EQ(notes(), 0);
+    expectTogether(music());
+
+    store.db().Execute(u"Update tblContacts Set SongName='SOS', ID='' Where RecordID="_s +
+                       QString::number(sos));
+    refuse(u"c.mp3"_s);
+    desktop.willAnswer(Answer::Yes, u"Lose any changes?"_s);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(row(), music(u"b.mp3"_s));
+    expectTogether(music());
+
+    refuse(u"d.mp3"_s);
+    enter(u"txtID"_s, {});
+    enter(u"txtFileName"_s, u"e.mp3"_s);
+    press(u"cmdSave"_s);
+    reopen();
+    EXPECT_EQ(row(), music(u"e.mp3"_s));
+    expectTogether(music());
+}
+
+TEST_F(TheSave, LeavesTheDiskAloneWhereAnotherRecordHasTheName)
+{
+    QFile::remove(music(u"Other.mp3"_s));
+    edit(sos);
+    desktop.willPassWarning(true);
+    enter(u"txtFileName"_s, u"Other.mp3 "_s);
+    desktop.willSee(u"is the file of another record already, the song \"Other\"."_s);
+    press(u"cmdSave"_s);
+    EXPECT_EQ(focus(), u"txtFileName"_s);
+    EXPECT_EQ(files(), QStringList(u"SOS.mp3"_s));
+    desktop.willAnswer(Answer::Yes, u"Lose any changes?"_s);
+    press(Qt::Key_Escape);
+    add();
+    enter(u"txtSongName"_s, u"New"_s);
+    enter(u"txtFileName"_s, u"SOS.mp3"_s);
+    enter(u"txtPathName"_s, music(u"./"_s));
+    desktop.willSee(u"the song \"SOS\"."_s);
+    press(u"cmdSave"_s);
+    ASSERT_TRUE(isOpen());
+    desktop.willAnswer(Answer::Yes, u"Lose any changes?"_s);
+    press(Qt::Key_Escape);
+    reopen();
+    EXPECT_EQ(row(), music(u"SOS.mp3"_s));
+    EXPECT_EQ(tracks().first(), row());
 }
 
 TEST_F(TheSave, RefusesHalfNamesAndBadOnes)
 {
     edit(sos);
     const auto refuse = [this](const QString &path, const QString &name, const QString &text) {
+        control<QLineEdit>(u"txtPathName"_s).setText(music());
+        control<QLineEdit>(u"txtFileName"_s).setText(u"SOS.mp3"_s);
+        control(u"txtSongName"_s).setFocus();
         control<QLineEdit>(u"txtPathName"_s).setText(path);
         control<QLineEdit>(u"txtFileName"_s).setText(name);
         desktop.willSee(text);
@@ -285,9 +367,10 @@ TEST_F(TheSave, RefusesHalfNamesAndBadOnes)
     refuse(u"/nowhere/"_s, u"SOS.mp3"_s, u"The Path name does not exist."_s);
     refuse({}, u"SOS.mp3"_s, u"The Path name cannot be blank if the File name is not blank."_s);
     refuse(music(), {}, u"The File name cannot be blank if the Path name is not blank."_s);
+    EXPECT_EQ(focus(), u"txtFileName"_s);
     refuse(music(u"SOS.mp3"_s), u"x.mp3"_s, u"The Path name does not exist."_s);
-    // Two songs of one file: the catalogue refuses the row.
-    refuse(music(), u"Other.mp3"_s, QString());
+    refuse(u"new/"_s, u"SOS.mp3"_s, u"The Path name must be complete"_s);
+    EXPECT_EQ(focus(), u"txtPathName"_s);
     EXPECT_FALSE(state.RecordSaved);
     EXPECT_TRUE(state.RecordDirty);
     desktop.willAnswer(Answer::Yes, u"Lose any changes?"_s);

@@ -59,7 +59,8 @@ void throwFileError(int systemError, const QString &path)
     const auto *const known = std::ranges::find(Meanings, systemError, &Meaning::systemError);
     const int number = known != Meanings.end() ? known->number : dao::PathFileAccess;
     QString text = sentence(number).arg(path);
-    if (number == dao::PermissionDenied || number == dao::PathFileAccess)
+    // Where the system has no other words for it, its own add nothing.
+    if ((number == dao::PermissionDenied && systemError != EACCES) || number == dao::PathFileAccess)
         text += u"  "_s + qt_error_string(systemError) + u'.';
     throw dao::DaoError(number, text);
 }

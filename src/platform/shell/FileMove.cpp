@@ -21,19 +21,6 @@ namespace shell {
 
 namespace {
 
-std::optional<struct stat> aboutName(const char *path)
-{
-    struct stat about = {};
-    if (::lstat(path, &about) != 0)
-        return {};
-    return about;
-}
-
-bool isSame(const struct stat &left, const struct stat &right)
-{
-    return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
-}
-
 void requireFile(const FilePath &path)
 {
     struct stat about = {};
@@ -43,29 +30,18 @@ void requireFile(const FilePath &path)
         throwFileError(ENOENT, path.text());
 }
 
-/** As it is spelled. */
-bool isListed(const FilePath &path)
-{
-    const auto listing = listFolder(QString::fromUtf8(path.folder()));
-    if (!listing)
-        return false;
-    const auto entries = entriesOf(*listing, nullptr);
-    const QString name = path.name();
-    return std::ranges::any_of(entries, [&](const Entry &entry) { return entry.name == name; });
-}
-
 bool isInOtherCapitals(const FilePath &from, const FilePath &to)
 {
     if (from.name().compare(to.name(), Qt::CaseInsensitive) != 0 || from.name() == to.name())
         return false;
     const auto fromFolder = stateOf(QString::fromUtf8(from.folder()));
     const auto toFolder = stateOf(QString::fromUtf8(to.folder()));
-    const auto fromName = aboutName(from.system());
-    const auto toName = aboutName(to.system());
+    const auto fromName = aboutName(from);
+    const auto toName = aboutName(to);
     if (!fromFolder || !toFolder || fromFolder->identity != toFolder->identity || !fromName || !toName)
         return false;
     // Where capitals count, these are two links to one file.
-    return isSame(*fromName, *toName) && !isListed(to);
+    return isSameFile(*fromName, *toName) && !isListed(to);
 }
 
 /** Names a link's file seen from the new folder; a path of its own stays. */
@@ -100,7 +76,7 @@ int moveLink(const FilePath &from, const FilePath &to)
 
 int moveName(const FilePath &from, const FilePath &to)
 {
-    const auto about = aboutName(from.system());
+    const auto about = aboutName(from);
     const bool isLink = about && S_ISLNK(about->st_mode);
     try {
         return isLink && from.folder() != to.folder() ? moveLink(from, to)
@@ -153,7 +129,7 @@ void moveByCopy(const FilePath &from, const FilePath &to)
     if (::access(from.folder().constData(), W_OK) != 0)
         throwFileError(errno, from.text());
     // Looked at first only to spare the copying; the naming makes sure.
-    if (aboutName(to.system()))
+    if (aboutName(to))
         throwTargetError(EEXIST, to.text());
     const SourceFile source(from);
     TemporaryCopy copy(to);
@@ -177,7 +153,7 @@ void renameCapitals(const FilePath &from, const FilePath &to)
         return;
     // Some file systems keep the old spelling unless the name is another one in between.
     QByteArray between;
-    const Descriptor file(makeTemporary(to, &between));
+    const Descriptor file(makeTemporary(to, BetweenName, &between));
     if (file.get() < 0 || std::rename(from.system(), between.constData()) != 0)
         throwTargetError(errno, to.text());
     if (const int error = renameKeeping(between, to.bytes()); error != 0) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/shell/FileSteps.h"
 
+#include "platform/shell/Directory.h"
 #include "platform/shell/FileErrors.h"
 #include "platform/store/DaoError.h"
 
@@ -8,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -22,8 +24,7 @@ namespace {
 
 constexpr qsizetype ChunkSize = 512 * 1024;
 
-/** Hidden, and of no type that is taken for music. */
-constexpr char TemporaryName[] = ".quaverly-XXXXXX.part";
+/** ".part" and ".song". */
 constexpr int TemporaryEnding = 5;
 
 constexpr mode_t Rights = S_IRWXU | S_IRWXG | S_IRWXO;
@@ -118,17 +119,19 @@ bool SourceFile::hasChanged() const
            !isSameTime(now.st_mtim, m_about.st_mtim);
 }
 
-int makeTemporary(const FilePath &target, QByteArray *name)
+int makeTemporary(const FilePath &target, const char *pattern, QByteArray *name)
 {
-    *name = target.folder() + TemporaryName;
+    *name = target.folder() + pattern;
     return ::mkostemps(name->data(), TemporaryEnding, O_CLOEXEC);
 }
 
 TemporaryCopy::TemporaryCopy(FilePath target)
-    : m_target(std::move(target)), m_file(makeTemporary(m_target, &m_name))
+    : m_target(std::move(target)), m_file(makeTemporary(m_target, CopyName, &m_name))
 {
     if (m_file.get() < 0)
         throwTargetError(errno, m_target.text());
+    // Tells it from one whose maker was killed. Where nothing can be locked, it looks abandoned to others.
+    static_cast<void>(::flock(m_file.get(), LOCK_EX | LOCK_NB));
 }
 
 TemporaryCopy::~TemporaryCopy()
@@ -198,6 +201,29 @@ void TemporaryCopy::takeName(bool overwrite)
         throwTargetError(error, m_target.text());
     m_named = true;
     syncFolder(m_target.folder());
+}
+
+std::optional<struct stat> aboutName(const FilePath &path)
+{
+    struct stat about = {};
+    if (::lstat(path.system(), &about) != 0)
+        return {};
+    return about;
+}
+
+bool isSameFile(const struct stat &left, const struct stat &right)
+{
+    return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
+
+bool isListed(const FilePath &path)
+{
+    const auto listing = listFolder(QString::fromUtf8(path.folder()));
+    if (!listing)
+        return false;
+    const auto entries = entriesOf(*listing, nullptr);
+    const QString name = path.name();
+    return std::ranges::any_of(entries, [&](const Entry &entry) { return entry.name == name; });
 }
 
 void syncFolder(const QByteArray &folder)

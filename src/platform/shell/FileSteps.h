@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+#include <optional>
+
 /** The steps of which copying and moving a file are made. */
 namespace shell {
 
@@ -100,7 +102,18 @@ void renameCapitals(const FilePath &from, const FilePath &to);
 /** Puts a folder's names on the disk, as far as its file system can. */
 void syncFolder(const QByteArray &folder);
 
+/** Hidden names of files under way, of no type that is taken for music: a copy, which may go when nobody
+ * works at it, and a song between two spellings of its name, which is all that is left of it. */
+inline constexpr char CopyName[] = ".quaverly-XXXXXX.part";
+inline constexpr char BetweenName[] = ".quaverly-XXXXXX.song";
+
 /** A path beside @p target that nobody else uses, and its file, open for writing. -1 on failure. */
-[[nodiscard]] int makeTemporary(const FilePath &target, QByteArray *name);
+[[nodiscard]] int makeTemporary(const FilePath &target, const char *pattern, QByteArray *name);
+
+/** Of the name itself, links not followed. */
+[[nodiscard]] std::optional<struct stat> aboutName(const FilePath &path);
+[[nodiscard]] bool isSameFile(const struct stat &left, const struct stat &right);
+/** Its folder lists it in these very letters. */
+[[nodiscard]] bool isListed(const FilePath &path);
 
 } // namespace shell
