@@ -53,6 +53,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What Qt loads by name: the display's plugin, the drawing of SVG icons, and WebP pictures.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, libqt6svg6, qt6-image-formats-plugins")
+# What Qt loads by name: the plugin for Wayland, the one for X being in Qt's own library, and those for SVG icons
+# and for WebP pictures.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-wayland, libqt6svg6, qt6-image-formats-plugins")
 include(CPack)

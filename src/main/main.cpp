@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/EmptyPaste.h"
 #include "desktop/QtDesktop.h"
+#include "main/Display.h"
 #include "main/Program.h"
 #include "main/Screenshots.h"
 #include "platform/options/Folders.h"
@@ -21,6 +22,8 @@ constexpr char Help[] = "Usage: quaverly [OPTION]... [FILE]\n"
                         "FILE is a catalogue to open, or a music file to play without one.\n"
                         "\n"
                         "      --screenshots FOLDER  save pictures of the screens there, and end\n"
+                        "      --music FOLDER        with it: add that folder of music first, and go\n"
+                        "                            through all main screens\n"
                         "  -h, --help                show this help, and end\n"
                         "  -v, --version             show the version, and end\n";
 
@@ -37,10 +40,15 @@ const char *plainAnswer(int argc, char **argv)
     return nullptr;
 }
 
-bool hasDisplay()
+/** Takes an option and its value out of the arguments; empty when it was not given. */
+QString takeOption(QStringList &arguments, const QString &name)
 {
-    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
-           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    const qsizetype at = arguments.indexOf(name);
+    if (at < 0)
+        return {};
+    QString value = arguments.value(at + 1, u"."_s);
+    arguments.remove(at, std::min<qsizetype>(2, arguments.size() - at));
+    return value;
 }
 
 } // namespace
@@ -51,8 +59,9 @@ int main(int argc, char **argv)
         std::fputs(answer, stdout);
         return 0;
     }
-    if (!hasDisplay()) {
-        std::fputs("quaverly: there is no display to show a window on.\n", stderr);
+    if (const QByteArray trouble = quaverly::displayTrouble(QApplication::libraryPaths());
+        !trouble.isEmpty()) {
+        std::fprintf(stderr, "quaverly: %s\n", trouble.constData());
         return 1;
     }
     QApplication app(argc, argv);
@@ -63,19 +72,21 @@ int main(int argc, char **argv)
     QApplication::setQuitOnLastWindowClosed(false);
 
     QStringList arguments = QApplication::arguments().mid(1);
-    QString pictures;
-    if (const qsizetype at = arguments.indexOf(u"--screenshots"_s); at >= 0) {
-        pictures = arguments.value(at + 1, u"."_s);
-        arguments.remove(at, std::min<qsizetype>(2, arguments.size() - at));
-    }
+    const QString pictures = takeOption(arguments, u"--screenshots"_s);
+    const QString music = takeOption(arguments, u"--music"_s);
 
     const quaverly::EmptyPaste emptyPaste;
     quaverly::OptionsStore store;
     quaverly::QtDesktop desktop(store);
     quaverly::SingleInstance instance(quaverly::folders::runtime());
-    quaverly::Program program(desktop, store, instance, arguments.join(u' '), [] { QApplication::quit(); });
-    quaverly::Screenshots screenshots(
-        pictures, [&program] { return program.mainScreen(); }, [] { QApplication::quit(); });
+    // Pictures are taken without a sound.
+    quaverly::Program program(desktop, store, instance, arguments.join(u' '), [] { QApplication::quit(); },
+                              {pictures.isEmpty() ? QString() : u"null"_s, {}, false, {}});
+    quaverly::Screenshots screenshots(pictures, music, [](bool complete) {
+        if (!complete)
+            std::fputs("quaverly: a screen did not come.\n", stderr);
+        QApplication::exit(complete ? 0 : 1);
+    });
     if (!pictures.isEmpty())
         screenshots.start();
     return program.start() ? QApplication::exec() : 0;
