@@ -10,9 +10,9 @@
 #include "platform/shell/Shell.h"
 #include "player/PlayCommands.h"
 #include "player/PlayForms.h"
+#include "player/PlayerState.h"
 #include "samples/Silence.h"
 #include "songlist/DataControl.h"
-#include "songlist/PlayerState.h"
 
 #include <QApplication>
 #include <QDir>

@@ -10,9 +10,9 @@
 #include "platform/store/Collation.h"
 #include "platform/store/SqlFunctions.h"
 #include "player/Player.h"
+#include "player/PlayerState.h"
 #include "playlists/frmPlayList.h"
 #include "songlist/DisplayedSet.h"
-#include "songlist/PlayerState.h"
 
 #include <QApplication>
 #include <QDir>
@@ -35,6 +35,7 @@ class NoPlayer final : public Player
 public:
     void unload() override {}
     void play(PlayRequest /*request*/) override {}
+    void showPlayLists() override {}
 };
 
 /** A catalogue of that many songs, made anew. */
@@ -206,7 +207,7 @@ int main(int argc, char **argv)
         u"reorder 32k tracks"_s, 3,
         [&] {
             tracks.rows().MoveListBoxItem(Songs / 2, --last);
-            if (!tracks.ReOrderTracksAfterDrag(list))
+            if (tracks.ReOrderTracksAfterDrag() != OrderKept::Yes)
                 std::fprintf(stderr, "the tracks were not reordered\n");
         },
         [&] { bare.reorder(list); });

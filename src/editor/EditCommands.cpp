@@ -4,9 +4,9 @@
 #include "catalogue/Catalogue.h"
 #include "desktop/Guard.h"
 #include "editor/EditorState.h"
+#include "player/PlayerState.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
-#include "songlist/PlayerState.h"
 
 #include <utility>
 

@@ -10,9 +10,9 @@
 #include "editor/LeaveGate.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/text/Text.h"
+#include "player/PlayerState.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
-#include "songlist/PlayerState.h"
 #include "ui_NameEdit.h"
 
 #include <QCloseEvent>

@@ -7,9 +7,9 @@
 #include "desktop/MusicFolder.h"
 #include "editor/EditorState.h"
 #include "editor/LeaveGate.h"
+#include "player/PlayerState.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/ListCommands.h"
-#include "songlist/PlayerState.h"
 #include "ui_NameEdit.h"
 
 #include <QAbstractItemView>

@@ -8,8 +8,8 @@
 #include "intake/IntakeState.h"
 #include "intake/MusicLoader.h"
 #include "intake/Quietly.h"
+#include "player/PlayerState.h"
 #include "songlist/MainScreen.h"
-#include "songlist/PlayerState.h"
 
 #include <utility>
 

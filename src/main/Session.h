@@ -10,8 +10,8 @@
 #include "platform/media/Media.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/shell/Shell.h"
+#include "player/PlayerState.h"
 #include "songlist/DisplayedSet.h"
-#include "songlist/PlayerState.h"
 
 namespace quaverly {
 

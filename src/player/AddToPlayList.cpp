@@ -3,8 +3,8 @@
 
 #include "desktop/Desktop.h"
 #include "platform/text/Text.h"
+#include "player/PlayerState.h"
 #include "player/SongQueue.h"
-#include "songlist/PlayerState.h"
 
 using namespace Qt::StringLiterals;
 
@@ -76,14 +76,13 @@ SongAdded AddToPlayList::AddSongToCurrentList(From from, const dao::Recordset &s
                              u"Sub mnuPopupAddToPlaylist_Click"_s, Icon::Stop);
         return SongAdded::No;
     }
-    const qint64 highest = m_store.highestTrack(*list);
-    if (highest >= MostTracks) {
+    if (m_store.countTracks(*list) >= MostTracks) {
         m_desktop.MessageBox(u"The current Play List has reached maximum size of 32,000 songs.  Song not "
                              "added to Play List."_s,
                              u"Not added"_s);
         return SongAdded::No;
     }
-    m_store.addTrack(*list, highest + 1, trackOfSong(song));
+    m_store.addTrack(*list, trackOfSong(song));
     return SongAdded::Yes;
 }
 
@@ -96,8 +95,7 @@ SongAdded AddToPlayList::addFromPlayer(const QString &listName, const QString &s
         m_desktop.MessageBox(u'"' + listName + u"\" Play List not found."_s, u"Error"_s, Icon::Stop);
         return SongAdded::No;
     }
-    const qint64 highest = m_store.highestTrack(*list);
-    if (highest >= MostTracks) {
+    if (m_store.countTracks(*list) >= MostTracks) {
         m_desktop.MessageBox(
             u"The Play List has reached maximum size of 32,000 songs.  Song not added to Play List."_s,
             u"Not added"_s);
@@ -106,7 +104,7 @@ SongAdded AddToPlayList::addFromPlayer(const QString &listName, const QString &s
     Track track = trackOfRow(song, url);
     if (const auto record = m_store.songOfFile(url))
         track.ContactRecordID = *record;
-    m_store.addTrack(*list, highest + 1, track);
+    m_store.addTrack(*list, track);
     return SongAdded::Yes;
 }
 

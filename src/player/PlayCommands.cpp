@@ -10,10 +10,10 @@
 #include "player/FileNotFound.h"
 #include "player/FolderSongs.h"
 #include "player/Player.h"
+#include "player/PlayerState.h"
 #include "player/SongColumns.h"
 #include "player/TemporaryList.h"
 #include "songlist/DataControl.h"
-#include "songlist/PlayerState.h"
 
 #include <QScopeGuard>
 

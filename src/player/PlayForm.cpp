@@ -11,12 +11,12 @@
 #include "platform/options/OptionsStore.h"
 #include "player/Player.h"
 #include "player/PlayerSettings.h"
+#include "player/PlayerState.h"
 #include "player/SongListModel.h"
 #include "player/TemporaryList.h"
 #include "player/WebSearch.h"
 #include "player/frmNowPlaying.h"
 #include "songlist/DataControl.h"
-#include "songlist/PlayerState.h"
 #include "ui_PlayForm.h"
 
 #include <QAbstractItemView>
@@ -125,6 +125,7 @@ void PlayForm::loadPlayLists()
 {
     PlayerState &state = m_parts.state;
     m_ui->lblSelectedPlaylist->setText(state.PlayerPlayList);
+    m_ui->cmbHeader->clear();
     try {
         for (const PlayListName &list : m_lists.lists())
             m_ui->cmbHeader->addItem(list.ListName, list.ListID);
@@ -136,6 +137,14 @@ void PlayForm::loadPlayLists()
         return;
     state.CurrentPlayListName.clear();
     state.PlayerPlayList.clear();
+}
+
+void PlayForm::showPlayLists()
+{
+    loadPlayLists();
+    const QString title = titleOfPlayList({});
+    if (m_parts.state.CurrentPlayTitle.startsWith(title) && windowTitle().startsWith(captionOfPlayList({})))
+        setWindowTitle(captionOfPlayList(m_parts.state.CurrentPlayTitle.sliced(title.size())));
 }
 
 void PlayForm::fill(const PlayRequest &request)

@@ -66,6 +66,8 @@ public:
 
     /** Takes the songs, and shows and hides what the command asks for. */
     void fill(const PlayRequest &request);
+    /** Offers the play lists that there are now, under their present names. */
+    void showPlayLists();
 
 Q_SIGNALS:
     void unloaded();

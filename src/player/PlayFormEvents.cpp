@@ -5,7 +5,7 @@
 #include "desktop/Guard.h"
 #include "platform/media/Media.h"
 #include "player/FileNotFound.h"
-#include "songlist/PlayerState.h"
+#include "player/PlayerState.h"
 #include "ui_PlayForm.h"
 
 using namespace Qt::StringLiterals;

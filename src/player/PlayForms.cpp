@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/PlayForms.h"
 
-#include "songlist/PlayerState.h"
+#include "player/PlayerState.h"
 
 namespace quaverly {
 
@@ -21,6 +21,12 @@ void PlayForms::unload()
 {
     if (m_form)
         m_form->close();
+}
+
+void PlayForms::showPlayLists()
+{
+    if (m_form)
+        m_form->showPlayLists();
 }
 
 void PlayForms::play(PlayRequest request)

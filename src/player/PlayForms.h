@@ -19,6 +19,7 @@ public:
 
     void unload() override;
     void play(PlayRequest request) override;
+    void showPlayLists() override;
 
     /** Null while no player is open. */
     [[nodiscard]] PlayForm *form() const { return m_form; }

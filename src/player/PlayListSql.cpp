@@ -51,33 +51,26 @@ QString tracks(qint64 listId)
     return u"select * from tblPlayListDetail where ListID="_s + number(listId);
 }
 
-QString highestFirst(qint64 listId)
+QString noTracks(qint64 listId)
 {
-    return tracks(listId) + u" Order By ListTrackID DESC "_s;
+    return tracks(listId) + u" And ListTrackID < 0"_s;
+}
+
+QString countTracks(qint64 listId)
+{
+    return u"Select Count(*) as RowCount From tblPlayListDetail Where ListID="_s + number(listId);
 }
 
 QString shownTracks(qint64 listId)
 {
-    return u"Select SongTitle, ArtistName, ListTrackID From tblPlayListDetail Where ListID="_s +
-           number(listId) + u" Order by ListTrackID"_s;
-}
-
-QString oneTrack(qint64 listId, qint64 listTrackId)
-{
-    return u"Select * From tblPlayListDetail where ListID="_s + number(listId) + u" and ListTrackID = "_s +
-           number(listTrackId);
-}
-
-QString renumber(qint64 listId)
-{
-    return u"Select SongTitle, ListTrackID, LastUpdated From tblPlayListDetail Where ListID="_s +
-           number(listId) + u" Order by ListTrackID"_s;
+    return u"Select SongTitle, ArtistName From tblPlayListDetail Where ListID="_s + number(listId) +
+           u" Order by ListTrackID"_s;
 }
 
 QString reorder(qint64 listId)
 {
-    return u"Select SongTitle, ArtistName, ListTrackID, LastUpdated From tblPlayListDetail Where ListID="_s +
-           number(listId) + u" order by ListTrackID"_s;
+    return u"Select ListTrackID, LastUpdated From tblPlayListDetail Where ListID="_s + number(listId) +
+           u" order by ListTrackID"_s;
 }
 
 QString tracksWithFile(qint64 listId)
@@ -96,12 +89,6 @@ QString filesToCopy(qint64 listId)
 {
     return u"Select FileName, ListTrackID From tblPlayListDetail Where ListID="_s + number(listId) +
            u" And len(FileName) > 0  Order by ListTrackID"_s;
-}
-
-QString deleteTrack(qint64 listId, qint64 listTrackId)
-{
-    return u"Delete from tblPlayListDetail Where ListID="_s + number(listId) + u" and ListTrackID = "_s +
-           number(listTrackId);
 }
 
 QString deleteTracks(qint64 listId)

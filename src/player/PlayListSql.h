@@ -16,21 +16,19 @@ namespace quaverly::playlistsql {
 [[nodiscard]] QString headerOfName(const QString &listName);
 [[nodiscard]] QString header(qint64 listId);
 
-/** All tracks, to add to. */
 [[nodiscard]] QString tracks(qint64 listId);
-/** All tracks, the highest number first. */
-[[nodiscard]] QString highestFirst(qint64 listId);
-/** Title, artist and number in playing order. */
+/** An empty set, to add to. */
+[[nodiscard]] QString noTracks(qint64 listId);
+/** Their number, as RowCount. */
+[[nodiscard]] QString countTracks(qint64 listId);
+/** Title and artist in playing order. */
 [[nodiscard]] QString shownTracks(qint64 listId);
-[[nodiscard]] QString oneTrack(qint64 listId, qint64 listTrackId);
-[[nodiscard]] QString renumber(qint64 listId);
 [[nodiscard]] QString reorder(qint64 listId);
 /** Path, title, artist and number of the tracks that name a file. */
 [[nodiscard]] QString tracksWithFile(qint64 listId);
 [[nodiscard]] QString fileNames(qint64 listId);
 [[nodiscard]] QString filesToCopy(qint64 listId);
 
-[[nodiscard]] QString deleteTrack(qint64 listId, qint64 listTrackId);
 [[nodiscard]] QString deleteTracks(qint64 listId);
 [[nodiscard]] QString deleteHeader(qint64 listId);
 /** All tracks of the list with that file. */

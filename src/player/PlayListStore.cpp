@@ -7,9 +7,8 @@
 #include "songlist/ListTexts.h"
 
 #include <algorithm>
-#include <set>
 #include <span>
-#include <unordered_map>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -36,32 +35,25 @@ void add(dao::Recordset &rows, qint64 listId, qint64 listTrackId, const Track &t
     rows.Update();
 }
 
-/** What FindFirst would find while numbers are rewritten, without asking the store for each. */
-class NumbersInPlace final
+/** Gives the rows at these positions the numbers from 1 on; those that bear theirs already stay untouched. */
+void number(dao::Recordset &rows, const QList<qint64> &positions, const QDateTime &now)
 {
-public:
-    explicit NumbersInPlace(const dao::Recordset &rows)
-    {
-        const int field = rows.fieldIndex(u"ListTrackID"_s);
-        for (qint64 position = 0; position < rows.RecordCount(); ++position)
-            m_positions[rows.valueAt(position, field).toLongLong()].insert(position);
+    const int field = rows.fieldIndex(u"ListTrackID"_s);
+    QList<qint64> numbers(rows.RecordCount());
+    rows.forEachRow({field}, [&numbers](qint64 row, std::span<const QByteArrayView> texts) {
+        numbers[row] = texts.front().toLongLong();
+    });
+    for (qsizetype place = 0; place < positions.size(); ++place) {
+        const qint64 position = positions.at(place);
+        if (numbers.at(position) == place + 1)
+            continue;
+        rows.setAbsolutePosition(position);
+        rows.Edit();
+        rows.setValue(u"ListTrackID"_s, place + 1);
+        rows.setValue(u"LastUpdated"_s, now);
+        rows.Update();
     }
-
-    /** The position of the first row with that number, which now bears the other one. */
-    std::optional<qint64> renumber(qint64 from, qint64 to)
-    {
-        const auto found = m_positions.find(from);
-        if (found == m_positions.end() || found->second.empty())
-            return std::nullopt;
-        const qint64 position = *found->second.begin();
-        found->second.erase(found->second.begin());
-        m_positions[to].insert(position);
-        return position;
-    }
-
-private:
-    std::unordered_map<qint64, std::set<qint64>> m_positions;
-};
+}
 
 } // namespace
 
@@ -183,72 +175,78 @@ void PlayListStore::deleteList(qint64 listId)
     transaction.commit();
 }
 
-qint64 PlayListStore::highestTrack(qint64 listId) const
+std::unique_ptr<dao::Recordset> PlayListStore::track(qint64 listId, qint64 key) const
 {
-    const auto rows = dynaset(playlistsql::highestFirst(listId));
-    return rows->isEmpty() ? 0 : rows->value(u"ListTrackID"_s).toLongLong();
+    auto rows = dynaset(playlistsql::tracks(listId));
+    const qint64 position = rows->positionOf({key});
+    if (position < 0)
+        return nullptr;
+    rows->setAbsolutePosition(position);
+    return rows;
 }
 
-void PlayListStore::addTrack(qint64 listId, qint64 listTrackId, const Track &track)
+qint64 PlayListStore::countTracks(qint64 listId) const
 {
-    add(*dynaset(playlistsql::tracks(listId)), listId, listTrackId, track, m_now());
+    return snapshot(playlistsql::countTracks(listId))->value(u"RowCount"_s).toLongLong();
 }
 
-void PlayListStore::addTracks(qint64 listId, qint64 firstTrackId, const QList<Track> &tracks)
+void PlayListStore::addTracks(qint64 listId, const QList<Track> &tracks)
 {
     dao::Transaction transaction(database().workspace());
-    const auto rows = dynaset(playlistsql::tracks(listId));
+    RenumberTracks(listId);
+    qint64 last = countTracks(listId);
+    const auto rows = dynaset(playlistsql::noTracks(listId));
     const QDateTime now = m_now();
     for (const Track &track : tracks)
-        add(*rows, listId, firstTrackId++, track, now);
+        add(*rows, listId, ++last, track, now);
     transaction.commit();
 }
 
-void PlayListStore::deleteTrack(qint64 listId, qint64 listTrackId)
+void PlayListStore::deleteTrack(qint64 listId, qint64 key)
 {
-    database().Execute(playlistsql::deleteTrack(listId, listTrackId));
+    dao::Transaction transaction(database().workspace());
+    if (const auto rows = track(listId, key))
+        rows->Delete();
+    RenumberTracks(listId);
+    transaction.commit();
 }
 
 void PlayListStore::deleteFile(qint64 listId, const QString &path)
 {
+    dao::Transaction transaction(database().workspace());
     database().Execute(playlistsql::deleteFile(listId, path));
+    RenumberTracks(listId);
+    transaction.commit();
 }
 
 void PlayListStore::RenumberTracks(qint64 listId)
 {
-    dao::Transaction transaction(database().workspace());
-    const auto rows = dynaset(playlistsql::renumber(listId));
-    const QDateTime now = m_now();
-    for (qint64 counter = 1; !rows->atEOF(); rows->MoveNext()) {
-        rows->Edit();
-        rows->setValue(u"ListTrackID"_s, counter++);
-        rows->setValue(u"LastUpdated"_s, now);
-        rows->Update();
-    }
-    transaction.commit();
+    reorder(listId, {});
 }
 
-std::optional<qsizetype> PlayListStore::reorder(qint64 listId, const QList<qint64> &numbers)
+std::optional<qsizetype> PlayListStore::reorder(qint64 listId, const QList<qint64> &keys)
 {
     dao::Transaction transaction(database().workspace());
     const auto rows = dynaset(playlistsql::reorder(listId));
-    if (rows->isEmpty())
-        return std::nullopt;
-    NumbersInPlace inPlace(*rows);
-    const QDateTime now = m_now();
-    qsizetype given = 0;
-    for (; given < numbers.size(); ++given) {
-        const auto position = inPlace.renumber(numbers.at(given), given + 1);
-        if (!position)
-            break;
-        rows->setAbsolutePosition(*position);
-        rows->Edit();
-        rows->setValue(u"ListTrackID"_s, given + 1);
-        rows->setValue(u"LastUpdated"_s, now);
-        rows->Update();
+    QList<bool> isPlaced(rows->RecordCount());
+    QList<qint64> positions;
+    positions.reserve(rows->RecordCount());
+    const auto place = [&](qint64 position) {
+        if (!std::exchange(isPlaced[position], true))
+            positions.append(position);
+    };
+    std::optional<qsizetype> missing;
+    for (qsizetype i = 0; i < keys.size(); ++i) {
+        if (const qint64 position = rows->positionOf({keys.at(i)}); position >= 0)
+            place(position);
+        else if (!missing)
+            missing = i;
     }
+    for (qint64 position = 0; position < rows->RecordCount(); ++position)
+        place(position);
+    number(*rows, positions, m_now());
     transaction.commit();
-    return given;
+    return missing;
 }
 
 QList<ShownTrack> PlayListStore::shownTracks(qint64 listId, qint64 most) const
@@ -257,9 +255,10 @@ QList<ShownTrack> PlayListStore::shownTracks(qint64 listId, qint64 most) const
     const qint64 count = std::min(rows->RecordCount(), most);
     QList<ShownTrack> tracks;
     tracks.reserve(count);
-    rows->forEachRow({0, 1, 2}, [&](qint64 row, std::span<const QByteArrayView> texts) {
+    rows->forEachRow({0, 1}, [&](qint64 row, std::span<const QByteArrayView> texts) {
         if (row < count)
-            tracks.append({QString::fromUtf8(texts[0]), QString::fromUtf8(texts[1]), texts[2].toLongLong()});
+            tracks.append(
+                {QString::fromUtf8(texts[0]), QString::fromUtf8(texts[1]), rows->bookmarkAt(row).key});
     });
     return tracks;
 }
@@ -275,28 +274,30 @@ QList<FiledTrack> PlayListStore::tracksWithFile(qint64 listId) const
     return tracks;
 }
 
-std::optional<TrackTexts> PlayListStore::oneTrack(qint64 listId, qint64 listTrackId) const
+std::optional<TrackTexts> PlayListStore::oneTrack(qint64 listId, qint64 key) const
 {
-    const auto rows = snapshot(playlistsql::oneTrack(listId, listTrackId));
-    if (rows->isEmpty())
+    const auto row = track(listId, key);
+    if (!row)
         return std::nullopt;
-    return TrackTexts{rows->text(u"SongTitle"_s), rows->text(u"ArtistName"_s), rows->text(u"FileName"_s),
-                      rows->text(u"Notes"_s)};
+    return TrackTexts{row->text(u"SongTitle"_s), row->text(u"ArtistName"_s), row->text(u"FileName"_s),
+                      row->text(u"Notes"_s)};
 }
 
-bool PlayListStore::editTrack(qint64 listId, qint64 listTrackId, const TrackTexts &texts)
+bool PlayListStore::editTrack(qint64 listId, qint64 key, const TrackTexts &texts)
 {
-    const auto rows = dynaset(playlistsql::oneTrack(listId, listTrackId));
-    if (rows->isEmpty())
+    dao::Transaction transaction(database().workspace());
+    const auto row = track(listId, key);
+    if (!row)
         return false;
-    rows->Edit();
-    rows->setValue(u"ListId"_s, listId);
-    rows->setValue(u"SongTitle"_s, texts.SongTitle);
-    rows->setValue(u"FileName"_s, texts.FileName);
-    rows->setValue(u"ArtistName"_s, texts.ArtistName);
-    rows->setValue(u"Notes"_s, texts.Notes);
-    rows->setValue(u"LastUpdated"_s, m_now());
-    rows->Update();
+    row->Edit();
+    row->setValue(u"SongTitle"_s, texts.SongTitle);
+    row->setValue(u"FileName"_s, texts.FileName);
+    row->setValue(u"ArtistName"_s, texts.ArtistName);
+    row->setValue(u"Notes"_s, texts.Notes);
+    row->setValue(u"LastUpdated"_s, m_now());
+    row->Update();
+    RenumberTracks(listId);
+    transaction.commit();
     return true;
 }
 

@@ -50,7 +50,8 @@ struct ShownTrack
 {
     QString SongTitle;
     QString ArtistName;
-    qint64 ListTrackID = 0;
+    /** Tells the track from all others for as long as the catalogue is open, whatever its number. */
+    qint64 key = 0;
 };
 
 /** A track with a file, as it is played. */
@@ -89,8 +90,9 @@ struct PlayListHeader
 [[nodiscard]] QString withoutTrailingBlanks(const QString &text);
 
 /**
- * Play lists: a header row each, and numbered tracks, played in the order of their numbers, which may have
- * gaps. Every operation may throw dao::DaoError.
+ * Play lists: a header row each, and tracks, played in the order of their numbers. Whatever adds, moves or
+ * deletes tracks leaves the list's numbers whole, from 1 on without gaps or doubles, also where an older
+ * program did not; it is done as a whole or not at all. Every operation may throw dao::DaoError.
  */
 class PlayListStore final
 {
@@ -117,33 +119,29 @@ public:
     /** With its tracks, or not at all. */
     void deleteList(qint64 listId);
 
-    /** 0 for an empty list. */
-    [[nodiscard]] qint64 highestTrack(qint64 listId) const;
-    void addTrack(qint64 listId, qint64 listTrackId, const Track &track);
-    /** All in one transaction, numbered from @p firstTrackId on. */
-    void addTracks(qint64 listId, qint64 firstTrackId, const QList<Track> &tracks);
-    /** That number's tracks; the numbers behind it keep the gap until RenumberTracks. */
-    void deleteTrack(qint64 listId, qint64 listTrackId);
+    [[nodiscard]] qint64 countTracks(qint64 listId) const;
+    /** Behind the last one, with no look at MostTracks. */
+    void addTrack(qint64 listId, const Track &track) { addTracks(listId, {track}); }
+    void addTracks(qint64 listId, const QList<Track> &tracks);
+    /** One that is gone is passed over. */
+    void deleteTrack(qint64 listId, qint64 key);
     /** All of the list with that file. */
     void deleteFile(qint64 listId, const QString &path);
     /** Numbers from 1 without gaps, in the order that is. */
     void RenumberTracks(qint64 listId);
     /**
-     * Gives the track with the first of @p numbers the number 1, the one with the second the number 2, and so
-     * on. Ends at a number that no track bears by then, and returns how many it gave; nothing for an empty
-     * list. The numbers are rewritten in place: a number sought may be one that was given just now, and among
-     * several tracks with it the first in the old order takes it.
+     * Puts the tracks with these keys first, in this order, and the list's others behind them as they stood.
+     * Returns the place of the first key that no track of the list has; nothing when all are there.
      */
-    std::optional<qsizetype> reorder(qint64 listId, const QList<qint64> &numbers);
+    std::optional<qsizetype> reorder(qint64 listId, const QList<qint64> &keys);
 
     /** In playing order; no more than @p most. */
     [[nodiscard]] QList<ShownTrack> shownTracks(qint64 listId, qint64 most) const;
     /** Those that name a file, in playing order. */
     [[nodiscard]] QList<FiledTrack> tracksWithFile(qint64 listId) const;
-    /** The first track of that number. */
-    [[nodiscard]] std::optional<TrackTexts> oneTrack(qint64 listId, qint64 listTrackId) const;
+    [[nodiscard]] std::optional<TrackTexts> oneTrack(qint64 listId, qint64 key) const;
     /** False without that track. */
-    bool editTrack(qint64 listId, qint64 listTrackId, const TrackTexts &texts);
+    bool editTrack(qint64 listId, qint64 key, const TrackTexts &texts);
 
     /** The song with that file. */
     [[nodiscard]] std::optional<qint64> songOfFile(const QString &path) const;
@@ -152,6 +150,8 @@ private:
     [[nodiscard]] dao::Database &database() const { return *m_catalogue.CatalogueDb; }
     [[nodiscard]] std::unique_ptr<dao::Recordset> snapshot(const QString &sql) const;
     [[nodiscard]] std::unique_ptr<dao::Recordset> dynaset(const QString &sql) const;
+    /** On the track with that key; null without it. */
+    [[nodiscard]] std::unique_ptr<dao::Recordset> track(qint64 listId, qint64 key) const;
 
     Catalogue &m_catalogue;
     std::function<QDateTime()> m_now;

@@ -44,6 +44,8 @@ public:
     virtual void unload() = 0;
     /** Opens the player, which must not be open, shows it beside the other screens and plays. */
     virtual void play(PlayRequest request) = 0;
+    /** Play lists came, went or got another name: an open player offers those that there are now. */
+    virtual void showPlayLists() = 0;
 };
 
 } // namespace quaverly

@@ -22,7 +22,7 @@ TrackTexts ManualSong::kept(TrackTexts typed)
     return typed;
 }
 
-bool ManualSong::add(qint64 listId, qint64 listTrackId, const TrackTexts &song)
+bool ManualSong::add(qint64 listId, const TrackTexts &song)
 {
     if (!isGreaterThanBlank(song.SongTitle) || !isGreaterThanBlank(song.FileName)) {
         m_desktop.MessageBox(u"You must enter both a Song Name and a File Name for this new song."_s,
@@ -34,18 +34,21 @@ bool ManualSong::add(qint64 listId, qint64 listTrackId, const TrackTexts &song)
     track.ArtistName = song.ArtistName;
     track.FileName = song.FileName;
     track.Notes = song.Notes + u"  *added manually, when song was not cataloged in database*"_s;
-    m_lists.addTrack(listId, listTrackId, track);
+    m_lists.addTrack(listId, track);
     return true;
 }
 
-bool ManualSong::edit(qint64 listId, qint64 listTrackId, const TrackTexts &song)
+bool ManualSong::edit(qint64 listId, qint64 key, const TrackTexts &song)
 {
     if (!isGreaterThanBlank(song.SongTitle)) {
         m_desktop.MessageBox(u"The song name cannot be blank."_s, u"Name not specified"_s, Icon::Exclamation);
         return false;
     }
-    m_lists.editTrack(listId, listTrackId, song);
-    return true;
+    if (m_lists.editTrack(listId, key, song))
+        return true;
+    m_desktop.MessageBox(u"This song has been removed from the Play List, so nothing was changed."_s,
+                         u"Not changed"_s, Icon::Exclamation);
+    return false;
 }
 
 void ManualSong::checkFile(const QString &fileName)

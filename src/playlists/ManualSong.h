@@ -20,9 +20,9 @@ public:
     [[nodiscard]] static TrackTexts kept(TrackTexts typed);
 
     /** False when the user was told what is missing. */
-    [[nodiscard]] bool add(qint64 listId, qint64 listTrackId, const TrackTexts &song);
-    /** The same; a track that is gone is passed over. */
-    [[nodiscard]] bool edit(qint64 listId, qint64 listTrackId, const TrackTexts &song);
+    [[nodiscard]] bool add(qint64 listId, const TrackTexts &song);
+    /** The same, or that the track with that key is gone. */
+    [[nodiscard]] bool edit(qint64 listId, qint64 key, const TrackTexts &song);
     /** Warns of a file that isn't there; nothing more comes of that. */
     void checkFile(const QString &fileName);
     /** The music file chosen in the file dialog, which starts beside @p fileName. */

@@ -2,8 +2,6 @@
 #include "playlists/OneSongRun.h"
 
 #include "desktop/Guard.h"
-#include "platform/store/Dao.h"
-#include "player/PlayListSql.h"
 #include "player/SongQueue.h"
 
 using namespace Qt::StringLiterals;
@@ -54,26 +52,17 @@ void OneSongRun::closedByUser()
 
 void OneSongRun::goOn()
 {
-    const int row = m_parts.ListIndex();
     const int blankRow = m_parts.ListCount() - 1;
-    if (!m_StopOneSongRun && row >= 0 && row < blankRow) {
-        // Songs are looked up by their place: behind a gap in the numbers the run is over.
-        if (playTrack(row + 1))
-            return;
-        m_parts.select(blankRow);
+    for (int row = m_parts.ListIndex(); !m_StopOneSongRun && row >= 0 && row < blankRow; ++row) {
+        const auto track = m_parts.track(row);
+        if (!track)
+            continue;
+        if (row != m_parts.ListIndex())
+            m_parts.select(row);
+        m_parts.window.play(songRow(track->SongTitle, track->ArtistName), track->FileName);
+        return;
     }
     end();
-}
-
-bool OneSongRun::playTrack(qint64 listTrackId)
-{
-    const auto track = m_parts.catalogue.CatalogueDb->OpenRecordset(
-        playlistsql::oneTrack(m_parts.listId(), listTrackId), dao::RecordsetType::Snapshot);
-    if (track->isEmpty())
-        return false;
-    m_parts.window.play(songRow(track->text(u"SongTitle"_s), track->text(u"ArtistName"_s)),
-                        track->text(u"FileName"_s));
-    return true;
 }
 
 void OneSongRun::end()

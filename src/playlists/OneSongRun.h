@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "catalogue/Catalogue.h"
+#include "player/PlayListStore.h"
 
 #include <QString>
 
@@ -32,10 +32,9 @@ public:
 struct OneSongRunParts
 {
     Desktop &desktop;
-    Catalogue &catalogue;
     SongWindow &window;
-    /** The data of cmbHeader. */
-    std::function<qint64()> listId;
+    /** The track that a row of lbDetail shows; nothing when it is gone from the list. */
+    std::function<std::optional<TrackTexts>(int)> track;
     /** Rows of lbDetail, the blank one included, and the selected one; -1 without one. */
     std::function<int()> ListCount;
     std::function<int()> ListIndex;
@@ -46,7 +45,7 @@ struct OneSongRunParts
 
 /**
  * "Play Current Song": plays from the selected song of a list to its end, one song after the other. It ends
- * behind the last song, when the user closes the window, and at a song whose number is missing.
+ * behind the last song and when the user closes the window.
  */
 class OneSongRun final
 {
@@ -65,8 +64,6 @@ private:
     void songEnded();
     void closedByUser();
     void goOn();
-    /** False for a number that no song of the list has. */
-    bool playTrack(qint64 listTrackId);
     void end();
     void run(const std::function<void()> &step);
 

@@ -82,6 +82,8 @@ PlayListLook lookAfter(const PlayListState &state, PlayListLook look)
         break;
     case PlayListEvent::TracksLoaded:
         look.enabled = state.hasTracks ? look.enabled | NeedsTracks : look.enabled & ~NeedsTracks;
+        if (!state.isFirstRowEmpty)
+            look.enabled |= mnuEditDeleteSong | mnuEditEditSong | mnuFilePopulate;
         break;
     case PlayListEvent::ListChosen:
         listChosen(state, look);
@@ -90,7 +92,6 @@ PlayListLook lookAfter(const PlayListState &state, PlayListLook look)
         look.enabled |= mnuEditEditSong;
         break;
     case PlayListEvent::SongAdded:
-        look.enabled |= NeedsTracks | mnuEditDeleteSong | mnuFilePopulate;
         look.lblMsg = u"Song was added to Play List."_s;
         look.shown &= ~PlayListControls(cmdOK);
         break;

@@ -13,9 +13,6 @@ namespace quaverly {
 
 namespace {
 
-/** The run-time error of a text that is cut before its start. */
-constexpr int InvalidProcedureCall = 5;
-
 QString columnsOfTracks()
 {
     return u"RecordID, SongName, Artist, AlbumName, TrackText, PathName, FileName, Duration, Year, Rating"_s;
@@ -35,6 +32,7 @@ PlayListTracks::PlayListTracks(PlayListTracksParts parts) : m_parts(parts)
 
 bool PlayListTracks::LoadDetailListbox(qint64 listId)
 {
+    m_listId = listId;
     m_rows.load(m_parts.lists.shownTracks(listId, MostRows));
     return m_rows.songs() > 0;
 }
@@ -52,8 +50,7 @@ bool PlayListTracks::addCurrentSong(const PlayListName &list)
 {
     if (!isThere(list) || !m_parts.displayed.hasRows())
         return false;
-    // The rows give the number: with gaps in the list it is one that a track bears already.
-    m_parts.lists.addTrack(list.ListID, m_rows.ListCount(), trackOfSong(m_parts.displayed.Recordset()));
+    m_parts.lists.addTrack(list.ListID, trackOfSong(m_parts.displayed.Recordset()));
     return true;
 }
 
@@ -100,53 +97,28 @@ std::optional<qint64> PlayListTracks::addAllSongs(const PlayListName &list)
     tracks.reserve(rows->RecordCount());
     for (; !rows->atEOF(); rows->MoveNext())
         tracks.append(trackOfSong(*rows));
-    m_parts.lists.addTracks(list.ListID, m_rows.ListCount(), tracks);
+    m_parts.lists.addTracks(list.ListID, tracks);
     return tracks.size();
 }
 
-void PlayListTracks::deleteSong(qint64 listId, int row)
+OrderKept PlayListTracks::ReOrderTracksAfterDrag()
 {
-    dao::Transaction transaction(m_parts.catalogue.CatalogueDb->workspace());
-    m_parts.lists.deleteTrack(listId, m_rows.ItemData(row));
-    m_parts.lists.RenumberTracks(listId);
-    transaction.commit();
-    LoadDetailListbox(listId);
-}
-
-bool PlayListTracks::failReorder(int number, const QString &description)
-{
-    m_parts.desktop.MessageBox(
-        number == dao::SyntaxErrorInCriteria
-            ? u"You have a double-quote character in one of your song titles in this list.  This has caused "
-              "an error when you dragged and dropped a song to a new position in the list.  Go to the Edit "
-              "screen and change the double quote to a single quote, then try again."_s
-            : u"Error number:"_s + QString::number(number) + u".  "_s + description,
-        u"Error"_s, Icon::Stop);
-    return false;
-}
-
-bool PlayListTracks::ReOrderTracksAfterDrag(qint64 listId)
-{
-    // A song without an artist has no mark to cut its row at: the step fails there, and is meant to.
-    const QList<qint64> numbers = m_rows.numbersToFirstWithoutArtist();
-    std::optional<qsizetype> given;
+    std::optional<qsizetype> missing;
     try {
-        given = m_parts.lists.reorder(listId, numbers);
+        missing = m_parts.lists.reorder(m_listId, m_rows.keys());
     } catch (const dao::DaoError &error) {
-        return failReorder(error.number, error.description);
+        m_parts.desktop.MessageBox(u"Error number:"_s + QString::number(error.number) + u".  "_s +
+                                       error.description,
+                                   u"Error"_s, Icon::Stop);
+        return OrderKept::No;
     }
-    if (!given)
-        return true;
-    for (int row = 0; row < *given; ++row)
-        m_rows.setItemData(row, row + 1);
-    if (*given < numbers.size()) {
-        m_parts.desktop.MessageBox(u"In ReOrderTracksAfterDrag routine.  Match not found on Track Title: "_s +
-                                       m_rows.text(static_cast<int>(*given)),
-                                   QString::fromUtf16(ProductName));
-        return true;
-    }
-    return numbers.size() == m_rows.songs() ||
-           failReorder(InvalidProcedureCall, u"Invalid procedure call or argument"_s);
+    if (!missing)
+        return OrderKept::Yes;
+    // The player, which stays usable beside the screen, deletes songs of lists too.
+    m_parts.desktop.MessageBox(u"In ReOrderTracksAfterDrag routine.  Match not found on Track Title: "_s +
+                                   m_rows.text(static_cast<int>(*missing)),
+                               QString::fromUtf16(ProductName));
+    return OrderKept::WithOtherSongs;
 }
 
 } // namespace quaverly

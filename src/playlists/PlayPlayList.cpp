@@ -4,6 +4,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "player/Player.h"
+#include "player/PlayerState.h"
 #include "player/TemporaryList.h"
 
 using namespace Qt::StringLiterals;
@@ -58,9 +59,9 @@ void playPlayList(const PlayPlayListParts &parts, const PlayListName &list)
                                  u"File not found"_s, Icon::Stop);
         return;
     }
-    request.caption = u"PlayList: "_s + list.ListName;
+    request.caption = captionOfPlayList(list.ListName);
     // The player takes the list's name from this when it deletes a song.
-    request.CurrentPlayTitle = u"PlayList "_s + list.ListName;
+    request.CurrentPlayTitle = titleOfPlayList(list.ListName);
     request.songs.setListIndex(0);
     request.showsCount = true;
     parts.unload();

@@ -6,8 +6,8 @@
 #include "desktop/Guard.h"
 #include "intake/ScanReport.h"
 #include "platform/text/Text.h"
+#include "player/PlayerState.h"
 #include "playlists/ChartLine.h"
-#include "songlist/PlayerState.h"
 
 #include <QStringDecoder>
 
@@ -131,9 +131,9 @@ void PopulateFromText::populate()
                                    u"Sub mnuPopupAddToPlaylist_Click"_s, Icon::Stop);
         return;
     }
-    const qint64 highest = m_parts.lists.highestTrack(*list);
-    const Found found = find(readText(*path), MostTracks - highest);
-    m_parts.lists.addTracks(*list, highest + 1, found.tracks);
+    const Found found = find(readText(*path), MostTracks - m_parts.lists.countTracks(*list));
+    if (!found.tracks.isEmpty())
+        m_parts.lists.addTracks(*list, found.tracks);
     if (found.isFull) {
         // Meant: the busy pointer stays, the text stays open and the box keeps its old rows.
         m_parts.desktop.MessageBox(u"The current Play List has reached maximum size of 32,000 songs.  Song "

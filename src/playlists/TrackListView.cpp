@@ -73,21 +73,8 @@ void TrackListView::moveByKey(int target)
     if (row < 0 || target < 0 || target >= model()->rowCount())
         return;
     Q_EMIT beginDrag(row);
-    Q_EMIT dragging(target);
     Q_EMIT dropped(target);
     scrollTo(currentIndex());
-}
-
-void TrackListView::focusInEvent(QFocusEvent *event)
-{
-    QListView::focusInEvent(event);
-    Q_EMIT gotFocus();
-}
-
-void TrackListView::focusOutEvent(QFocusEvent *event)
-{
-    QListView::focusOutEvent(event);
-    Q_EMIT lostFocus();
 }
 
 void TrackListView::startDrag(Qt::DropActions supportedActions)
@@ -116,7 +103,6 @@ void TrackListView::dragMoveEvent(QDragMoveEvent *event)
     if (!middle.contains(*m_dragPoint))
         startAutoScroll();
     viewport()->update();
-    Q_EMIT dragging(indexAt(*m_dragPoint).row());
 }
 
 void TrackListView::dragLeaveEvent(QDragLeaveEvent *event)

@@ -10,7 +10,7 @@ namespace quaverly {
 
 /**
  * The list box of a play list's songs. A song is dragged inside it, or moved by Alt+Up and Alt+Down, and
- * both tell the same three things, with the row concerned; -1 where there is none.
+ * both tell the same two things, with the row concerned; -1 where there is none.
  */
 class TrackListView final : public QListView
 {
@@ -27,17 +27,12 @@ Q_SIGNALS:
     /** The user went to a row or clicked the selected one again. */
     void rowChosen(int row);
     void deletePressed();
-    void gotFocus();
-    void lostFocus();
 
     void beginDrag(int row);
-    void dragging(int row);
     void dropped(int row);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
-    void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
     void startDrag(Qt::DropActions supportedActions) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;

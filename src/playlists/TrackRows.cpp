@@ -11,17 +11,17 @@ void TrackRows::load(const QList<ShownTrack> &tracks)
     m_rows.clear();
     m_rows.reserve(tracks.size() + 1);
     for (const ShownTrack &track : tracks)
-        m_rows.append({songRow(track.SongTitle, track.ArtistName), track.ListTrackID});
+        m_rows.append({songRow(track.SongTitle, track.ArtistName), track.key});
     m_rows.append(TrackRow());
 }
 
-int TrackRows::rowOf(const QString &text) const
+QList<qint64> TrackRows::keys() const
 {
-    for (int row = 0; row < songs(); ++row) {
-        if (isSameText(m_rows.at(row).text, text))
-            return row;
-    }
-    return -1;
+    QList<qint64> keys;
+    keys.reserve(songs());
+    for (int row = 0; row < songs(); ++row)
+        keys.append(key(row));
+    return keys;
 }
 
 std::optional<int> TrackRows::placeAfterMove(int selected, int target) const
@@ -35,15 +35,6 @@ void TrackRows::MoveListBoxItem(int selected, int target)
 {
     if (const auto place = placeAfterMove(selected, target))
         m_rows.move(selected, *place);
-}
-
-QList<qint64> TrackRows::numbersToFirstWithoutArtist() const
-{
-    const QString mark = QString::fromUtf16(ArtistMark);
-    QList<qint64> numbers;
-    for (int row = 0; row < songs() && m_rows.at(row).text.contains(mark); ++row)
-        numbers.append(m_rows.at(row).ItemData);
-    return numbers;
 }
 
 } // namespace quaverly

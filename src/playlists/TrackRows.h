@@ -18,8 +18,8 @@ inline constexpr qint64 MostRows = 32001;
 struct TrackRow
 {
     QString text;
-    /** The track's ListTrackID. */
-    qint64 ItemData = 0;
+    /** The track's key in the store. */
+    qint64 key = 0;
 
     bool operator==(const TrackRow &) const = default;
 };
@@ -42,12 +42,11 @@ public:
     [[nodiscard]] bool isFirstEmpty() const { return text(0).isEmpty(); }
     /** The empty text for a row that isn't there. */
     [[nodiscard]] QString text(int row) const { return m_rows.value(row).text; }
-    [[nodiscard]] qint64 ItemData(int row) const { return m_rows.value(row).ItemData; }
-    /** First row of that text, in any case; -1 without one. */
-    [[nodiscard]] int rowOf(const QString &text) const;
+    [[nodiscard]] qint64 key(int row) const { return m_rows.value(row).key; }
+    /** Of all songs, from the top. */
+    [[nodiscard]] QList<qint64> keys() const;
 
     void setText(int row, const QString &text) { m_rows[row].text = text; }
-    void setItemData(int row, qint64 data) { m_rows[row].ItemData = data; }
 
     /**
      * Where the song of row @p selected comes to stand when it is dropped on row @p target: above what stands
@@ -55,9 +54,6 @@ public:
      */
     [[nodiscard]] std::optional<int> placeAfterMove(int selected, int target) const;
     void MoveListBoxItem(int selected, int target);
-
-    /** The rows' numbers from the top, up to the first row that shows no artist. */
-    [[nodiscard]] QList<qint64> numbersToFirstWithoutArtist() const;
 
 private:
     QList<TrackRow> m_rows;

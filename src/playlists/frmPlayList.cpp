@@ -7,9 +7,9 @@
 #include "desktop/KeySender.h"
 #include "desktop/ScreenLook.h"
 #include "platform/text/Text.h"
+#include "player/PlayerState.h"
 #include "playlists/TrackListModel.h"
 #include "songlist/DisplayedSet.h"
-#include "songlist/PlayerState.h"
 #include "ui_frmPlayList.h"
 
 #include <utility>
@@ -39,7 +39,8 @@ frmPlayList::frmPlayList(PlayListParts parts, QWidget *parent)
       m_populate({m_parts.desktop, m_parts.catalogue, m_lists, m_parts.state, m_parts.LastMusicFolder,
                   m_parts.populateReport, [this] { LoadDetailListbox(); }}),
       m_window({m_parts.desktop, m_parts.options, m_parts.store, m_parts.makeMediaPlayer}, this),
-      m_run({m_parts.desktop, m_parts.catalogue, m_window, [this] { return chosenList().ListID; },
+      m_run({m_parts.desktop, m_window,
+             [this](int row) { return m_lists.oneTrack(chosenList().ListID, m_tracks.rows().key(row)); },
              [this] { return m_tracks.rows().ListCount(); }, [this] { return ListIndex(); },
              [this](int row) { chooseSong(row); }, [this] { m_ui->lbDetail->setFocus(); }})
 {
@@ -120,7 +121,7 @@ void frmPlayList::LoadDetailListbox()
 void frmPlayList::rowsLoaded()
 {
     m_hasTracks = m_tracks.rows().songs() > 0;
-    m_DragInProgress = m_orderPending = false;
+    m_isMoved = false;
     m_model->reset();
     m_ui->lblNumSongs->setText(m_tracks.rows().ListCount() == 0
                                    ? QString()

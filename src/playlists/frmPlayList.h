@@ -66,7 +66,7 @@ public:
     void LoadHeaderCombo();
     void LoadDetailListbox();
 
-    /** However it is closed: songs that were moved keep their places. */
+    /** However it is closed: a song that was just moved keeps its place. */
     void done(int result) override;
 
 protected:
@@ -77,14 +77,11 @@ private:
     void wireMenus();
     void wireDrag();
     void Form_Load();
-    void loadLook();
     void Form_Activate();
 
     void cmbHeader_Click();
     void lbDetail_Click(int row);
     void lbDetail_MouseUp(const QPoint &place);
-    void lbDetail_GotFocus();
-    void lbDetail_LostFocus();
     void mnuAddAllSongs_Click();
     void mnuEditAddSong_Click();
     void mnuEditChangeFileNamePath_Click();
@@ -101,19 +98,18 @@ private:
 
     /** A drag's notifications, by mouse or keys; one that is cancelled needs nothing. */
     void lbDetail_BeginDrag(int row);
-    void lbDetail_Dragging();
     void lbDetail_Dropped(int row);
 
-    /** Runs a command after the moved songs have been given their places, unless that fails. */
+    /** Runs a command after a moved song has been given its place, unless that fails. */
     void command(const std::function<void()> &handler);
-    /** False when the new order could not be kept: the screen closes. */
+    /** Stores the order on the screen, if it is another one. False when it can't be: the screen closes. */
     bool keepOrder();
     void runReport(const QString &kind);
     void showHeader(bool isEdited);
-    void showDetail(frmPlayListDetail::Role role, qint64 listTrackId);
+    void showDetail(frmPlayListDetail::Role role, qint64 key);
     void show(QDialog *screen);
-    void headerAdded(const QString &name, bool isNew);
-    void songSaved(frmPlayListDetail::Role role, const QString &title);
+    void headerChanged(const QString &name);
+    void songSaved(frmPlayListDetail::Role role, const TrackTexts &song);
 
     [[nodiscard]] PlayListName chosenList() const;
     [[nodiscard]] int ListIndex() const;
@@ -135,9 +131,8 @@ private:
     OneSongRun m_run;
     PlayListLook m_look;
     bool m_hasTracks = false;
-    bool m_DragInProgress = false;
-    /** Songs were moved, and the focus has left them. */
-    bool m_orderPending = false;
+    /** A song was moved, and its place is not stored yet. */
+    bool m_isMoved = false;
     int m_DragSourceIndex = -1;
     /** The screen is activated for the first time, or after one over it. */
     bool m_activates = true;

@@ -4,13 +4,16 @@
 #include "desktop/Desktop.h"
 #include "desktop/Guard.h"
 #include "platform/text/Text.h"
+#include "player/Player.h"
+#include "player/PlayerState.h"
 #include "playlists/PlayListHeaders.h"
 #include "playlists/PlayListHelp.h"
 #include "playlists/PlayPlayList.h"
 #include "playlists/TrackListModel.h"
 #include "playlists/frmPlayListHeader.h"
-#include "songlist/PlayerState.h"
 #include "ui_frmPlayList.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -97,7 +100,7 @@ void frmPlayList::mnuEditAddSong_Click()
                 u"Cannot add more songs"_s);
             return;
         }
-        showDetail(frmPlayListDetail::Role::Add, m_tracks.rows().ListCount());
+        showDetail(frmPlayListDetail::Role::Add, 0);
     });
 }
 
@@ -110,31 +113,27 @@ void frmPlayList::mnuEditEditSong_Click()
                                        u"No song selected"_s);
             return;
         }
-        showDetail(frmPlayListDetail::Role::Edit, m_tracks.rows().ItemData(row));
+        showDetail(frmPlayListDetail::Role::Edit, m_tracks.rows().key(row));
     });
 }
 
-void frmPlayList::showDetail(frmPlayListDetail::Role role, qint64 listTrackId)
+void frmPlayList::showDetail(frmPlayListDetail::Role role, qint64 key)
 {
     auto screen =
         std::make_unique<frmPlayListDetail>(m_parts.desktop, m_lists, m_parts.options, role,
-                                            frmPlayListDetail::Place{chosenList().ListID, listTrackId}, this);
-    // By its place, not by its number: with gaps in the numbers it is another song's texts that show.
-    if (role == frmPlayListDetail::Role::Edit)
-        screen->LoadDetail(ListIndex() + 1);
+                                            frmPlayListDetail::Place{chosenList().ListID, key}, this);
     connect(screen.get(), &frmPlayListDetail::saved, this,
-            [this, role](const QString &title) { songSaved(role, title); });
+            [this, role](const TrackTexts &song) { songSaved(role, song); });
     show(screen.release());
 }
 
-void frmPlayList::songSaved(frmPlayListDetail::Role role, const QString &title)
+void frmPlayList::songSaved(frmPlayListDetail::Role role, const TrackTexts &song)
 {
     if (role == frmPlayListDetail::Role::Add) {
-        // The new song shows when the list is loaded the next time.
-        if (const int row = m_tracks.rows().rowOf(title); row >= 0)
-            chooseSong(row);
+        LoadDetailListbox();
+        chooseSong(m_tracks.rows().ListCount() - 2);
     } else if (const int row = ListIndex(); row >= 0) {
-        m_tracks.rows().setText(row, title);
+        m_tracks.rows().setText(row, songRow(song.SongTitle, song.ArtistName));
         m_model->textChanged(row);
     }
 }
@@ -161,8 +160,9 @@ void frmPlayList::mnuEditDeleteSong_Click()
                                        u"No song selected"_s);
             return;
         }
-        m_tracks.deleteSong(chosenList().ListID, row);
+        m_tracks.deleteSong(row);
         LoadDetailListbox();
+        m_ui->lbDetail->setListIndex(std::min(row, m_tracks.rows().songs() - 1));
         follow(stateAfter(PlayListEvent::SongDeleted));
     });
 }
@@ -177,6 +177,7 @@ void frmPlayList::mnuEditDelete_Click()
         LoadHeaderCombo();
         m_parts.state.CurrentPlayListName.clear();
         follow(stateAfter(PlayListEvent::ListDeleted));
+        m_parts.player.showPlayLists();
     });
 }
 
@@ -202,22 +203,24 @@ void frmPlayList::showHeader(bool isEdited)
     auto screen =
         std::make_unique<frmPlayListHeader>(m_parts.desktop, m_lists, m_parts.options,
                                             isEdited ? std::optional(chosenList()) : std::nullopt, this);
-    connect(screen.get(), &frmPlayListHeader::added, this,
-            [this](const QString &name) { headerAdded(name, true); });
+    connect(screen.get(), &frmPlayListHeader::added, this, &frmPlayList::headerChanged);
     connect(screen.get(), &frmPlayListHeader::edited, this,
-            [this](const QString &name) { headerAdded(name, false); });
-    connect(screen.get(), &frmPlayListHeader::deleted, this, &frmPlayList::LoadHeaderCombo);
+            [this, before = chosenList().ListName](const QString &name) {
+                m_parts.state.renamePlayList(before, name);
+                headerChanged(name);
+            });
+    connect(screen.get(), &frmPlayListHeader::deleted, this, [this] {
+        LoadHeaderCombo();
+        m_parts.player.showPlayLists();
+    });
     show(screen.release());
 }
 
-void frmPlayList::headerAdded(const QString &name, bool isNew)
+void frmPlayList::headerChanged(const QString &name)
 {
-    const QString before = m_parts.state.CurrentPlayListName;
     LoadHeaderCombo();
     chooseList(name);
-    // The old name stays remembered, and the next song added from the main screen finds no such list.
-    if (!isNew)
-        m_parts.state.CurrentPlayListName = before;
+    m_parts.player.showPlayLists();
 }
 
 void frmPlayList::cmdPlay_Click()

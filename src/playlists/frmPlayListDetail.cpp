@@ -45,11 +45,13 @@ void frmPlayListDetail::Form_Load(const Options &options)
     if (options.TabletActive)
         sizeForFingers(*this);
     resize(sizeHint().expandedTo(FirstSize));
+    if (m_role == Role::Edit)
+        LoadDetail();
 }
 
-void frmPlayListDetail::LoadDetail(qint64 listTrackId)
+void frmPlayListDetail::LoadDetail()
 {
-    const auto track = m_lists.oneTrack(m_place.ListID, listTrackId);
+    const auto track = m_lists.oneTrack(m_place.ListID, m_place.key);
     if (!track)
         return;
     m_ui->txtSongName->setText(track->SongTitle);
@@ -92,10 +94,10 @@ void frmPlayListDetail::cmdOK_Click()
         m_ui->txtSongName->setText(singleQuotes(m_ui->txtSongName->text()));
         const TrackTexts song = ManualSong::kept({m_ui->txtSongName->text(), m_ui->txtArtistName->text(),
                                                   m_ui->txtFileName->text(), m_ui->txtNotes->toPlainText()});
-        done = m_role == Role::Add ? m_songs.add(m_place.ListID, m_place.ListTrackID, song)
-                                   : m_songs.edit(m_place.ListID, m_place.ListTrackID, song);
+        done = m_role == Role::Add ? m_songs.add(m_place.ListID, song)
+                                   : m_songs.edit(m_place.ListID, m_place.key, song);
         if (done)
-            Q_EMIT saved(song.SongTitle);
+            Q_EMIT saved(song);
         else
             m_ui->txtSongName->setFocus();
     });

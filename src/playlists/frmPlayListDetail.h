@@ -24,23 +24,21 @@ public:
     /** AddingManualSong or EditingListSong. */
     enum class Role { Add, Edit };
 
-    /** The list's ListID and the track's number in it. All references outlive the screen. */
+    /** The list's ListID, and the key of the track that is edited. */
     struct Place
     {
         qint64 ListID = 0;
-        qint64 ListTrackID = 0;
+        qint64 key = 0;
     };
 
+    /** All references outlive the screen. @throws dao::DaoError. */
     frmPlayListDetail(Desktop &desktop, PlayListStore &lists, const Options &options, Role role, Place place,
                       QWidget *parent = nullptr);
     ~frmPlayListDetail() override;
 
-    /** Fills the boxes from the track of that number, when there is one. @throws dao::DaoError. */
-    void LoadDetail(qint64 listTrackId);
-
 Q_SIGNALS:
-    /** The track was written, with that title. */
-    void saved(const QString &songTitle);
+    /** The track was written. */
+    void saved(const quaverly::TrackTexts &song);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -48,6 +46,8 @@ protected:
 private:
     void wire();
     void Form_Load(const Options &options);
+    /** Fills the boxes from the edited track. */
+    void LoadDetail();
     void cmdOK_Click();
     void cmdBrowse_Click();
     void txtFileName_Validate();

@@ -21,10 +21,7 @@ void frmPlayList::wireDrag()
             mnuEditDeleteSong_Click();
     });
     on(&TrackListView::customContextMenuRequested, &frmPlayList::lbDetail_MouseUp);
-    on(&TrackListView::gotFocus, &frmPlayList::lbDetail_GotFocus);
-    on(&TrackListView::lostFocus, &frmPlayList::lbDetail_LostFocus);
     on(&TrackListView::beginDrag, &frmPlayList::lbDetail_BeginDrag);
-    on(&TrackListView::dragging, &frmPlayList::lbDetail_Dragging);
     on(&TrackListView::dropped, &frmPlayList::lbDetail_Dropped);
     m_ui->lbDetail->setDragEnabled(hasDragSupport(QCoreApplication::applicationDirPath()));
 }
@@ -59,54 +56,34 @@ void frmPlayList::lbDetail_MouseUp(const QPoint &place)
     m_ui->mnuEdit->popup(m_ui->lbDetail->viewport()->mapToGlobal(place));
 }
 
-void frmPlayList::lbDetail_GotFocus()
-{
-    m_DragInProgress = false;
-}
-
-void frmPlayList::lbDetail_LostFocus()
-{
-    if (!std::exchange(m_DragInProgress, false))
-        return;
-    m_orderPending = true;
-    // Behind the event that took the focus away: what follows may show a box and close the screen.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (m_orderPending)
-                keepOrder();
-        },
-        Qt::QueuedConnection);
-}
-
-bool frmPlayList::keepOrder()
-{
-    const bool isDue = std::exchange(m_DragInProgress, false) || m_orderPending;
-    m_orderPending = false;
-    if (!isDue || m_ui->cmbHeader->currentIndex() < 0)
-        return true;
-    bool isKept = false;
-    guarded(m_parts.desktop, windowTitle(),
-            [&] { isKept = m_tracks.ReOrderTracksAfterDrag(chosenList().ListID); });
-    if (!isKept)
-        close();
-    return isKept;
-}
-
 void frmPlayList::lbDetail_BeginDrag(int row)
 {
     m_DragSourceIndex = row;
 }
 
-void frmPlayList::lbDetail_Dragging()
-{
-    m_DragInProgress = true;
-}
-
 void frmPlayList::lbDetail_Dropped(int row)
 {
-    if (row != m_DragSourceIndex)
-        m_model->MoveListBoxItem(ListIndex(), row);
+    if (row == m_DragSourceIndex)
+        return;
+    m_model->MoveListBoxItem(ListIndex(), row);
+    m_isMoved = true;
+    // Behind the drop: what follows may show a box and close the screen.
+    QMetaObject::invokeMethod(this, &frmPlayList::keepOrder, Qt::QueuedConnection);
+}
+
+bool frmPlayList::keepOrder()
+{
+    if (!std::exchange(m_isMoved, false))
+        return true;
+    OrderKept kept = OrderKept::No;
+    guarded(m_parts.desktop, windowTitle(), [&] {
+        kept = m_tracks.ReOrderTracksAfterDrag();
+        if (kept == OrderKept::WithOtherSongs)
+            LoadDetailListbox();
+    });
+    if (kept == OrderKept::No)
+        close();
+    return kept != OrderKept::No;
 }
 
 } // namespace quaverly

@@ -6,7 +6,7 @@
 #include "intake/MusicLoader.h"
 #include "intake/ScanForms.h"
 #include "platform/shell/Shell.h"
-#include "songlist/PlayerState.h"
+#include "player/PlayerState.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TagBytes.h"
 #include "support/store/FakeMainScreen.h"

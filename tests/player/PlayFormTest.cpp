@@ -286,6 +286,14 @@ TEST_F(ThePlayer, DeletesFromThePlayListThatPlays)
     m_forms.play(request);
     EXPECT_EQ(caption(), u"PlayList: Party"_s);
     waitFor(u"a.mp3"_s);
+    // Another name is given to the list while its songs play.
+    m_state.PlayerPlayList = u"Party"_s;
+    PlayListStore(m_store.catalogue()).editList(list, u"Fête"_s, {});
+    m_state.renamePlayList(u"Party"_s, u"Fête"_s);
+    m_forms.showPlayLists();
+    EXPECT_EQ(caption(), u"PlayList: Fête"_s);
+    EXPECT_EQ(shown(u"lblSelectedPlaylist"_s), u"Fête"_s);
+    EXPECT_EQ(control<QComboBox>(u"cmbHeader"_s).currentText(), u"Fête"_s);
     click(*form(), u"cmdDelete"_s);
     EXPECT_EQ(shown(u"txtSongAddedToPlaylist"_s), u"Deleted from Playlist"_s);
     EXPECT_EQ(m_store.column(u"select FileName from tblPlayListDetail"_s), QStringList(music(u"b.mp3"_s)));

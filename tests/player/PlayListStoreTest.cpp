@@ -2,7 +2,7 @@
 #include "player/PlayListStore.h"
 
 #include "player/AddToPlayList.h"
-#include "songlist/PlayerState.h"
+#include "player/PlayerState.h"
 #include "support/ScriptedDesktop.h"
 #include "support/store/StoreFixture.h"
 
@@ -41,12 +41,28 @@ protected:
                 list))
             .join(u'|');
     }
-    void number(qint64 list, const QList<qint64> &numbers)
+    /** Tracks a, b, c ... of the empty list, with numbers as older programs left them. */
+    void number(const QList<qint64> &numbers)
     {
-        store.deleteList(list);
-        for (const qint64 each : numbers)
-            store.addTrack(list, each, {.SongTitle = u"t"_s + QString::number(each)});
+        store.deleteList(empty);
+        for (qsizetype i = 0; i < numbers.size(); ++i) {
+            const QString title(QChar(u'a' + static_cast<char16_t>(i)));
+            catalogue.addRow(u"tblPlayListDetail"_s, {{u"ListID"_s, empty},
+                                                      {u"ListTrackID"_s, numbers.at(i)},
+                                                      {u"SongTitle"_s, title},
+                                                      {u"FileName"_s, u"/"_s + title}});
+        }
     }
+    /** The key of the empty list's track of that title; 0 without one. */
+    qint64 keyOf(const QString &title)
+    {
+        for (const ShownTrack &track : store.shownTracks(empty, MostTracks)) {
+            if (track.SongTitle == title)
+                return track.key;
+        }
+        return 0;
+    }
+    void fillUp(const QString &name) { store.addTracks(store.addList(name, {}), QList<Track>(MostTracks)); }
 
     StoreFixture catalogue;
     ScriptedDesktop desktop;
@@ -74,27 +90,47 @@ TEST_F(PlayLists, AreListedByNameAndKnownInAnyCase)
               QVariant(QDateTime({2026, 11, 22}, {19, 22}, Qt::UTC)));
 }
 
-TEST_F(PlayLists, NumberTheirTracksAnewWithoutGaps)
+TEST_F(PlayLists, AreMadeWholeByWhateverChangesThem)
 {
-    const std::pair<QList<qint64>, QString> cases[] = {
-        {{}, u""_s},
-        {{1, 2, 3}, u"1|2|3"_s},
-        {{1, 3, 4, 9}, u"1|2|3|4"_s},
-        {{5, 7, 7, 8}, u"1|2|3|4"_s},
-        {{0, 2}, u"1|2"_s},
+    const TrackTexts other{.SongTitle = u"C"_s, .ArtistName = {}, .FileName = {}, .Notes = {}};
+    const std::pair<QString, std::function<void()>> changes[] = {
+        {u"a b c d"_s, [&] { store.RenumberTracks(empty); }},
+        {u"a b c d z"_s, [&] { store.addTrack(empty, {.SongTitle = u"z"_s}); }},
+        {u"a b c d y z"_s,
+         [&] {
+             store.addTracks(empty, {{.SongTitle = u"y"_s}, {.SongTitle = u"z"_s}});
+         }},
+        {u"a c d"_s, [&] { store.deleteTrack(empty, keyOf(u"b"_s)); }},
+        {u"a b d"_s, [&] { store.deleteTrack(empty, keyOf(u"c"_s)); }},
+        {u"a b c"_s, [&] { store.deleteFile(empty, u"/d"_s); }},
+        {u"a b C d"_s, [&] { EXPECT_TRUE(store.editTrack(empty, keyOf(u"c"_s), other)); }},
+        {u"d c b a"_s,
+         [&] {
+             EXPECT_EQ(store.reorder(empty, {keyOf(u"d"_s), keyOf(u"c"_s), keyOf(u"b"_s), keyOf(u"a"_s)}),
+                       std::nullopt);
+         }},
+        // One that has been deleted meanwhile, one that is not this list's, one twice, one left out.
+        {u"c a b d"_s,
+         [&] {
+             const qint64 stranger = store.shownTracks(party, 1).first().key;
+             EXPECT_EQ(store.reorder(empty, {keyOf(u"c"_s), stranger, keyOf(u"a"_s), keyOf(u"c"_s), 99999}),
+                       1);
+         }},
+        {u"a b c d"_s, [&] { store.deleteTrack(empty, 99999); }},
     };
-    for (const auto &[numbers, expected] : cases) {
-        number(empty, numbers);
-        const QString titles = tracks(empty, u"SongTitle"_s);
-        store.RenumberTracks(empty);
-        EXPECT_EQ(tracks(empty, u"ListTrackID"_s), expected);
-        EXPECT_EQ(tracks(empty, u"SongTitle"_s), titles);
-        EXPECT_EQ(tracks(empty, u"LastUpdated"_s).count(u"2026"_s), numbers.size());
+    for (const QList<qint64> &numbers :
+         {QList<qint64>{1, 2, 3, 4}, {2, 3, 3, 9}, {0, 1, 1, 1}, {-5, 4, 4, 32000}}) {
+        for (const auto &[expected, change] : changes) {
+            number(numbers);
+            change();
+            EXPECT_EQ(tracks(empty, u"SongTitle"_s).replace(u'|', u' '), expected);
+            for (qsizetype i = 0; i <= expected.count(u' '); ++i)
+                EXPECT_EQ(tracks(empty, u"ListTrackID"_s).split(u'|').at(i).toInt(), i + 1);
+        }
     }
+    EXPECT_FALSE(store.editTrack(empty, 99999, other));
+    EXPECT_EQ(store.oneTrack(empty, 99999), std::nullopt);
     EXPECT_EQ(tracks(party, u"ListTrackID"_s), u"1|2|3"_s);
-    store.deleteTrack(party, 2);
-    EXPECT_EQ(tracks(party, u"ListTrackID"_s), u"1|3"_s);
-    EXPECT_EQ(store.highestTrack(party), 3);
 }
 
 TEST_F(PlayLists, TakeACopyOfTheSong)
@@ -128,7 +164,7 @@ TEST_F(PlayLists, RefuseWhatCannotBePlayed)
     using From = AddToPlayList::From;
     catalogue.addSong(Song(u"No file"_s).with(u"PathName"_s, u"/music/"_s));
     catalogue.addSong(Song(u"No path"_s).with(u"FileName"_s, u"x.mp3"_s));
-    store.addTrack(store.addList(u"Full"_s, {}), 32000, {});
+    fillUp(u"Full"_s);
     const std::tuple<QString, From, QString, QString> cases[] = {
         {u"Another"_s, From::NameList, u"No file"_s,
          u"No File Name exists for this record, so not added to Play List."_s},
@@ -172,8 +208,7 @@ TEST_F(PlayLists, TakeAndLoseSongsOfThePlayer)
     state.CurrentPlayTitle = u"PlayList My PlayList One"_s;
     add.deleteFromPlayer(u"/music/hi.mp3"_s);
     EXPECT_EQ(tracks(empty, u"ListTrackID"_s), u"1"_s);
-    empty = store.addList(u"Full"_s, {});
-    store.addTrack(empty, 32000, {});
+    fillUp(u"Full"_s);
     desktop.willSee(
         u"The Play List has reached maximum size of 32,000 songs.  Song not added to Play List."_s);
     EXPECT_EQ(add.addFromPlayer(u"Full"_s, u"a"_s, u"/a"_s), SongAdded::No);

@@ -8,8 +8,8 @@
 #include "platform/shell/Shell.h"
 #include "player/PlayCommands.h"
 #include "player/PlayForms.h"
+#include "player/PlayerState.h"
 #include "songlist/DataControl.h"
-#include "songlist/PlayerState.h"
 #include "support/ScriptedDesktop.h"
 #include "support/store/StoreFixture.h"
 

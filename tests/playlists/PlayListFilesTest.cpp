@@ -42,7 +42,7 @@ protected:
         const QString path = fileName.isEmpty() ? QString() : m_store.path(u"music/"_s + fileName);
         if (!bytes.isEmpty() && !path.isEmpty())
             writeFile(path, bytes);
-        m_lists.addTrack(m_list, ++m_tracks, {.ContactRecordID = 1, .SongTitle = u"t"_s, .FileName = path});
+        m_lists.addTrack(m_list, {.ContactRecordID = 1, .SongTitle = u"t"_s, .FileName = path});
     }
     [[nodiscard]] QString stick() const { return m_store.path(u"stick/"_s); }
     [[nodiscard]] QStringList onStick() const
@@ -52,7 +52,6 @@ protected:
 
     const QString m_name = u"What? A/B"_s;
     const qint64 m_list = m_lists.addList(m_name, {});
-    int m_tracks = 0;
 };
 
 TEST_F(ThePlayListFiles, AreWrittenForOtherPlayers)

@@ -60,8 +60,10 @@ PlayListTest::~PlayListTest()
 qint64 PlayListTest::addList(const QString &name, int tracks)
 {
     const qint64 list = m_lists.addList(name, {});
-    for (int i = 0; i < tracks; ++i)
-        m_lists.addTrack(list, i + 1, {.SongTitle = QString(QChar(u'A' + i)), .ArtistName = u"Artist"_s});
+    for (int i = 0; i < tracks; ++i) {
+        const QString title(QChar(u'A' + i));
+        m_lists.addTrack(list, {.SongTitle = title, .ArtistName = u"Artist"_s});
+    }
     return list;
 }
 
@@ -132,12 +134,6 @@ void PlayListTest::scrollByDrag()
     QDragLeaveEvent leave;
     QApplication::sendEvent(view, &leave);
     lbDetail().setFocus(); // and forgets the drag, which moved nothing
-}
-
-void PlayListTest::leaveList()
-{
-    QTest::keyClick(&lbDetail(), Qt::Key_Tab);
-    QApplication::processEvents();
 }
 
 void PlayListTest::inScreen(const std::function<void(QWidget &)> &act)

@@ -5,10 +5,10 @@
 #include "platform/media/Media.h"
 #include "platform/options/OptionsStore.h"
 #include "player/Player.h"
+#include "player/PlayerState.h"
 #include "playlists/PlayListScreens.h"
 #include "playlists/TrackListView.h"
 #include "playlists/frmPlay.h"
-#include "songlist/PlayerState.h"
 #include "support/ScriptedDesktop.h"
 #include "support/UserActs.h"
 #include "support/store/FakeMainScreen.h"
@@ -25,8 +25,10 @@ class RecordingPlayer final : public Player
 public:
     void unload() override { ++unloads; }
     void play(PlayRequest request) override { played.append(std::move(request)); }
+    void showPlayLists() override { ++listsShown; }
 
     int unloads = 0;
+    int listsShown = 0;
     QList<PlayRequest> played;
 };
 
@@ -58,8 +60,6 @@ protected:
     void dragRow(int from, int to, bool escape = false);
     /** Holds the first song at the list's lower edge until that scrolls. */
     void scrollByDrag();
-    /** By the tab key, and lets what follows happen. */
-    void leaveList();
     /** Runs @p act in the screen that is over the play lists. */
     void inScreen(const std::function<void(QWidget &)> &act);
 

@@ -81,12 +81,19 @@ TEST(PlayListRules, FollowWhatHappened)
          All & ~Seven,
          lblInstructions,
          press},
-        {"a song was added",
-         {.event = SongAdded},
-         cmdOK,
-         cmdOK | Five | mnuEditDeleteSong | mnuFilePopulate,
-         cmdOK,
-         u"Song was added to Play List."_s},
+        {"a song was added", {.event = SongAdded}, cmdOK, cmdOK, cmdOK, u"Song was added to Play List."_s},
+        {"songs are loaded",
+         {.event = TracksLoaded, .hasTracks = true, .isFirstRowEmpty = false},
+         None,
+         Seven | mnuFilePopulate,
+         None,
+         kept},
+        {"songs are loaded, the first shows nothing",
+         {.event = TracksLoaded, .hasTracks = true},
+         None,
+         Five,
+         None,
+         kept},
         {"the last song is deleted",
          {.event = SongDeleted},
          All,
@@ -117,7 +124,7 @@ TEST(PlayListRules, MoveARowAboveTheOneItIsDroppedOn)
         for (int row = 0; row < rows.ListCount(); ++row)
             order += rows.text(row).isEmpty() ? u" "_s : rows.text(row);
         EXPECT_EQ(order, expected) << selected << " to " << target;
-        EXPECT_EQ(rows.ItemData(0), order.at(0).unicode() - u'A' + 1);
+        EXPECT_EQ(rows.key(0), order.at(0).unicode() - u'A' + 1);
     }
 }
 

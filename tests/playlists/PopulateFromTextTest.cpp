@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlists/PopulateFromText.h"
 
+#include "player/PlayerState.h"
 #include "playlists/ChartLine.h"
-#include "songlist/PlayerState.h"
 #include "support/Files.h"
 #include "support/ScriptedDesktop.h"
 #include "support/store/StoreFixture.h"
@@ -125,11 +125,11 @@ TEST_F(Populate, ReadsTheTextsOfAllMachines)
 
 TEST_F(Populate, EndsAbruptlyAtTheLimit)
 {
-    lists.addTrack(list, MostTracks - 1, {});
+    lists.addTracks(list, QList<Track>(MostTracks - 1));
     choose("Nobody, Nothing\nSatisfaction, The Rolling Stones\nJóga, Björk\n");
     desktop.willSee(u"maximum size of 32,000 songs.  Song not added"_s);
     commands.mnuFilePopulate_Click();
-    EXPECT_EQ(lists.highestTrack(list), MostTracks);
+    EXPECT_EQ(lists.countTracks(list), MostTracks);
     EXPECT_TRUE(desktop.isHourglassOn());
     desktop.resetPointer();
     EXPECT_EQ(loads, 0);

@@ -3,6 +3,7 @@
 
 #include "samples/SampleMaker.h"
 #include "support/Files.h"
+#include "support/Limits.h"
 
 #include <QAbstractItemModelTester>
 #include <QMenu>
@@ -27,15 +28,15 @@ protected:
             click(header, u"cmdOK"_s);
         });
     }
-    /** A list of tracks with these numbers, songs of the sample maker where they are WAV files. */
-    qint64 addSounds(const QList<std::pair<qint64, QString>> &tracks)
+    /** A list of tracks of these names, songs of the sample maker where they are WAV files. */
+    qint64 addSounds(const QStringList &names)
     {
         const qint64 list = m_lists.addList(u"Sounds"_s, {});
-        for (const auto &[number, name] : tracks) {
+        for (const QString &name : names) {
             const QString path = name.isEmpty() ? QString() : m_store.path(name);
             if (name.endsWith(".wav"_L1))
                 samples::makeSong(path, {});
-            m_lists.addTrack(list, number, {.SongTitle = name, .ArtistName = u"Artist"_s, .FileName = path});
+            m_lists.addTrack(list, {.SongTitle = name, .ArtistName = u"Artist"_s, .FileName = path});
         }
         return list;
     }
@@ -133,6 +134,8 @@ TEST_F(PlayLists, AreMadeRenamedAndDeleted)
         EXPECT_TRUE(m_lists.ListID(kept).has_value());
     }
     const qint64 list = *m_lists.ListID(u"PlayList"_s);
+    m_state.PlayerPlayList = u"playlist"_s;
+    m_state.CurrentPlayTitle = u"PlayList PlayList"_s;
     choose(u"mnuEditPlayList");
     inScreen([](QWidget &header) {
         EXPECT_EQ(child<QLineEdit>(header, u"txtPlayListName"_s)->text(), u"PlayList"_s);
@@ -142,8 +145,10 @@ TEST_F(PlayLists, AreMadeRenamedAndDeleted)
     });
     EXPECT_EQ(m_lists.ListID(u"Later"_s), list);
     EXPECT_EQ(control<QComboBox>(u"cmbHeader").currentText(), u"Later"_s);
-    // The remembered name stays the old one.
-    EXPECT_EQ(m_state.CurrentPlayListName, u"PlayList"_s);
+    for (const QString &remembered : {m_state.CurrentPlayListName, m_state.PlayerPlayList})
+        EXPECT_EQ(remembered, u"Later"_s);
+    EXPECT_EQ(m_state.CurrentPlayTitle, u"PlayList Later"_s);
+    EXPECT_EQ(m_player.listsShown, 4);
     choose(u"mnuEditPlayList");
     m_desktop.willAnswer(Answer::Yes, u"Are you sure you want to delete this play list?"_s);
     inScreen([](QWidget &header) { click(header, u"cmdDelete"_s); });
@@ -181,70 +186,71 @@ TEST_F(PlayLists, OfOneNameAreToldApart)
     EXPECT_FALSE(m_lists.exists(other));
 }
 
-TEST_F(PlayLists, AreReorderedWhenTheFocusLeaves)
-{
-    open(u"Party"_s);
-    const QAbstractItemModelTester tester(lbDetail().model());
-    dragRow(0, 2);
-    EXPECT_EQ(rows().mid(0, 3), (QStringList{u"B <> Artist"_s, u"A <> Artist"_s, u"C <> Artist"_s}));
-    EXPECT_EQ(selected(), u"A <> Artist"_s);
-    dragRow(1, 5);
-    EXPECT_EQ(selected(), u"A <> Artist"_s);
-    dragRow(0, 3, true);
-    EXPECT_EQ(rows().at(0), u"B <> Artist"_s);
-    EXPECT_EQ(stored(m_party), u"A B C D E"_s);
-    leaveList();
-    EXPECT_EQ(stored(m_party), u"B C D E A"_s);
-    // The same road by keys; at the ends of the list there is nowhere to go.
-    clickRow(4);
-    key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);
-    key(&lbDetail(), Qt::Key_Up, Qt::AltModifier);
-    leaveList();
-    EXPECT_EQ(stored(m_party), u"B C D A E"_s);
-    EXPECT_EQ(selected(), u"A <> Artist"_s);
-    clickRow(0);
-    key(&lbDetail(), Qt::Key_Up, Qt::AltModifier);
-    key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);
-    key(&lbDetail(), Qt::Key_Delete);
-    // What was moved keeps its place before another command works on the list.
-    EXPECT_EQ(stored(m_party), u"C D A E"_s);
-    clickRow(0);
-    key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);
-    screen().close();
-    EXPECT_EQ(stored(m_party), u"D C A E"_s);
-    EXPECT_EQ(numbers(m_party), u"1 2 3 4"_s);
-}
-
-TEST_F(PlayLists, SeekNumbersThatWereJustWritten)
-{
-    open(u"Party"_s);
-    dragRow(2, 0);
-    leaveList();
-    // C A B D E is what shows; A, first in the old order, takes a number that was meant for B.
-    EXPECT_EQ(rows().at(1), u"A <> Artist"_s);
-    EXPECT_EQ(stored(m_party), u"C B A D E"_s);
-    EXPECT_EQ(numbers(m_party), u"1 2 3 4 5"_s);
-}
-
-TEST_F(PlayLists, AreNotReorderedPastASongWithoutAnArtist)
+TEST_F(PlayLists, KeepTheOrderOnTheScreen)
 {
     m_store.db().Execute(u"Update tblPlayListDetail Set ArtistName=\"\" Where SongTitle=\"D\""_s);
+    m_store.db().Execute(u"Update tblPlayListDetail Set ListTrackID=9 Where SongTitle=\"E\""_s);
     open(u"Party"_s);
-    dragRow(0, 3);
-    dragRow(4, 3);
-    m_desktop.willSee(u"Error number:5.  Invalid procedure call or argument"_s);
-    leaveList();
-    EXPECT_FALSE(isOpen());
-    // The rows above are renumbered.
-    EXPECT_EQ(numbers(m_party), u"1 2 3 4 4"_s);
+    const QAbstractItemModelTester tester(lbDetail().model());
+    const auto expect = [this](const QString &order) {
+        QApplication::processEvents();
+        QString shown;
+        for (const QString &row : rows())
+            shown += row.left(1);
+        EXPECT_EQ(shown, order);
+        EXPECT_EQ(stored(m_party).remove(u' '), order);
+        for (int i = 1; i <= order.size(); ++i)
+            EXPECT_EQ(numbers(m_party).split(u' ').at(i - 1).toInt(), i);
+    };
+    dragRow(0, 2);
+    expect(u"BACDE"_s);
+    dragRow(4, 1);
+    expect(u"BEACD"_s);
+    EXPECT_EQ(selected(), u"E <> Artist"_s);
+    dragRow(2, 0);
+    expect(u"ABECD"_s);
+    dragRow(1, 5);
+    expect(u"AECDB"_s);
+    dragRow(0, 3, true);
+    expect(u"AECDB"_s);
+    clickRow(4);
+    key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);
+    for (int i = 0; i < 5; ++i)
+        key(&lbDetail(), Qt::Key_Up, Qt::AltModifier);
+    expect(u"BAECD"_s);
+    key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);
+    key(&lbDetail(), Qt::Key_Delete); // before the move was stored
+    expect(u"AECD"_s);
+    EXPECT_EQ(selected(), u"E <> Artist"_s);
+    key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);
+    screen().close();
+    EXPECT_EQ(stored(m_party), u"A C E D"_s);
+}
 
-    const qint64 other = addList(u"Other"_s, 3);
-    open(u"Other"_s);
-    m_lists.deleteTrack(other, 2);
-    dragRow(1, 0);
-    m_desktop.willSee(u"In ReOrderTracksAfterDrag routine.  Match not found on Track Title: "_s);
-    leaveList();
-    EXPECT_TRUE(isOpen());
+TEST_F(PlayLists, KeepTheOldOrderWhereTheNewOneCannotBeStored)
+{
+    open(u"Party"_s);
+    m_store.db().Execute(
+        u"Delete From tblPlayListDetail Where SongTitle=\"B\""_s); // by the player, which is usable beside
+                                                                   // the screen
+    m_lists.addTrack(m_party, {.SongTitle = u"F"_s});
+    dragRow(4, 0);
+    m_desktop.willSee(u"Match not found on Track Title: B <> Artist"_s);
+    QApplication::processEvents();
+    EXPECT_EQ(stored(m_party), u"E A C D F"_s);
+    EXPECT_EQ(rows().mid(3), (QStringList{u"D <> Artist"_s, u"F"_s, {}}));
+    {
+        const FullDisk full(1);
+        dragRow(4, 0);
+        m_desktop.willSee(u"Error number:61.  "_s);
+        QApplication::processEvents();
+    }
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(stored(m_party), u"E A C D F"_s);
+    open(u"Party"_s);
+    dragRow(4, 0);
+    screen().close();
+    EXPECT_EQ(stored(m_party), u"F E A C D"_s);
 }
 
 TEST_F(PlayLists, LoseASongAndItsNumber)
@@ -276,6 +282,12 @@ TEST_F(PlayLists, LoseASongAndItsNumber)
     EXPECT_EQ(rows(), QStringList{QString()});
     EXPECT_FALSE(control<QAction>(u"mnuFilePopulate").isEnabled());
     key(&lbDetail(), Qt::Key_Delete);
+    // Filled again, all commands work at once.
+    m_desktop.willAnswer(Answer::Yes);
+    choose(u"mnuAddAllSongs");
+    EXPECT_TRUE(control<QAction>(u"mnuFilePopulate").isEnabled());
+    key(&lbDetail(), Qt::Key_Delete);
+    EXPECT_EQ(shown(u"lblNumSongs"), u"Number of songs: 3"_s);
 }
 
 TEST_F(PlayLists, TakeAllDisplayedSongs)
@@ -301,13 +313,13 @@ TEST_F(PlayLists, AreFullByEachOfTheirTests)
     QList<Track> tracks;
     for (int i = 0; i < MostRows + 1; ++i)
         tracks.append({.SongTitle = u"s"_s});
-    m_lists.addTracks(m_empty, 1, tracks.mid(0, MostTracks - 1));
+    m_lists.addTracks(m_empty, tracks.mid(0, MostTracks - 1));
     open(u"Empty"_s);
     EXPECT_EQ(rows().size(), MostTracks);
     choose(u"mnuEditAddSong");
     closeChild();
     scrollByDrag();
-    m_lists.addTracks(m_empty, MostTracks, tracks.mid(0, 1));
+    m_lists.addTrack(m_empty, tracks.first());
     pick(u"Party"_s);
     pick(u"Empty"_s);
     m_desktop.willSee(u"Play List has reached maximum size of 32,000 songs.  No more can be added."_s);
@@ -315,7 +327,7 @@ TEST_F(PlayLists, AreFullByEachOfTheirTests)
     // Adding all looks at the displayed songs alone; what is shown ends at 32,001.
     m_desktop.willAnswer(Answer::Yes, u"This will add every song"_s);
     choose(u"mnuAddAllSongs");
-    EXPECT_EQ(m_lists.highestTrack(m_empty), MostTracks + 4);
+    EXPECT_EQ(m_lists.countTracks(m_empty), MostTracks + 4);
     EXPECT_EQ(shown(u"lblNumSongs"), u"Number of songs: 32001"_s);
     m_store.db().Execute(u"Update tblPlayListDetail Set ContactRecordID=1"_s);
     m_displayed.Data1().setRecordSource(
@@ -348,8 +360,8 @@ TEST_F(PlayLists, TakeSongsByHand)
     EXPECT_EQ(stored(m_party), u"A B C D E The 'New' <> one"_s);
     EXPECT_EQ(m_store.column(u"select Notes from tblPlayListDetail Where ListTrackID=6"_s),
               QStringList{u"  *added manually, when song was not cataloged in database*"_s});
-    // It shows when the list is loaded the next time.
-    EXPECT_EQ(rows().size(), 6);
+    EXPECT_EQ(selected(), u"The 'New' <> one"_s);
+    EXPECT_EQ(shown(u"lblNumSongs"), u"Number of songs: 6"_s);
 
     const QString file = m_store.path(u"there.mp3"_s);
     writeFile(file);
@@ -366,20 +378,28 @@ TEST_F(PlayLists, TakeSongsByHand)
         fill(detail, u"Bee"_s, file);
     });
     EXPECT_EQ(stored(m_party), u"A Bee C D E The 'New' <> one"_s);
-    EXPECT_EQ(rows().at(1), u"Bee"_s);
+    EXPECT_EQ(rows().at(1), u"Bee <> Artist"_s);
     EXPECT_EQ(m_store.column(u"select FileName from tblPlayListDetail Where ListTrackID=2"_s),
               QStringList{file});
-    // With a gap in the numbers another song's texts show, or none; what is written is the selected one.
-    m_lists.deleteTrack(m_party, 1);
+    // With a gap in the numbers, in a list that an older program left.
+    m_store.db().Execute(u"Delete From tblPlayListDetail Where SongTitle=\"A\""_s);
     pick(u"Empty"_s);
     pick(u"Party"_s);
-    clickRow(0);
+    clickRow(1);
     choose(u"mnuEditEditSong");
     inScreen([&](QWidget &detail) {
-        EXPECT_EQ(child<QLineEdit>(detail, u"txtSongName"_s)->text(), QString());
-        fill(detail, u"Two"_s, file);
+        EXPECT_EQ(child<QLineEdit>(detail, u"txtSongName"_s)->text(), u"C"_s);
+        fill(detail, u"Three"_s, file);
     });
-    EXPECT_EQ(stored(m_party), u"Two C D E The 'New' <> one"_s);
+    EXPECT_EQ(stored(m_party), u"Bee Three D E The 'New' <> one"_s);
+    choose(u"mnuEditEditSong");
+    inScreen([&](QWidget &detail) {
+        m_lists.deleteTrack(m_party, m_lists.shownTracks(m_party, 2).last().key);
+        m_desktop.willSee(u"This song has been removed from the Play List, so nothing was changed."_s);
+        fill(detail, u"Four"_s, file);
+        detail.close();
+    });
+    EXPECT_EQ(numbers(m_party), u"1 2 3 4"_s);
 }
 
 TEST_F(PlayLists, ArePlayed)
@@ -409,7 +429,7 @@ TEST_F(PlayLists, ArePlayed)
 
 TEST_F(PlayLists, PlayOneSongAfterTheOther)
 {
-    addSounds({{1, u"a.wav"_s}, {2, u"b.wav"_s}, {3, u"c.wav"_s}});
+    addSounds({u"a.wav"_s, u"b.wav"_s, u"c.wav"_s});
     open(u"Sounds"_s);
     EXPECT_EQ(heardFrom(0), (QStringList{u"a.wav <> Artist"_s, u"b.wav <> Artist"_s, u"c.wav <> Artist"_s}));
     EXPECT_EQ(selected(), u"c.wav <> Artist"_s);
@@ -417,22 +437,25 @@ TEST_F(PlayLists, PlayOneSongAfterTheOther)
     EXPECT_EQ(heardFrom(3), QStringList()) << "the blank row was chosen";
 }
 
-TEST_F(PlayLists, PlayUpToAGapOrUntilTheWindowIsClosed)
+TEST_F(PlayLists, PlayPastALostSongOrUntilTheWindowIsClosed)
 {
-    const qint64 list = addSounds({{1, u"a.wav"_s}, {3, u"b.wav"_s}, {4, u"gone.mp3"_s}, {5, {}}});
+    const qint64 list = addSounds({u"a.wav"_s, u"lost.wav"_s, u"b.wav"_s, u"gone.mp3"_s, {}});
     open(u"Sounds"_s);
-    EXPECT_EQ(heardFrom(0), QStringList{u"a.wav <> Artist"_s});
-    m_lists.RenumberTracks(list);
-    clickRow(2);
+    m_lists.deleteFile(list, m_store.path(u"lost.wav"_s));
+    clickRow(0);
     for (int run = 0; run < 2; ++run) {
+        m_heard.clear();
         press(u"cmdPlay1");
-        EXPECT_TRUE(QTest::qWaitFor([this] { return playWindow() && note().contains(u"gone.mp3"_s); }))
+        EXPECT_TRUE(
+            QTest::qWaitFor([this] { return playWindow() && note().contains(u"gone.mp3"_s); }, 20'000))
             << run;
+        EXPECT_EQ(m_heard,
+                  run == 0 ? (QStringList{u"a.wav <> Artist"_s, u"b.wav <> Artist"_s}) : QStringList());
         key(playWindow(), Qt::Key_Escape);
         EXPECT_TRUE(QTest::qWaitFor([this] { return playWindow() == nullptr; }));
     }
     EXPECT_EQ(selected(), u"gone.mp3 <> Artist"_s);
-    clickRow(3);
+    clickRow(4);
     press(u"cmdPlay1");
     EXPECT_EQ(note(), u"This song has no music file."_s);
     playWindow()->close();

@@ -12,7 +12,7 @@ struct PlayerState
     bool PlayerOpen = false;
     /** Full path of the music file, or of the list file, that the player was told last. Empty without one. */
     QString CurrentPlayUrl;
-    /** The file's name, or the title of the songs played: "PlayList " and its name for a play list. */
+    /** The file's name, or the title of the songs played: titleOfPlayList() for a play list. */
     QString CurrentPlayTitle;
     /** Set by a play command before it closes an open player: that closing ends no program. */
     bool RestartingPlayer = false;
@@ -30,6 +30,13 @@ struct PlayerState
     int PlayerTop = 0;
     /** True while the play lists screen is open to add the song of the grid's current row. */
     bool AddingFromGrid = false;
+
+    /** A play list got another name: whatever remembers the old one follows. */
+    void renamePlayList(const QString &before, const QString &name);
 };
+
+/** The title of the songs of a play list, and the caption of a player that plays them. */
+[[nodiscard]] QString titleOfPlayList(const QString &name);
+[[nodiscard]] QString captionOfPlayList(const QString &name);
 
 } // namespace quaverly
