@@ -5,12 +5,12 @@
 
 #include "catalogue/CatalogueSchema.h"
 #include "catalogue/Options.h"
+#include "lists/PlayerState.h"
 #include "platform/media/Media.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/shell/Shell.h"
 #include "player/PlayCommands.h"
 #include "player/PlayForms.h"
-#include "player/PlayerState.h"
 #include "samples/Silence.h"
 #include "songlist/DataControl.h"
 

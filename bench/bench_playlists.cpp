@@ -6,11 +6,11 @@
 #include "catalogue/CatalogueSchema.h"
 #include "catalogue/Options.h"
 #include "catalogue/SettingsRows.h"
+#include "lists/PlayerState.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/store/Collation.h"
 #include "platform/store/SqlFunctions.h"
 #include "player/Player.h"
-#include "player/PlayerState.h"
 #include "playlists/frmPlayList.h"
 #include "songlist/DisplayedSet.h"
 

@@ -4,7 +4,7 @@
 #include "catalogue/Catalogue.h"
 #include "desktop/Guard.h"
 #include "editor/EditorState.h"
-#include "player/PlayerState.h"
+#include "lists/PlayerState.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
 

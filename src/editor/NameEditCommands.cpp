@@ -7,7 +7,7 @@
 #include "desktop/MusicFolder.h"
 #include "editor/EditorState.h"
 #include "editor/LeaveGate.h"
-#include "player/PlayerState.h"
+#include "lists/PlayerState.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/ListCommands.h"
 #include "ui_NameEdit.h"

@@ -8,7 +8,7 @@
 #include "intake/IntakeState.h"
 #include "intake/MusicLoader.h"
 #include "intake/Quietly.h"
-#include "player/PlayerState.h"
+#include "lists/PlayerState.h"
 #include "songlist/MainScreen.h"
 
 #include <utility>

@@ -7,10 +7,10 @@
 #include "catalogue/ShutDown.h"
 #include "editor/EditorState.h"
 #include "intake/IntakeState.h"
+#include "lists/PlayerState.h"
 #include "platform/media/Media.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/shell/Shell.h"
-#include "player/PlayerState.h"
 #include "songlist/DisplayedSet.h"
 
 namespace quaverly {

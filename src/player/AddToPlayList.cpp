@@ -2,8 +2,8 @@
 #include "player/AddToPlayList.h"
 
 #include "desktop/Desktop.h"
+#include "lists/PlayerState.h"
 #include "platform/text/Text.h"
-#include "player/PlayerState.h"
 #include "player/SongQueue.h"
 
 using namespace Qt::StringLiterals;

@@ -3,9 +3,9 @@
 
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
+#include "lists/PlayerState.h"
 #include "platform/media/Media.h"
 #include "player/FileNotFound.h"
-#include "player/PlayerState.h"
 #include "ui_PlayForm.h"
 
 using namespace Qt::StringLiterals;

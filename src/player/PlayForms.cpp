@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/PlayForms.h"
 
-#include "player/PlayerState.h"
+#include "lists/PlayerState.h"
 
 namespace quaverly {
 

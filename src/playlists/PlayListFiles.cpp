@@ -5,9 +5,9 @@
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
 #include "desktop/MusicFolder.h"
+#include "lists/PlayListSql.h"
 #include "platform/shell/FileCopy.h"
 #include "platform/text/Text.h"
-#include "player/PlayListSql.h"
 #include "player/TemporaryList.h"
 #include "playlists/FilePrefix.h"
 #include "songlist/DisplayedSet.h"
@@ -97,8 +97,12 @@ void PlayListFiles::makePlayListFile()
          fileNameOfList(list.ListName)});
     if (!chosen)
         return;
+    m_parts.LastPlayListFolder = folderOf(*chosen);
     const QString path =
         chosen->right(Extension.size()).toLower() == Extension ? *chosen : *chosen + Extension;
+    // The dialog has asked about the name that was typed, if it was there.
+    if (path != *chosen && FileExists(path) && !mayReplace(path))
+        return;
     const QStringList files = fileNames(playlistsql::fileNames(list.ListID));
     if (files.isEmpty()) {
         m_parts.desktop.MessageBox(u"No music files were associated with any of the songs in this Play List, "
@@ -110,6 +114,13 @@ void PlayListFiles::makePlayListFile()
                                                        FilePrefix::thisMachine(), false);
     if (isGreaterThanBlank(answer.trimmed()))
         writePlayListFile(path, files, answer);
+}
+
+bool PlayListFiles::mayReplace(const QString &path)
+{
+    return m_parts.desktop.MessageBox(u'"' + path + u"\" already exists.\r\nDo you want to replace it?"_s,
+                                      u"Save Play List as"_s, Icon::Exclamation, Buttons::YesNo,
+                                      Answer::No) == Answer::Yes;
 }
 
 QStringList PlayListFiles::fileNames(const QString &sql) const

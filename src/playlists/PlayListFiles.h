@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "player/PlayListStore.h"
+#include "lists/PlayListStore.h"
 
 #include <QString>
 #include <QStringList>
@@ -58,6 +58,7 @@ private:
     };
 
     void makePlayListFile();
+    [[nodiscard]] bool mayReplace(const QString &path);
     void writePlayListFile(const QString &path, const QStringList &files, const QString &answer);
     void copyMusic();
     [[nodiscard]] QString startFolder(const QString &lastFolder) const;

@@ -3,8 +3,8 @@
 
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
+#include "lists/PlayerState.h"
 #include "player/Player.h"
-#include "player/PlayerState.h"
 #include "player/TemporaryList.h"
 
 using namespace Qt::StringLiterals;

@@ -5,8 +5,8 @@
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
 #include "intake/ScanReport.h"
+#include "lists/PlayerState.h"
 #include "platform/text/Text.h"
-#include "player/PlayerState.h"
 #include "playlists/ChartLine.h"
 
 #include <QStringDecoder>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlists/TrackRows.h"
 
-#include "player/PlayListStore.h"
+#include "lists/PlayListStore.h"
 #include "player/SongQueue.h"
 
 namespace quaverly {

@@ -3,9 +3,9 @@
 
 #include "desktop/Desktop.h"
 #include "desktop/Guard.h"
+#include "lists/PlayerState.h"
 #include "platform/text/Text.h"
 #include "player/Player.h"
-#include "player/PlayerState.h"
 #include "playlists/PlayListHeaders.h"
 #include "playlists/PlayListHelp.h"
 #include "playlists/PlayPlayList.h"

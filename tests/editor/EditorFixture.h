@@ -5,7 +5,7 @@
 #include "editor/EditCommands.h"
 #include "editor/EditorState.h"
 #include "editor/NameEdit.h"
-#include "player/PlayerState.h"
+#include "lists/PlayerState.h"
 #include "support/Files.h"
 #include "support/ScriptedDesktop.h"
 #include "support/UserActs.h"

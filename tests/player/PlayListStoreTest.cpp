@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "player/PlayListStore.h"
+#include "lists/PlayListStore.h"
 
+#include "lists/PlayerState.h"
 #include "player/AddToPlayList.h"
-#include "player/PlayerState.h"
 #include "support/ScriptedDesktop.h"
 #include "support/store/StoreFixture.h"
 

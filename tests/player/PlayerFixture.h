@@ -2,13 +2,13 @@
 #pragma once
 
 #include "catalogue/Options.h"
+#include "lists/PlayerState.h"
 #include "platform/media/Engine.h"
 #include "platform/media/Media.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/shell/Shell.h"
 #include "player/PlayCommands.h"
 #include "player/PlayForms.h"
-#include "player/PlayerState.h"
 #include "songlist/DataControl.h"
 #include "support/ScriptedDesktop.h"
 #include "support/store/StoreFixture.h"

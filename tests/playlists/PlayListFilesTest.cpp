@@ -88,6 +88,9 @@ TEST_F(ThePlayListFiles, AreNotWrittenWithoutAnAnswerOrAFile)
     track(u"a.mp3"_s);
     m_desktop.willSave(std::nullopt);
     choose(u"mnuFileMakePlayListFile");
+    m_desktop.willSave(m_store.path(u"party"_s)).willAnswer(Answer::No, u"already exists."_s);
+    choose(u"mnuFileMakePlayListFile");
+    EXPECT_EQ(m_desktop.calls().last().defaultAnswer, Answer::No);
     m_desktop.willSave(path).willType({});
     choose(u"mnuFileMakePlayListFile");
     EXPECT_EQ(bytesOf(path), "old");

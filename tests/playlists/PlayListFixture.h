@@ -2,10 +2,10 @@
 #pragma once
 
 #include "catalogue/Options.h"
+#include "lists/PlayerState.h"
 #include "platform/media/Media.h"
 #include "platform/options/OptionsStore.h"
 #include "player/Player.h"
-#include "player/PlayerState.h"
 #include "playlists/PlayListScreens.h"
 #include "playlists/TrackListView.h"
 #include "playlists/frmPlay.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlists/PopulateFromText.h"
 
-#include "player/PlayerState.h"
+#include "lists/PlayerState.h"
 #include "playlists/ChartLine.h"
 #include "support/Files.h"
 #include "support/ScriptedDesktop.h"

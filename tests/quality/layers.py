@@ -12,6 +12,7 @@ FLOORS = [
     ["desktop"],
     ["catalogue"],
     ["songlist"],
+    ["lists"],
     ["intake", "pictures", "notes", "player"],
     ["playlists", "categories", "reports"],
     ["editor", "maintenance"],

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "player/PlayListStore.h"
+#include "lists/PlayListStore.h"
 
 #include "desktop/FileHelpers.h"
+#include "lists/PlayListSql.h"
 #include "platform/text/Text.h"
-#include "player/PlayListSql.h"
 #include "songlist/ListTexts.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "player/PlayListSql.h"
+#include "lists/PlayListSql.h"
 
 #include "songlist/ListTexts.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "player/PlayerState.h"
+#include "lists/PlayerState.h"
 
 using namespace Qt::StringLiterals;
 
