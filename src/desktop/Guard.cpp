@@ -10,7 +10,10 @@ namespace quaverly {
 namespace {
 
 constexpr int OutOfMemory = 7;
+/** No number of an error: the user knows. */
+constexpr int Told = -1;
 
+/** What @p work threw; nothing to say of what was told already. */
 std::optional<dao::DaoError> errorOf(const std::function<void()> &work)
 {
     try {
@@ -18,6 +21,8 @@ std::optional<dao::DaoError> errorOf(const std::function<void()> &work)
         return std::nullopt;
     } catch (const dao::DaoError &error) {
         return error;
+    } catch (const AlreadyTold &) {
+        return dao::DaoError(Told, {});
     } catch (const std::bad_alloc &) {
         return dao::DaoError(OutOfMemory, u"Out of memory"_s);
     } catch (const std::exception &error) {
@@ -30,6 +35,8 @@ std::optional<dao::DaoError> errorOf(const std::function<void()> &work)
 void show(Desktop &desktop, const QString &title, const dao::DaoError &error, const ErrorBox &box)
 {
     desktop.resetPointer();
+    if (error.number == Told)
+        return;
     desktop.MessageBox(box.text ? box.text(error) : error.description, title, box.icon);
 }
 

@@ -15,6 +15,10 @@ struct ErrorBox
     Icon icon = Icon::Stop;
 };
 
+/** Thrown by what has told the user already why the command can't go on: the handler ends without a box. */
+struct AlreadyTold
+{};
+
 /** The error's sentence, @p between, and its number. */
 [[nodiscard]] ErrorBox withErrorNumber(const QString &between = QStringLiteral(".  Error number: "));
 

@@ -28,6 +28,7 @@ void EditCommands::edit()
     m_parts.mainScreen.clearGridMarkArmed();
     if (m_open)
         return;
+    m_parts.set.Data1().finishTyping();
     if (!m_parts.set.Data1().hasRows()) {
         tellNoRecords();
         return;
@@ -61,6 +62,7 @@ void EditCommands::cmdAdd_Click()
                                        u"Add not allowed"_s);
             return;
         }
+        m_parts.set.Data1().finishTyping();
         const Hourglass hourglass(m_parts.desktop);
         m_parts.state.EditMode = false;
         m_parts.showNameEdit([this] { closed(); });

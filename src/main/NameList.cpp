@@ -230,6 +230,11 @@ void NameList::closeEvent(QCloseEvent *event)
         QTimer::singleShot(CloseAgainMilliseconds, this, &QWidget::close);
         return;
     }
+    // What closes the screen from within has its reasons: only the user is held up by a refused text.
+    if (!m_ui->Table1->finishEditing() && event->spontaneous()) {
+        event->ignore();
+        return;
+    }
     event->accept();
     if (m_unloadedAlready)
         return;

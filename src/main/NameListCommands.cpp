@@ -48,7 +48,10 @@ void NameList::wireButtons()
     leadsTo(m_ui->cmdHelp, m_ui->HelpSystem);
     leadsTo(m_ui->cmdExit, m_ui->FileExit);
     connect(m_ui->cmdDelete, &QToolButton::clicked, m_ui->mnuPopupDelete, &QAction::trigger);
-    connect(m_ui->FileExit, &QAction::triggered, this, &QWidget::close);
+    connect(m_ui->FileExit, &QAction::triggered, this, [this] {
+        if (m_ui->Table1->finishEditing())
+            close();
+    });
 }
 
 void NameList::wireListCommands()
@@ -218,12 +221,14 @@ void NameList::DisplayRecCntMenu_Click()
 void NameList::cmdDelete_Click()
 {
     clearGridMarkArmed();
-    m_listCommands.cmdDelete_Click([this] { m_ui->Table1->finishEditing(); });
+    m_listCommands.cmdDelete_Click();
     m_ui->txtLocate->setFocus();
 }
 
 void NameList::GridEditMenu_Click()
 {
+    if (!m_ui->Table1->finishEditing())
+        return;
     // The caption is the state.
     const bool allow = m_ui->GridEditMenu->text() == "Allow &Grid Editing"_L1;
     m_ui->Table1->setAllowUpdate(allow);
@@ -293,6 +298,9 @@ void NameList::txtLocate_Click()
 void NameList::lblAlphabet_Click(int index)
 {
     m_ui->txtLocate->setFocus();
+    // A cell whose text was refused has kept the focus.
+    if (focusWidget() != m_ui->txtLocate)
+        return;
     const char16_t character = LetterBar::characterOf(index);
     SendKeysInput(character == u'\b' ? u"{BS}"_s : QString(QChar(character)));
 }

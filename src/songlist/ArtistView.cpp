@@ -12,6 +12,7 @@ namespace quaverly {
 
 void DisplayedSet::showArtistSongs()
 {
+    m_data.finishTyping();
     if (m_screen->cmdShowArtistSongs() == QString::fromUtf16(captions::ReturnFromArtist))
         leaveArtistView();
     else if (currentRow())

@@ -34,8 +34,20 @@ bool DataControl::hasRows() const
     return m_recordset && !m_recordset->isEmpty();
 }
 
+void DataControl::finishTyping()
+{
+    for (DataListener *listener : std::vector(m_listeners))
+        listener->finishTyping();
+}
+
 void DataControl::Refresh()
 {
+    try {
+        finishTyping();
+    } catch (...) {
+        m_recordSource = m_openedSource;
+        throw;
+    }
     m_openWhenAsked = false;
     if (m_recordset && m_openedOnce == sameStatement(m_recordSource)) {
         m_openedSource = m_recordSource;

@@ -16,6 +16,8 @@ class DataListener
 {
 public:
     virtual ~DataListener() = default;
+    /** Other rows are to come: what is being typed goes into its song now. Throws when it is refused. */
+    virtual void finishTyping() {}
     /** Other rows, or another order; or none at all, when the control was closed. */
     virtual void setRebuilt() = 0;
     /** Another row is the current one, or its values changed. */
@@ -34,9 +36,11 @@ public:
     /** Takes effect at Refresh. */
     void setRecordSource(const QString &sql) { m_recordSource = sql; }
 
+    /** Writes what is being typed into the list. Throws when it is refused, and the user was told. */
+    void finishTyping();
     /**
-     * Opens RecordSource anew; the first row becomes the current one. When the store refuses it, the
-     * rows shown so far stay and RecordSource is their text again. @throws dao::DaoError.
+     * Opens RecordSource anew, behind finishTyping(); the first row becomes the current one. When the store
+     * refuses it, the rows shown so far stay and RecordSource is their text again. @throws dao::DaoError.
      */
     void Refresh();
     /** Takes the statement without opening it until somebody asks for its rows: a list that another one

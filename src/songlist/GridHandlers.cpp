@@ -2,6 +2,7 @@
 #include "songlist/GridHandlers.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/SongFields.h"
 #include "desktop/Guard.h"
 #include "desktop/KeySender.h"
 #include "songlist/CellEdit.h"
@@ -23,6 +24,19 @@ bool isCellKey(int key)
 {
     return key == Qt::Key_Delete || key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_Left ||
            key == Qt::Key_Insert;
+}
+
+QString headingOf(const QString &field)
+{
+    const SongField *known = songField(field);
+    return known != nullptr ? QString(known->heading) : field;
+}
+
+QString refusal(const dao::DaoError &error)
+{
+    if (error.number == dao::DuplicateKey)
+        return u"Another song has this value already."_s;
+    return error.number == dao::FieldTooSmall ? u"This text is too long."_s : error.description;
 }
 
 } // namespace
@@ -115,10 +129,22 @@ bool GridHandlers::forwardToLocate(const QKeyEvent &event)
     return true;
 }
 
-void GridHandlers::Table1_CellTyped(const QString &field, const QString &text)
+void GridHandlers::Table1_CellTyped(int row, const QString &field, const QString &text)
 {
-    static_cast<void>(guarded(m_desktop, QString::fromUtf16(ProductName),
-                              [&] { writeCell(m_set.Data1(), field, text, QDateTime::currentDateTime()); }));
+    const auto write = [&] {
+        DataControl &data = m_set.Data1();
+        // Another command may have moved the current row already.
+        std::optional<KeepRow> keep;
+        if (data.Recordset().AbsolutePosition() != row) {
+            keep.emplace(data);
+            data.Recordset().setAbsolutePosition(row);
+        }
+        writeCell(data, field, text, QDateTime::currentDateTime());
+    };
+    const ErrorBox box{
+        [&](const dao::DaoError &error) { return headingOf(field) + u": "_s + refusal(error); }};
+    if (!guarded(m_desktop, QString::fromUtf16(ProductName), write, box))
+        m_grid.refuseTyped();
 }
 
 } // namespace quaverly

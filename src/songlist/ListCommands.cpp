@@ -68,11 +68,11 @@ bool mayDeleteRecord(Desktop &desktop, const QString &song)
                               u"Confirmation"_s, Icon::Question, Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
-void ListCommands::cmdDelete_Click(const std::function<void()> &finishEditing)
+void ListCommands::cmdDelete_Click()
 {
+    m_set.Data1().finishTyping();
     if (!deleteConfirmed())
         return;
-    finishEditing();
     deleteCurrent();
     m_screen.set_txtName(u"Record Deleted!"_s);
     if (!m_set.Data1().hasRows()) {

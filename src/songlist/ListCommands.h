@@ -3,8 +3,6 @@
 
 #include <QString>
 
-#include <functional>
-
 namespace quaverly {
 
 class Desktop;
@@ -22,8 +20,7 @@ public:
 
     void FindEditMenu_Click();
     void DisplayRecCntMenu_Click();
-    /** @p finishEditing writes a cell that is still being typed into. */
-    void cmdDelete_Click(const std::function<void()> &finishEditing);
+    void cmdDelete_Click();
 
 private:
     [[nodiscard]] bool deleteConfirmed();

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -76,6 +77,7 @@ void SongGrid::setData(DataControl &control)
 {
     m_data = &control;
     m_model = new SongGridModel(control, this);
+    m_model->setFinishTyping([this] { return finishEditing(); });
     setModel(m_model);
     connect(m_model, &QAbstractItemModel::modelReset, this, &SongGrid::model_Reset);
     connect(m_model, &SongGridModel::currentRowChanged, this, &SongGrid::model_CurrentRowChanged);
@@ -135,13 +137,53 @@ bool SongGrid::AllowUpdate() const
     return m_model->isEditable();
 }
 
-void SongGrid::finishEditing()
+bool SongGrid::finishEditing()
 {
     QWidget *editor = CellEditing() ? indexWidget(currentIndex()) : nullptr;
-    if (editor == nullptr)
-        return;
+    if (editor == nullptr || m_committing)
+        return true;
     commitData(editor);
     closeEditor(editor, QAbstractItemDelegate::NoHint);
+    return !m_refused;
+}
+
+void SongGrid::refuseTyped()
+{
+    m_refused = typedText();
+}
+
+QString SongGrid::typedText() const
+{
+    const auto *line = qobject_cast<const QLineEdit *>(indexWidget(currentIndex()));
+    return line != nullptr ? line->text() : QString();
+}
+
+// The box about a refusal takes the focus, and the cell would be committed and closed behind it.
+void SongGrid::commitData(QWidget *editor)
+{
+    if (m_committing)
+        return;
+    const QScopedValueRollback committing(m_committing, true);
+    m_refused.reset();
+    QTableView::commitData(editor);
+}
+
+void SongGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    if (m_committing)
+        return;
+    if (m_refused && hint != QAbstractItemDelegate::RevertModelCache) {
+        editor->setFocus();
+        return;
+    }
+    m_refused.reset();
+    QTableView::closeEditor(editor, hint);
+}
+
+/** What is typed was refused before, when the cell lost the focus to the same act, or is so now. */
+bool SongGrid::holdsRefusedText()
+{
+    return CellEditing() && (m_refused == typedText() || !finishEditing());
 }
 
 double SongGrid::columnTwips(int column) const
@@ -220,6 +262,8 @@ void SongGrid::currentChanged(const QModelIndex &current, const QModelIndex &pre
 
 void SongGrid::mousePressEvent(QMouseEvent *event)
 {
+    if (holdsRefusedText())
+        return;
     const bool right = event->button() == Qt::RightButton;
     m_heldLastCol.reset();
     {
@@ -253,6 +297,9 @@ void SongGrid::contextMenuEvent(QContextMenuEvent *event)
 
 void SongGrid::keyPressEvent(QKeyEvent *event)
 {
+    static constexpr Qt::Key toOtherRows[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
+    if (std::ranges::count(toOtherRows, event->key()) > 0 && CellEditing() && !finishEditing())
+        return;
     event->ignore();
     Q_EMIT KeyDown(event);
     if (!event->isAccepted())

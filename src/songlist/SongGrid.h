@@ -45,8 +45,10 @@ public:
     [[nodiscard]] bool AllowUpdate() const;
     /** True while a cell is being typed into. */
     [[nodiscard]] bool CellEditing() const { return state() == EditingState; }
-    /** Writes what is typed so far into the cell, and ends the typing. */
-    void finishEditing();
+    /** Writes what is typed so far and ends the typing; false when the text was refused and stays open. */
+    bool finishEditing();
+    /** For who writes the cells: the text that is being committed can't be stored. */
+    void refuseTyped();
 
     /** Width in twips, as the column file and its readers count. */
     [[nodiscard]] double columnTwips(int column) const;
@@ -80,8 +82,12 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void changeEvent(QEvent *event) override;
+    void commitData(QWidget *editor) override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
+    [[nodiscard]] QString typedText() const;
+    [[nodiscard]] bool holdsRefusedText();
     void followRecordset();
     void model_Reset();
     void model_CurrentRowChanged();
@@ -101,6 +107,9 @@ private:
     int m_lastCol = -1;
     std::optional<int> m_heldLastCol;
     bool m_tinting = false;
+    bool m_committing = false;
+    /** What stands in the open cell and could not be stored. */
+    std::optional<QString> m_refused;
 };
 
 } // namespace quaverly

@@ -2,6 +2,7 @@
 #include "songlist/SongGridModel.h"
 
 #include "catalogue/SongFields.h"
+#include "desktop/Guard.h"
 #include "platform/text/Text.h"
 
 #include <limits>
@@ -117,12 +118,14 @@ QVariant SongGridModel::headerData(int section, Qt::Orientation orientation, int
 
 void SongGridModel::setColumn(int index, const GridColumn &column)
 {
+    finishTyping();
     m_columns[static_cast<std::size_t>(index)] = column;
     columnsExchanged(index, index);
 }
 
 void SongGridModel::moveColumn(int from, int to)
 {
+    finishTyping();
     const GridColumn moving = column(from);
     m_columns.erase(m_columns.begin() + from);
     m_columns.insert(m_columns.begin() + to, moving);
@@ -148,8 +151,14 @@ bool SongGridModel::setData(const QModelIndex &index, const QVariant &value, int
 {
     if (role != Qt::EditRole || !index.isValid() || value.toString() == data(index, Qt::EditRole).toString())
         return false;
-    Q_EMIT cellTyped(column(index.column()).dataField, value.toString());
+    Q_EMIT cellTyped(index.row(), column(index.column()).dataField, value.toString());
     return true;
+}
+
+void SongGridModel::finishTyping()
+{
+    if (m_finishTyping && !m_finishTyping())
+        throw AlreadyTold();
 }
 
 void SongGridModel::setRebuilt()

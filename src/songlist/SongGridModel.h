@@ -6,6 +6,7 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
 #include <vector>
 
 namespace quaverly {
@@ -47,16 +48,20 @@ public:
     /** Lets cells be typed into, all but the marks. */
     void setEditable(bool editable) { m_editable = editable; }
     [[nodiscard]] bool isEditable() const { return m_editable; }
+    /** @p finish writes the cell that is being typed into; false when its text is refused, and that was told.
+     */
+    void setFinishTyping(std::function<bool()> finish) { m_finishTyping = std::move(finish); }
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
-    /** Emits cellTyped for a cell of the current row; the cell shows what the store holds in the end. */
+    /** Emits cellTyped; the cell shows what the store holds in the end. */
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
 Q_SIGNALS:
     /** The current row of the displayed set moved, or its values changed. */
     void currentRowChanged();
-    void cellTyped(const QString &field, const QString &text);
+    void cellTyped(int row, const QString &field, const QString &text);
 
 private:
+    void finishTyping() override;
     void setRebuilt() override;
     void rowChanged() override;
     [[nodiscard]] QVariant value(int row, int column) const;
@@ -65,6 +70,7 @@ private:
     void columnsExchanged(int first, int last);
     std::vector<GridColumn> m_columns;
     bool m_editable = false;
+    std::function<bool()> m_finishTyping;
     /** Place of each column's field in the recordset of the moment. */
     mutable std::vector<int> m_places;
 };

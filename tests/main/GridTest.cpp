@@ -235,8 +235,8 @@ TEST_F(GridTest, CellsCanBeTypedIntoOnceThatIsAllowed)
     EXPECT_TRUE(description().contains(u"Queen"_s));
 
     // No date, and longer than the field.
-    const std::tuple<int, QString, QString> refused[] = {{17, u"x"_s, u"\"x\" is not a date."_s},
-                                                         {15, QString(11, u'9'), {}}};
+    const std::tuple<int, QString, QString> refused[] = {
+        {17, u"x"_s, u"Purchase Date: \"x\" is not a date."_s}, {15, QString(11, u'9'), u"ID: "_s}};
     for (const auto &[column, text, said] : refused) {
         grid().setCurrentIndex(grid().model()->index(1, column));
         typeKeys(text.first(1));
@@ -244,6 +244,12 @@ TEST_F(GridTest, CellsCanBeTypedIntoOnceThatIsAllowed)
         m_desktop.willSee(said);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         settle();
+        ASSERT_TRUE(grid().CellEditing()) << "the text stays";
+        m_desktop.willSee(said);
+        click(screen(), u"cmdShowAll"_s);
+        EXPECT_EQ(dynamic_cast<QLineEdit &>(*grid().indexWidget(grid().currentIndex())).text(), text);
+        key(QApplication::focusWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(grid().CellEditing());
         EXPECT_EQ(cell(1, column), QString());
     }
 
@@ -255,6 +261,39 @@ TEST_F(GridTest, CellsCanBeTypedIntoOnceThatIsAllowed)
     EXPECT_EQ(valueOf(u"Select Artist From tblContacts Where SongName = 'Song 01'"_s), u"Queen \"2\""_s);
     EXPECT_EQ(valueOf(u"Select DateUpdated From tblContacts Where SongName = 'Song 01'"_s).toDate(),
               QDate::currentDate());
+}
+
+TEST_F(GridTest, WhateverRebuildsTheListWritesTheOpenCellFirst)
+{
+    addSongs(6);
+    start();
+    chooseMenu(screen(), u"GridEditMenu"_s);
+    int n = 0;
+    const auto typeInto = [&](int column) {
+        clickCell(1, column);
+        typeKeys(u"T"_s);
+        typeKeys(QString::number(++n));
+        ASSERT_TRUE(grid().CellEditing());
+    };
+    // The column that is typed into moves with the artist's sort.
+    for (const auto &button :
+         {u"cmdShowAll"_s, u"cmdSortArtist"_s, u"cmdSortSong"_s, u"cmdShowArtistSongs"_s}) {
+        typeInto(4);
+        click(screen(), button);
+        EXPECT_FALSE(grid().CellEditing());
+        EXPECT_TRUE(column(4).contains(u"T%1"_s.arg(n))) << button.toStdString();
+    }
+    typeInto(1);
+    click(screen(), u"cmdShowArtistSongs"_s);
+    EXPECT_TRUE(column(2).contains(u"T5"_s)) << "the artist's own column has moved";
+    typeInto(4);
+    key(grid().indexWidget(grid().currentIndex()), Qt::Key_Down);
+    EXPECT_EQ(cell(1, 4), u"T6"_s);
+    typeInto(4);
+    click(screen(), u"cmdExit"_s);
+    EXPECT_EQ(m_quits, 1);
+    close();
+    EXPECT_EQ(valueOf(u"Select Count(*) As n From tblContacts Where AlbumName = 'T7'"_s).toInt(), 1);
 }
 
 TEST_F(GridTest, KeysThatTheListDoesNotObey)
