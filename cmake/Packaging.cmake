@@ -30,6 +30,8 @@ endfunction()
 compressed(${staging}/quaverly.1 quaverly.1.gz)
 compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog.gz)
 add_custom_target(packaging ALL DEPENDS ${staging}/quaverly.1.gz ${staging}/changelog.gz)
+# All that is installed, without tests, samples and benchmarks.
+add_custom_target(installed DEPENDS quaverly quaverly-media empty_catalogue packaging)
 
 install(FILES ${staging}/quaverly.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES packaging/quaverly.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
@@ -40,6 +42,19 @@ install(FILES ${staging}/org.quaverly.Quaverly.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(DIRECTORY docs/site DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quaverly)
 install(FILES packaging/copyright ${staging}/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quaverly)
+
+# Menus and file managers read indexes. A package's own are made anew by the system when it is unpacked.
+install(CODE [[
+  if("$ENV{DESTDIR}" STREQUAL "" AND NOT CMAKE_INSTALL_PREFIX MATCHES "/_CPack_Packages/")
+    foreach(index "update-mime-database;mime" "update-desktop-database;applications")
+      list(POP_BACK index folder)
+      execute_process(COMMAND ${index} "${CMAKE_INSTALL_PREFIX}/share/${folder}" RESULT_VARIABLE failure)
+      if(failure)
+        message(STATUS "Not run: ${index} (${failure})")
+      endif()
+    endforeach()
+  endif()
+]])
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quaverly)
@@ -56,4 +71,6 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What Qt loads by name: the plugin for Wayland, the one for X being in Qt's own library, and those for SVG icons
 # and for WebP pictures.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-wayland, libqt6svg6, qt6-image-formats-plugins")
+# xdg-open shows the help and the web look-ups.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
 include(CPack)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/CommandLine.h"
 
-#include <QStringList>
+#include "desktop/FileHelpers.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +21,14 @@ CommandLine parseCommandLine(const QString &text)
     argument.remove(u'"');
     const bool music = endings.contains(argument.right(4).toLower());
     return {music ? CommandLine::Kind::MusicFile : CommandLine::Kind::CatalogueFile, argument};
+}
+
+QStringList severalMusicFiles(const QStringList &arguments)
+{
+    const bool all = std::ranges::all_of(arguments, [](const QString &argument) {
+        return parseCommandLine(argument).kind == CommandLine::Kind::MusicFile && FileExists(argument);
+    });
+    return all && arguments.size() > 1 ? arguments : QStringList();
 }
 
 } // namespace quaverly

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace quaverly {
 
@@ -17,5 +18,9 @@ struct CommandLine
 
 /** The last four characters decide, in lower case: seven endings make it a music file. */
 [[nodiscard]] CommandLine parseCommandLine(const QString &text);
+
+/** The arguments when they are several and each names a music file that is there, as file managers give them;
+ * else none. */
+[[nodiscard]] QStringList severalMusicFiles(const QStringList &arguments);
 
 } // namespace quaverly

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "main/Program.h"
 
+#include "catalogue/CommandLine.h"
 #include "catalogue/ScreenFont.h"
 #include "catalogue/StartUp.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
+#include "desktop/Guard.h"
 #include "main/NameList.h"
 #include "platform/options/Folders.h"
 #include "platform/options/SingleInstance.h"
+#include "player/TemporaryList.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -36,17 +39,18 @@ StartContext startContext(const QString &commandLine, const shell::Shell &shell,
 
 } // namespace
 
-Program::Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance, const QString &commandLine,
-                 std::function<void()> quit, media::MediaOptions sound)
+Program::Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance,
+                 const QStringList &arguments, std::function<void()> quit, media::MediaOptions sound)
     : m_session(desktop, store, std::move(sound)), m_instance(instance), m_quit(std::move(quit)),
       m_catalogueCommands(desktop, m_session.catalogue(), m_session.engine(), catalogueHooks()),
       m_playForms(playFormParts())
 {
-    const StartHooks hooks{[this] { showNameList(); },
-                           [this](const QString &file) { m_playForms.play(playerOnlyRequest(file)); }};
+    const StartHooks hooks{
+        [this] { showNameList(); },
+        [this, several = severalMusicFiles(arguments)](const QString &file) { playAlone(file, several); }};
     m_startUp = std::make_unique<StartUp>(
         m_session.catalogue(), m_session.options(), m_session.engine(), desktop, store, instance,
-        startContext(commandLine, m_session.shell(), desktop.isTabletWithoutMouse()), hooks);
+        startContext(arguments.join(u' '), m_session.shell(), desktop.isTabletWithoutMouse()), hooks);
     QObject::connect(&instance, &SingleInstance::raiseRequested, &instance, [this] { raiseScreen(); });
 }
 
@@ -59,6 +63,22 @@ Program::~Program()
 bool Program::start()
 {
     return m_startUp->run() == StartResult::Running || m_playForms.form() != nullptr;
+}
+
+void Program::playAlone(const QString &file, const QStringList &several)
+{
+    if (several.isEmpty()) {
+        m_playForms.play(playerOnlyRequest(file));
+        return;
+    }
+    // The list lies in the catalogue's folder, which there need not be yet when none is opened.
+    QString &folder = m_session.catalogue().DatabaseFolder;
+    folder = folders::runtime();
+    guarded(m_session.desktop(), QString::fromUtf16(ProductName), [&] {
+        PlayRequest request = playerOnlyRequest(several, temporaryList(folder));
+        writeTemporaryList(folder, request.songs.urls());
+        m_playForms.play(std::move(request));
+    });
 }
 
 PlayFormParts Program::playFormParts()

@@ -5,7 +5,7 @@
 #include "main/Session.h"
 #include "player/PlayForms.h"
 
-#include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -22,7 +22,7 @@ class Program final
 public:
     /** @p quit ends the event loop; @p sound is where the player's goes. All references outlive the program.
      */
-    Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance, const QString &commandLine,
+    Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance, const QStringList &arguments,
             std::function<void()> quit, media::MediaOptions sound = {});
     ~Program();
     Program(const Program &) = delete;
@@ -37,6 +37,7 @@ public:
 private:
     [[nodiscard]] CatalogueHooks catalogueHooks();
     [[nodiscard]] PlayFormParts playFormParts();
+    void playAlone(const QString &file, const QStringList &several);
     void showNameList();
     void unloadNameList(bool compacting);
     void nameList_Unloaded();

@@ -16,10 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char Help[] = "Usage: quaverly [OPTION]... [FILE]\n"
+constexpr char Help[] = "Usage: quaverly [OPTION]... [FILE]...\n"
                         "A music catalogue and player for one person.\n"
                         "\n"
-                        "FILE is a catalogue to open, or a music file to play without one.\n"
+                        "FILE is a catalogue to open, or each is a music file to play without one.\n"
                         "\n"
                         "      --screenshots FOLDER  save pictures of the screens there, and end\n"
                         "      --music FOLDER        with it: add that folder of music first, and go\n"
@@ -80,7 +80,7 @@ int main(int argc, char **argv)
     quaverly::QtDesktop desktop(store);
     quaverly::SingleInstance instance(quaverly::folders::runtime());
     // Pictures are taken without a sound.
-    quaverly::Program program(desktop, store, instance, arguments.join(u' '), [] { QApplication::quit(); },
+    quaverly::Program program(desktop, store, instance, arguments, [] { QApplication::quit(); },
                               {pictures.isEmpty() ? QString() : u"null"_s, {}, false, {}});
     quaverly::Screenshots screenshots(pictures, music, [](bool complete) {
         if (!complete)

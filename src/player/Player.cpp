@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Player.h"
 
+#include "player/TemporaryList.h"
+
 #include <QFileInfo>
 #include <QUrl>
 
@@ -10,11 +12,22 @@ namespace quaverly {
 
 PlayRequest playerOnlyRequest(const QString &file)
 {
-    PlayRequest request;
     const QString local = file.startsWith("file:"_L1, Qt::CaseInsensitive) ? QUrl(file).toLocalFile() : file;
-    request.CurrentPlayUrl = QFileInfo(local).absoluteFilePath();
+    const QString path = QFileInfo(local).absoluteFilePath();
+    return playerOnlyRequest(QStringList(path), path);
+}
+
+PlayRequest playerOnlyRequest(const QStringList &files, const QString &listFile)
+{
+    PlayRequest request;
+    request.CurrentPlayUrl = listFile;
     request.CurrentPlayTitle = request.caption = u"Quaverly Player"_s;
-    request.songs.add(request.CurrentPlayUrl, request.CurrentPlayUrl);
+    for (const QString &file : files) {
+        const QString path = QFileInfo(file).absoluteFilePath();
+        if (files.size() == 1 || fitsInList(path))
+            request.songs.add(path, path);
+    }
+    request.showsCount = files.size() > 1;
     request.cbShuffle = request.cmdDelete = request.playListControls = false;
     return request;
 }

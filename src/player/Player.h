@@ -34,6 +34,9 @@ struct PlayRequest
  */
 [[nodiscard]] PlayRequest playerOnlyRequest(const QString &file);
 
+/** Several of them. @p listFile is the list file that holds, or will hold, the request's songs. */
+[[nodiscard]] PlayRequest playerOnlyRequest(const QStringList &files, const QString &listFile);
+
 /** The player as the play commands know it: no screen, or one with one queue. */
 class Player
 {

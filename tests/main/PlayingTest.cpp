@@ -54,20 +54,29 @@ TEST_F(PlayingTest, WhatTheListShowsIsPlayedBesideTheMainScreen)
     EXPECT_EQ(m_quits, 0);
 }
 
-TEST_F(PlayingTest, AMusicFileOpensThePlayerAlone)
+TEST_F(PlayingTest, MusicFilesOpenThePlayerAlone)
 {
-    m_commandLine = music() + u"Björk/Jóga.ogg"_s;
-    m_instance = std::make_unique<SingleInstance>(m_dir.path());
-    m_program = std::make_unique<Program>(
-        m_desktop, m_store, *m_instance, m_commandLine, [this] { ++m_quits; },
-        media::MediaOptions{u"null"_s, {}, true, {}});
-    ASSERT_TRUE(m_program->start());
-    EXPECT_EQ(m_program->mainScreen(), nullptr);
-    ASSERT_NE(player(), nullptr);
-    EXPECT_EQ(player()->windowTitle(), u"Quaverly Player"_s);
-    EXPECT_EQ(songsInPlayer(), 1);
-    player()->close();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return m_quits == 1; }));
+    const QString song = music() + u"Björk/Jóga.ogg"_s;
+    const QString other = music() + u"Abba/with blank.mp3"_s;
+    addFile(u"Björk/Jóga.ogg"_s, u"Jóga"_s, u"Björk"_s);
+    addFile(u"Abba/with blank.mp3"_s, u"Tiger"_s, u"Abba"_s);
+    for (const QStringList &arguments : {QStringList{song}, other.split(u' '), {song, other, song}}) {
+        SCOPED_TRACE(arguments.join(u'|').toStdString());
+        m_arguments = arguments;
+        m_instance = std::make_unique<SingleInstance>(m_dir.path());
+        m_program = std::make_unique<Program>(
+            m_desktop, m_store, *m_instance, m_arguments, [this] { ++m_quits; },
+            media::MediaOptions{u"null"_s, {}, true, {}});
+        ASSERT_TRUE(m_program->start());
+        EXPECT_EQ(m_program->mainScreen(), nullptr);
+        ASSERT_NE(player(), nullptr);
+        EXPECT_EQ(player()->windowTitle(), u"Quaverly Player"_s);
+        EXPECT_EQ(songsInPlayer(), arguments.size() == 3 ? 3 : 1);
+        player()->close();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return m_quits == 1; }));
+        m_quits = 0;
+        close();
+    }
 }
 
 } // namespace

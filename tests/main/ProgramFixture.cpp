@@ -69,7 +69,7 @@ void ProgramTest::start(bool empty)
     m_instance = std::make_unique<SingleInstance>(m_dir.path());
     m_store.SaveSetting(u"Options"_s, u"Database Location"_s, m_dir.path() + u'/');
     m_program = std::make_unique<Program>(
-        m_desktop, m_store, *m_instance, m_commandLine, [this] { ++m_quits; },
+        m_desktop, m_store, *m_instance, m_arguments, [this] { ++m_quits; },
         media::MediaOptions{u"null"_s, {}, true, {}});
     ASSERT_TRUE(m_program->start());
     ASSERT_TRUE(QTest::qWaitFor([this] { return m_desktop.answersLeft() == 0 && grid().hasFocus(); }));

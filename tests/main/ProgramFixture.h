@@ -54,7 +54,7 @@ protected:
     OptionsStore m_store{m_dir.filePath(QStringLiteral("options.ini"))};
     std::unique_ptr<SingleInstance> m_instance;
     std::unique_ptr<Program> m_program;
-    QString m_commandLine;
+    QStringList m_arguments;
     int m_quits = 0;
 };
 

@@ -23,6 +23,8 @@ TEST(TheScreens, AreShownWithTheSampleSongs)
     for (const auto *kind : {"CONFIG_HOME", "DATA_HOME", "STATE_HOME", "CACHE_HOME", "RUNTIME_DIR"}) {
         const QString name = u"XDG_"_s + QString::fromLatin1(kind);
         ASSERT_TRUE(QDir().mkdir(dir.filePath(name)));
+        ASSERT_TRUE(QFile::setPermissions(dir.filePath(name),
+                                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
         environment.insert(name, dir.filePath(name));
     }
     program.setProcessEnvironment(environment);
