@@ -138,7 +138,14 @@ private:
     NoScreen m_screen;
     Options m_options;
     DisplayedSet m_set{m_catalogue, m_settings, m_desktop};
-    MaintenanceParts m_parts{m_catalogue, m_set, m_screen, m_desktop, m_options, [] { return true; }};
+    bool m_busy = false;
+    MaintenanceParts m_parts{.catalogue = m_catalogue,
+                             .set = m_set,
+                             .mainScreen = m_screen,
+                             .desktop = m_desktop,
+                             .options = m_options,
+                             .busy = m_busy,
+                             .beforeBulk = [] { return true; }};
     MaintenanceCommands m_commands{m_parts, [] {}, [] {}};
 };
 

@@ -53,6 +53,8 @@ public:
     /** How far the bar has grown: 0 to FullBarTwips. */
     virtual void setBar(int twips) { m_bar = twips; }
     [[nodiscard]] int bar() const { return m_bar; }
+    /** Shows a button that closes the window, for a command that may be given up. */
+    virtual void offerCancel() {}
     /** True once the user has closed the window: a command that may be given up then ends. */
     [[nodiscard]] virtual bool isClosed() const { return false; }
 

@@ -137,6 +137,11 @@ public:
         if (m_form)
             m_form->setBar(twips);
     }
+    void offerCancel() override
+    {
+        if (m_form)
+            m_form->offerCancel();
+    }
     [[nodiscard]] bool isClosed() const override { return m_form.isNull() || !m_form->isVisible(); }
 
 private:

@@ -28,6 +28,8 @@ WorkingForm::WorkingForm(QWidget *owner)
     m_ui->Label1->setRange(0, FullBarTwips);
     m_ui->Label1->setMinimumWidth(fontMetrics().averageCharWidth() * NarrowestBar);
     m_ui->Frame1->hide();
+    m_ui->cmdCancel->hide();
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &WorkingForm::close);
 }
 
 WorkingForm::~WorkingForm() = default;
@@ -46,6 +48,12 @@ void WorkingForm::setMsg(const QString &text)
 void WorkingForm::showBar()
 {
     m_ui->Frame1->show();
+}
+
+void WorkingForm::offerCancel()
+{
+    m_ui->cmdCancel->show();
+    m_ui->cmdCancel->setFocus();
 }
 
 void WorkingForm::setBar(int twips)

@@ -25,6 +25,7 @@ public:
     /** Line feeds around the text are left out: the window centres it by itself. */
     void setMsg(const QString &text);
     void showBar();
+    void offerCancel();
     /** 0 to FullBarTwips; painted at once, without events running. */
     void setBar(int twips);
 

@@ -52,21 +52,21 @@ Spokes::Spokes(Session &session, const SpokeHooks &hooks)
       duplicates(maintenanceParts()), fileCopy(maintenanceParts(), session.copyFolder())
 {}
 
-bool Spokes::isBusy() const
-{
-    return maintenance.isBusy() || duplicates.isBusy() || fileCopy.isRunning();
-}
-
 void Spokes::unload()
 {
     pictures.unloadPics3();
     viewer.unload();
 }
 
-MaintenanceParts Spokes::maintenanceParts() const
+MaintenanceParts Spokes::maintenanceParts()
 {
-    return {m_session.catalogue(), m_session.displayedSet(), m_hooks.mainScreen,
-            m_session.desktop(),   m_session.options(),      m_hooks.beforeBulk};
+    return {.catalogue = m_session.catalogue(),
+            .set = m_session.displayedSet(),
+            .mainScreen = m_hooks.mainScreen,
+            .desktop = m_session.desktop(),
+            .options = m_session.options(),
+            .busy = m_busy,
+            .beforeBulk = m_hooks.beforeBulk};
 }
 
 template <typename Screen> void Spokes::showMaintenance()

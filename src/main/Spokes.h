@@ -45,14 +45,14 @@ public:
     Spokes(Session &session, const SpokeHooks &hooks);
 
     /** True while a command lets events run: the main screen may not go before that has ended. */
-    [[nodiscard]] bool isBusy() const;
+    [[nodiscard]] bool isBusy() const { return m_busy; }
     /** Closes the windows that stand beside the main screen. */
     void unload();
     /** The notebook. */
     void cmdNotes_Click();
 
 private:
-    [[nodiscard]] MaintenanceParts maintenanceParts() const;
+    [[nodiscard]] MaintenanceParts maintenanceParts();
     [[nodiscard]] PlayListParts playListParts();
     [[nodiscard]] EditParts editParts();
     [[nodiscard]] NameEditHooks nameEditHooks();
@@ -66,6 +66,7 @@ private:
     SpokeHooks m_hooks;
     WebLookup m_webLookup;
     ReportState m_reportState;
+    bool m_busy = false;
 
 public:
     CategoryCommands categories;

@@ -3,9 +3,9 @@
 
 #include "catalogue/Catalogue.h"
 #include "desktop/Desktop.h"
-#include "maintenance/ScreenAtRest.h"
-#include "maintenance/TextReplacement.h"
+#include "maintenance/BulkChange.h"
 #include "songlist/DisplayedSet.h"
+#include "songlist/MainScreen.h"
 
 #include <algorithm>
 
@@ -15,26 +15,16 @@ namespace quaverly {
 
 namespace {
 
-constexpr std::size_t KeysInStatement = 1000;
-
-const auto CategoryJoin =
-    u"tblContacts INNER JOIN tblCategoryID on tblContacts.RecordID = tblCategoryID.ID  "_s;
-
 bool mentions(const QString &recordSource, QLatin1StringView what)
 {
     return recordSource.contains(what, Qt::CaseInsensitive);
 }
 
-bool isCategoryList(const QString &recordSource)
-{
-    return mentions(recordSource, "qryContacts"_L1);
-}
-
 /** The table's rows under no restriction. */
 bool isWholeTable(const DisplayedSet &set, const QString &recordSource)
 {
-    return !set.isDuplicateView() && !isCategoryList(recordSource) && !mentions(recordSource, "where"_L1) &&
-           !mentions(recordSource, "join"_L1);
+    return !set.isDuplicateView() && !mentions(recordSource, "qryContacts"_L1) &&
+           !mentions(recordSource, "where"_L1) && !mentions(recordSource, "join"_L1);
 }
 
 /** Each key once, ascending. */
@@ -57,28 +47,6 @@ std::vector<qint64> keysOf(dao::Database &database, const QString &sql)
 
 } // namespace
 
-QString whereTextOf(const QString &recordSource)
-{
-    const qsizetype where = recordSource.indexOf("where"_L1, 0, Qt::CaseInsensitive);
-    if (where < 0)
-        return {};
-    const qsizetype order = recordSource.indexOf("order by"_L1, where, Qt::CaseInsensitive);
-    return order < 0 ? recordSource.sliced(where) : recordSource.sliced(where, order - where);
-}
-
-QString deleteStatement(const QString &recordSource)
-{
-    const QString where = whereTextOf(recordSource);
-    if (isCategoryList(recordSource))
-        return u"Delete  DISTINCTROW tblContacts.* from "_s + CategoryJoin + where;
-    return u"Delete * from tblContacts "_s + where;
-}
-
-dao::Database &DeleteDisplayed::database() const
-{
-    return *m_parts.catalogue.CatalogueDb;
-}
-
 void DeleteDisplayed::run()
 {
     DataControl &list = m_parts.set.Data1();
@@ -86,23 +54,19 @@ void DeleteDisplayed::run()
         return;
     bringUpToDate();
     const qint64 records = list.hasRows() ? list.Recordset().RecordCount() : 0;
-    if (records > 0 && isConfirmed(records) && work())
-        m_parts.desktop.MessageBox(u"Records Deleted."_s, u"Delete Records"_s);
-}
-
-bool DeleteDisplayed::work()
-{
-    const ScreenAtRest atRest(m_parts.mainScreen, m_running);
-    if (!m_parts.beforeBulk())
-        return false;
-    const Hourglass hourglass(m_parts.desktop);
-    const auto wait =
-        m_parts.desktop.ShowWorkingForm(u"Deleting Displayed Records"_s, u"Please wait..."_s, false);
-    m_parts.desktop.letEventsRun();
-    const QString recordSource = m_parts.set.Data1().RecordSource();
-    deleteSongs();
-    showWhatIsLeft(recordSource);
-    return true;
+    if (records == 0 || !isConfirmed(records))
+        return;
+    const QString recordSource = list.RecordSource();
+    const bool done = BulkChange(m_parts).run({
+        .caption = u"Deleting Displayed Records"_s,
+        .change =
+            [&](const dao::GoesOn &goesOn) {
+                return deleteSongs(*m_parts.catalogue.CatalogueDb, list.Recordset(), goesOn);
+            },
+        .showResult = [&] { showWhatIsLeft(recordSource); },
+    });
+    if (done)
+        m_parts.desktop.MessageBox(u"Records Deleted.\n\n"_s + waysBack(), u"Delete Records"_s);
 }
 
 // A song whose mark was taken away in the list of marked ones still stands there: what is announced has to be
@@ -113,7 +77,7 @@ void DeleteDisplayed::bringUpToDate()
     if (isWholeTable(m_parts.set, list.RecordSource()))
         return;
     const Hourglass hourglass(m_parts.desktop);
-    if (keysOf(database(), list.RecordSource()) == keysOf(list.Recordset()))
+    if (keysOf(*m_parts.catalogue.CatalogueDb, list.RecordSource()) == keysOf(list.Recordset()))
         return;
     const KeepRow row(list);
     list.Refresh();
@@ -137,48 +101,6 @@ bool DeleteDisplayed::isConfirmed(qint64 records)
                         u".  Please confirm one more time:\n\n"
                         "Are you SURE you want to DELETE every record that is currently displayed?"_s,
                     u"Are you REALLY sure?"_s);
-}
-
-void DeleteDisplayed::deleteSongs()
-{
-    const QString recordSource = m_parts.set.Data1().RecordSource();
-    if (statementTakesWhatIsShown(recordSource))
-        database().Execute(deleteStatement(recordSource));
-    else
-        deleteByKey();
-}
-
-// The where text of a joined list names no table, or one that the statement doesn't; that of a stored query
-// is not there at all. Such a statement would fail, or take songs that nobody was asked about.
-bool DeleteDisplayed::statementTakesWhatIsShown(const QString &recordSource)
-{
-    DataControl &list = m_parts.set.Data1();
-    if (isWholeTable(m_parts.set, recordSource))
-        return numRecs(database(), u"Select count(*) as NumRecs from tblContacts"_s) ==
-               list.Recordset().RecordCount();
-    const QString where = whereTextOf(recordSource);
-    if (where.isEmpty())
-        return false;
-    const QString from = isCategoryList(recordSource) ? CategoryJoin : u"tblContacts "_s;
-    try {
-        return keysOf(database(), u"Select DISTINCTROW tblContacts.* from "_s + from + where) ==
-               keysOf(list.Recordset());
-    } catch (const dao::DaoError &) {
-        return false;
-    }
-}
-
-void DeleteDisplayed::deleteByKey()
-{
-    const std::vector<qint64> keys = keysOf(m_parts.set.Data1().Recordset());
-    dao::Transaction transaction(database().workspace());
-    for (std::size_t first = 0; first < keys.size(); first += KeysInStatement) {
-        QStringList some;
-        for (std::size_t i = first; i < std::min(keys.size(), first + KeysInStatement); ++i)
-            some.append(QString::number(keys[i]));
-        database().Execute(u"Delete * from tblContacts Where RecordID In ("_s + some.join(u',') + u')');
-    }
-    transaction.commit();
 }
 
 void DeleteDisplayed::showWhatIsLeft(const QString &recordSource)

@@ -3,7 +3,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "desktop/Guard.h"
-#include "maintenance/ScreenAtRest.h"
+#include "maintenance/BulkChange.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
 
@@ -30,7 +30,6 @@ struct DuplicateCommands::View
 struct DuplicateCommands::Rule
 {
     const char16_t *toDelete;
-    const char16_t *deletion;
     const char16_t *behindCount;
 };
 
@@ -61,7 +60,7 @@ void DuplicateCommands::mnuShowDuplicatesToDeleteAlbum_Click()
 
 void DuplicateCommands::mnuDeleteDuplicates_Click()
 {
-    deleteBy({u"qryShowDuplicatesToBeDeleted", u"qdelDuplicates",
+    deleteBy({u"qryShowDuplicatesToBeDeleted",
               u" duplicate songs from Quaverly.  Duplicates are defined as two or more songs with the same "
               "Song Name, Artist, and File Size.  All except one will be deleted.  This will not delete the "
               "actual music files from your computer.  To see which records will be deleted, respond NO, "
@@ -71,7 +70,7 @@ void DuplicateCommands::mnuDeleteDuplicates_Click()
 
 void DuplicateCommands::mnuDeleteDuplicatesAlbum_Click()
 {
-    deleteBy({u"qryShowDuplicatesToBeDeletedAlbum", u"qdelDuplicatesAlbum",
+    deleteBy({u"qryShowDuplicatesToBeDeletedAlbum",
               u" duplicate songs within the same album from Quaverly.  Duplicates are defined as two or "
               "more songs with the same Song Name, Artist, and Album Name.  All except one will be deleted.  "
               "This will not delete the actual music files from your computer.\r\n\r\nAre you SURE you want "
@@ -120,28 +119,27 @@ void DuplicateCommands::deleteBy(const Rule &rule)
         }
         const qint64 songs = m_parts.set.Data1().Recordset().RecordCount();
         // After a No the rows stay shown, with every button as it was, and that is meant.
-        if (!confirmed(rule, songs) || !deleted(rule))
+        if (!confirmed(rule, songs) || !deleteShown())
             return;
         m_parts.desktop.MessageBox(QString::number(songs) +
                                        u" Duplicates Deleted from the Quaverly database.  This does not "
                                        "delete the actual music file from your computer.  You can re-scan to "
-                                       "put these duplicate songs back into Quaverly."_s,
+                                       "put these duplicate songs back into Quaverly.\n\n"_s +
+                                       waysBack(),
                                    u"Duplicates Deleted"_s);
     });
 }
 
-bool DuplicateCommands::deleted(const Rule &rule)
+bool DuplicateCommands::deleteShown()
 {
-    const ScreenAtRest atRest(m_parts.mainScreen, m_busy);
-    if (!m_parts.beforeBulk())
-        return false;
-    const Hourglass hourglass(m_parts.desktop);
-    const auto wait =
-        m_parts.desktop.ShowWorkingForm(u"Deleting Duplicate Records"_s, u"Please wait..."_s, false);
-    m_parts.desktop.letEventsRun();
-    m_parts.catalogue.CatalogueDb->Execute(QString::fromUtf16(rule.deletion));
-    m_parts.mainScreen.ShowAllMenu_Click();
-    return true;
+    return BulkChange(m_parts).run({
+        .caption = u"Deleting Duplicate Records"_s,
+        .change =
+            [this](const dao::GoesOn &goesOn) {
+                return deleteSongs(*m_parts.catalogue.CatalogueDb, m_parts.set.Data1().Recordset(), goesOn);
+            },
+        .showResult = [this] { m_parts.mainScreen.ShowAllMenu_Click(); },
+    });
 }
 
 bool DuplicateCommands::confirmed(const Rule &rule, qint64 songs)

@@ -23,25 +23,21 @@ public:
     void mnuShowDuplicatesToDeleteAlbum_Click();
     void mnuDeleteDuplicatesAlbum_Click();
 
-    /** True while a command lets events run: the main screen may not go before that has ended. */
-    [[nodiscard]] bool isBusy() const { return m_busy; }
-
 private:
     /** A stored query, what stands above the list while it is shown, and what is said when it is empty. */
     struct View;
-    /** A rule's two stored queries, and its question around the number of songs. */
+    /** The stored query of what a rule deletes, and its question around the number of songs. */
     struct Rule;
 
     void showView(const View &view);
     void deleteBy(const Rule &rule);
     [[nodiscard]] bool confirmed(const Rule &rule, qint64 songs);
     /** False when the command was stopped before. */
-    [[nodiscard]] bool deleted(const Rule &rule);
+    [[nodiscard]] bool deleteShown();
     void disableListCommands();
     void tellNone(const QString &message);
 
     MaintenanceParts m_parts;
-    bool m_busy = false;
 };
 
 } // namespace quaverly

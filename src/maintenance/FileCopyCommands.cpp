@@ -89,7 +89,7 @@ void FileCopyCommands::copyDisplayed()
         return;
     Result result;
     {
-        const ScreenAtRest atRest(m_parts.mainScreen, m_running);
+        const ScreenAtRest atRest(m_parts.mainScreen, m_parts.busy);
         const Hourglass hourglass(m_parts.desktop);
         const auto wait = m_parts.desktop.ShowWorkingForm(Copying, u"Please wait..."_s, true);
         m_parts.desktop.letEventsRun();
@@ -213,7 +213,7 @@ void FileCopyCommands::copyCurrent()
         return;
     }
     {
-        const ScreenAtRest atRest(m_parts.mainScreen, m_running);
+        const ScreenAtRest atRest(m_parts.mainScreen, m_parts.busy);
         const Hourglass hourglass(m_parts.desktop);
         const auto wait = m_parts.desktop.ShowWorkingForm(Copying, u"Please wait..."_s, true);
         const auto show = [&](qint64 done, qint64 all) {

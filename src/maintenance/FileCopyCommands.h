@@ -20,9 +20,6 @@ public:
     void mnuFileCopy_Click();
     void mnuPopupCopyFile_Click();
 
-    /** True while a command lets events run: the main screen may not go before that has ended. */
-    [[nodiscard]] bool isRunning() const { return m_running; }
-
 private:
     struct Result
     {
@@ -48,7 +45,6 @@ private:
 
     MaintenanceParts m_parts;
     QString &m_copyFolder;
-    bool m_running = false;
 };
 
 } // namespace quaverly

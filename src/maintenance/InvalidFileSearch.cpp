@@ -42,7 +42,7 @@ InvalidFileSearch::InvalidFileSearch(const MaintenanceParts &parts, FileTests::T
 
 void InvalidFileSearch::run()
 {
-    if (m_running || !m_parts.set.Data1().hasRows())
+    if (m_parts.busy || !m_parts.set.Data1().hasRows())
         return;
     m_ended = false;
     const auto invalid = invalidSongs();
@@ -60,7 +60,7 @@ void InvalidFileSearch::run()
 std::optional<std::vector<qint64>> InvalidFileSearch::invalidSongs()
 {
     const Hourglass hourglass(m_parts.desktop);
-    const ScreenAtRest atRest(m_parts.mainScreen, m_running);
+    const ScreenAtRest atRest(m_parts.mainScreen, m_parts.busy);
     const auto wait = m_parts.desktop.ShowWorkingForm(u"Checking for records with invalid file names..."_s,
                                                       u"Please wait..."_s, true);
     m_parts.desktop.letEventsRun();

@@ -27,10 +27,8 @@ public:
     /** @p isThere is asked on another thread, about one full path at a time. */
     explicit InvalidFileSearch(const MaintenanceParts &parts, FileTests::Test isThere);
 
-    /** Does nothing on an empty list, or while it runs already. @throws dao::DaoError */
+    /** Does nothing on an empty list, or while such a command runs already. @throws dao::DaoError */
     void run();
-
-    [[nodiscard]] bool isRunning() const { return m_running; }
     /** As if the user had closed the wait window. */
     void end() { m_ended = true; }
 
@@ -42,7 +40,6 @@ private:
 
     MaintenanceParts m_parts;
     FileTests::Test m_isThere;
-    bool m_running = false;
     bool m_ended = false;
 };
 

@@ -3,9 +3,12 @@
 
 #include "catalogue/Catalogue.h"
 #include "desktop/Desktop.h"
-#include "maintenance/TextReplacement.h"
+#include "desktop/FileHelpers.h"
+#include "maintenance/BulkChange.h"
 #include "platform/text/Text.h"
 #include "songlist/DisplayedSet.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -13,27 +16,41 @@ namespace quaverly {
 
 namespace {
 
-const TextField SongFolders{u"tblContacts"_s, u"PathName"_s};
-const TextField PlayListFiles{u"tblPlayListDetail"_s, u"FileName"_s};
+/** Files that are looked for before the user is asked. */
+constexpr int FilesTried = 20;
 
-bool isComplete(const QString &original, const QString &replacement)
+const TextField SongFolders{.table = u"tblContacts"_s, .field = u"PathName"_s, .key = u"RecordID"_s};
+const TextField PlayListFiles{.table = u"tblPlayListDetail"_s, .field = u"FileName"_s, .key = {}};
+
+bool isComplete(const PathChange &change)
 {
-    return isGreaterThanBlank(original) && isGreaterThanBlank(replacement);
+    return isGreaterThanBlank(change.original) && isGreaterThanBlank(change.replacement);
 }
 
-QString filePathQuestion(const QString &original, const QString &replacement, qint64 songs, qint64 tracks)
+/** Nothing where there were no files to look for. */
+QString presenceText(const Presence &presence)
 {
-    const QString part = u'"' + original + u"\" is: "_s;
+    if (presence.asked == 0)
+        return {};
+    return u"Of the first %1 of these files, %2 were found in the new place."_s.arg(presence.asked)
+        .arg(presence.found);
+}
+
+QString filePathQuestion(const PathChange &change, qint64 songs, qint64 tracks, const QString &presence)
+{
+    const QString part = u'"' + change.original + u"\" is: "_s;
     return u"Number of music file names that contain "_s + part + QString::number(songs) +
            u".\nNumber of songs in your play lists that contain "_s + part + QString::number(tracks) +
-           u".\nAre you sure you want to replace this part of the file name with \""_s + replacement +
+           u".\n"_s + (presence.isEmpty() ? presence : presence + u'\n') +
+           u"Are you sure you want to replace this part of the file name with \""_s + change.replacement +
            u"\" for every one of these file names?"_s;
 }
 
-QString playListQuestion(const QString &original, const QString &replacement, qint64 tracks)
+QString playListQuestion(const PathChange &change, qint64 tracks, const QString &presence)
 {
-    return u"The number of records that contain  "_s + original + u"  is: "_s + QString::number(tracks) +
-           u".  Are you sure you want to replace this part of the FileName with  "_s + replacement +
+    return u"The number of records that contain  "_s + change.original + u"  is: "_s +
+           QString::number(tracks) + u".  "_s + (presence.isEmpty() ? presence : presence + u"  "_s) +
+           u"Are you sure you want to replace this part of the FileName with  "_s + change.replacement +
            u"  for every one of these records in all your PlayLists?"_s;
 }
 
@@ -44,68 +61,113 @@ dao::Database &LocationChange::database() const
     return *m_parts.catalogue.CatalogueDb;
 }
 
-bool LocationChange::asks(const QString &question)
-{
-    return m_parts.desktop.MessageBox(question, u"Confirmation"_s, Icon::None, Buttons::YesNo, Answer::No) ==
-               Answer::Yes &&
-           m_parts.beforeBulk();
-}
-
-bool LocationChange::changeFilePaths(const QString &original, const QString &replacement)
+bool LocationChange::changeFilePaths(const PathChange &typed)
 {
     Desktop &desktop = m_parts.desktop;
-    if (!isComplete(original, replacement)) {
+    if (!isComplete(typed)) {
         desktop.MessageBox(u"Both the original and the new file path or string must be specified."_s,
                            u"String not specified"_s, Icon::Exclamation);
         return false;
     }
-    const qint64 songs = countLike(database(), SongFolders, original);
-    const qint64 tracks = countLike(database(), PlayListFiles, original);
+    const PathChange change = inOneForm(typed, PathKind::Folders);
+    const std::vector changes{partReplaced(SongFolders, change.original, change.replacement),
+                              partReplaced(PlayListFiles, change.original, change.replacement)};
+    const qint64 songs = countRows(database(), changes[0]);
+    const qint64 tracks = countRows(database(), changes[1]);
     if (songs == 0 && tracks == 0) {
         desktop.MessageBox(u"The characters you specified were not found in any file names."_s,
                            u"Not found"_s);
         return false;
     }
-    if (!asks(filePathQuestion(original, replacement, songs, tracks)))
+    const Presence presence = presenceBehind(changes);
+    if (!mayLeadNowhere(change, presence) ||
+        !confirmed(filePathQuestion(change, songs, tracks, presenceText(presence))) || !make(changes))
         return false;
-    qint64 total = 0;
-    {
-        const Hourglass hourglass(desktop);
-        changing(m_parts.set.Data1(), [&] {
-            if (songs > 0)
-                total += replaceInAllRows(database(), SongFolders, original, replacement);
-            if (tracks > 0)
-                total += replaceInAllRows(database(), PlayListFiles, original, replacement);
-        });
-    }
-    desktop.MessageBox(u"Update completed. Total number of replacements made: "_s + QString::number(total),
+    desktop.MessageBox(u"Update completed. Total number of replacements made: "_s +
+                           QString::number(songs + tracks),
                        u"Finished"_s);
-    m_parts.set.Data1().Refresh();
     return true;
 }
 
-bool LocationChange::changePlayListPaths(const QString &original, const QString &replacement)
+bool LocationChange::changePlayListPaths(const PathChange &typed)
 {
     Desktop &desktop = m_parts.desktop;
-    if (!isComplete(original, replacement)) {
+    if (!isComplete(typed)) {
         desktop.MessageBox(u"Both the original text and the new replacement text must be specified."_s,
                            u"Text not specified"_s, Icon::Exclamation);
         return false;
     }
-    const qint64 tracks = countLike(database(), PlayListFiles, original);
+    const PathChange change = inOneForm(typed, PathKind::Files);
+    const std::vector changes{partReplaced(PlayListFiles, change.original, change.replacement)};
+    const qint64 tracks = countRows(database(), changes[0]);
     if (tracks == 0) {
         desktop.MessageBox(u"The text you specified was not found in the FileName in any PlayList."_s,
                            u"Not found"_s);
         return false;
     }
-    if (!asks(playListQuestion(original, replacement, tracks)))
+    const QString presence = presenceText(presenceBehind(changes));
+    if (!confirmed(playListQuestion(change, tracks, presence)) || !make(changes))
         return false;
-    {
-        const Hourglass hourglass(desktop);
-        replaceInAllRows(database(), PlayListFiles, original, replacement);
-    }
-    desktop.MessageBox(u"Update completed."_s, u"Finished"_s);
+    desktop.MessageBox(u"Update completed.  Records changed: "_s + QString::number(tracks), u"Finished"_s);
     return true;
+}
+
+Presence LocationChange::presenceBehind(const std::vector<TextChange> &changes)
+{
+    const Hourglass hourglass(m_parts.desktop);
+    QStringList files;
+    for (const TextChange &change : changes) {
+        if (files.isEmpty())
+            files = firstFiles(change);
+    }
+    return presenceOf(files);
+}
+
+QStringList LocationChange::firstFiles(const TextChange &change)
+{
+    const bool isTrack = change.place.table == PlayListFiles.table;
+    const QString path = isTrack ? u"'' As PathName"_s : u"PathName"_s;
+    const auto rows =
+        database().OpenRecordset(u"Select Top %1 "_s.arg(FilesTried) + path + u", FileName From "_s +
+                                     change.place.table + u" Where FileName > '' And "_s + change.condition,
+                                 dao::RecordsetType::Snapshot);
+    QStringList files;
+    for (; !rows->atEOF(); rows->MoveNext()) {
+        const QString file = rows->text(u"FileName"_s);
+        files.append(isTrack ? change.changed(file) : change.changed(rows->text(u"PathName"_s)) + file);
+    }
+    return files;
+}
+
+bool LocationChange::mayLeadNowhere(const PathChange &change, const Presence &presence)
+{
+    if (!isWholePath(change.replacement) || presence.found > 0 ||
+        presenceOf({EnsureBackslash(change.replacement)}).found > 0)
+        return true;
+    return m_parts.desktop.MessageBox(u"There is no such folder: "_s + change.replacement +
+                                          u"\n\nDo you want to go on all the same?"_s,
+                                      u"Folder not found"_s, Icon::Exclamation, Buttons::YesNo,
+                                      Answer::No) == Answer::Yes;
+}
+
+bool LocationChange::confirmed(const QString &question)
+{
+    return m_parts.desktop.MessageBox(question, u"Confirmation"_s, Icon::None, Buttons::YesNo, Answer::No) ==
+           Answer::Yes;
+}
+
+bool LocationChange::make(const std::vector<TextChange> &changes)
+{
+    return BulkChange(m_parts).run({
+        .caption = u"Changing File Names"_s,
+        .change =
+            [&](const dao::GoesOn &goesOn) {
+                return std::ranges::all_of(changes, [&](const TextChange &change) {
+                    return changeTexts(database(), change, goesOn);
+                });
+            },
+        .showResult = [this] { m_parts.set.Data1().Refresh(); },
+    });
 }
 
 } // namespace quaverly

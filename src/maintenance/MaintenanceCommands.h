@@ -19,8 +19,6 @@ public:
     void mnuChangePaths_Click();
     void mnuDeleteDisplayed_Click();
 
-    /** True while a command lets events run: the main screen may not go before that has ended. */
-    [[nodiscard]] bool isBusy() const { return m_search.isRunning() || m_deleteDisplayed.isRunning(); }
     /** As if the user had closed the search's wait window. */
     void endSearch() { m_search.end(); }
 

@@ -19,6 +19,8 @@ struct MaintenanceParts
     MainScreen &mainScreen;
     Desktop &desktop;
     const Options &options;
+    /** True while one of them lets events run: the main screen may not go before that has ended. */
+    bool &busy;
     /** Runs between the user's last Yes and the first change; a command that it answers false stops there. */
     std::function<bool()> beforeBulk;
 };

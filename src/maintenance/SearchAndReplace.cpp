@@ -3,6 +3,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "desktop/Desktop.h"
+#include "maintenance/BulkChange.h"
 #include "platform/text/Text.h"
 #include "songlist/DisplayedSet.h"
 
@@ -12,19 +13,21 @@ namespace quaverly {
 
 namespace {
 
-const auto Songs = u"tblContacts"_s;
-
 bool isNullWord(const QString &text)
 {
     return text.toLower() == "null"_L1;
 }
 
-QString countStatement(const ReplaceRequest &request)
+TextChange changeOf(const ReplaceRequest &request)
 {
-    const QString head = u"Select count(*) as NumRecs from tblContacts Where "_s;
+    const TextField place{.table = u"tblContacts"_s, .field = request.field, .key = u"RecordID"_s};
+    const QString replacement = isNullWord(request.replacement) ? QString() : request.replacement;
     if (isNullWord(request.original))
-        return head + request.field + u" is null or "_s + request.field + u"=''"_s;
-    return head + likeTest(request.field, request.original);
+        return allReplaced(place, request.field + u" is null or "_s + request.field + u"=''"_s, replacement);
+    // The whole field goes, not only the part that matches, as the question says.
+    if (replacement.isEmpty())
+        return allReplaced(place, likeTest(request.field, request.original), {});
+    return partReplaced(place, request.original, replacement);
 }
 
 QString question(const ReplaceRequest &request, qint64 records)
@@ -59,22 +62,26 @@ bool SearchAndReplace::run(ReplaceRequest &request)
 {
     if (!isComplete(request))
         return false;
-    const qint64 records = numRecs(database(), countStatement(request));
+    const TextChange change = changeOf(request);
+    const qint64 records = countRows(database(), change);
     if (records == 0) {
         m_parts.desktop.MessageBox(
             u"The text you specified was not found in the selected field in any records."_s, u"Not found"_s);
         return false;
     }
-    if (!isConfirmed(request, records) || !m_parts.beforeBulk())
+    if (!isConfirmed(request, records))
         return false;
-    {
-        const Hourglass hourglass(m_parts.desktop);
-        if (isNullWord(request.replacement))
-            request.replacement.clear();
-        changing(m_parts.set.Data1(), [&] { update(request); });
-        m_parts.set.Data1().Refresh();
-    }
-    m_parts.desktop.MessageBox(u"Update completed."_s, u"Finished"_s);
+    const bool done = BulkChange(m_parts).run({
+        .caption = u"Search and Replace"_s,
+        .change = [&](const dao::GoesOn &goesOn) { return changeTexts(database(), change, goesOn); },
+        .showResult = [this] { m_parts.set.Data1().Refresh(); },
+    });
+    if (!done)
+        return false;
+    if (isNullWord(request.replacement))
+        request.replacement.clear();
+    m_parts.desktop.MessageBox(u"Update completed.  Records changed: "_s + QString::number(records),
+                               u"Finished"_s);
     return true;
 }
 
@@ -100,22 +107,6 @@ bool SearchAndReplace::isConfirmed(const ReplaceRequest &request, qint64 records
 {
     return m_parts.desktop.MessageBox(question(request, records), u"Confirmation"_s, Icon::None,
                                       Buttons::YesNo, Answer::No) == Answer::Yes;
-}
-
-void SearchAndReplace::update(const ReplaceRequest &request)
-{
-    const TextField place{Songs, request.field};
-    const QString head = u"Update tblContacts Set "_s + request.field + u"="_s;
-    if (isNullWord(request.original)) {
-        assertFits(database(), place, request.replacement);
-        database().Execute(head + quoted(request.replacement) + u" Where "_s + request.field +
-                           u" is null or "_s + request.field + u"= ''"_s);
-    } else if (!request.replacement.isEmpty()) {
-        replaceInAllRows(database(), place, request.original, request.replacement);
-    } else {
-        // The whole field goes, not only the part that matches, as the question said.
-        database().Execute(head + u"\"\""_s + u" Where "_s + likeTest(request.field, request.original));
-    }
 }
 
 } // namespace quaverly

@@ -28,14 +28,13 @@ public:
 
     /**
      * Checks, asks, changes and tells. True when the update was made; a replacement of NULL is the empty
-     * text in the request from there on. @throws dao::DaoError; what was changed before stays.
+     * text in the request from there on. @throws dao::DaoError; nothing is changed then.
      */
     bool run(ReplaceRequest &request);
 
 private:
     [[nodiscard]] bool isComplete(const ReplaceRequest &request);
     [[nodiscard]] bool isConfirmed(const ReplaceRequest &request, qint64 records);
-    void update(const ReplaceRequest &request);
     [[nodiscard]] dao::Database &database() const;
 
     MaintenanceParts m_parts;

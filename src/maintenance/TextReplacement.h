@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/store/Dao.h"
+
 #include <QString>
 
 #include <functional>
 
-namespace dao {
-class Database;
-}
-
 namespace quaverly {
-
-class DataControl;
 
 /** One text field of a table. */
 struct TextField
@@ -19,10 +15,35 @@ struct TextField
     QString table;
     /** As it stands in statements, blanks included; a table may stand in front of it. */
     QString field;
+    /** Names a row; empty for a table without a key of its own. */
+    QString key;
 
     /** The bare name. */
     [[nodiscard]] QString name() const;
 };
+
+/** What becomes of the texts of one field. */
+struct TextChange
+{
+    TextField place;
+    /** The rows that are changed, as a statement's condition. */
+    QString condition;
+    /** The new text, as statements write it. */
+    QString expression;
+    /** The same for one text. */
+    std::function<QString(const QString &)> changed;
+    /** False when no text gets longer by it. */
+    bool mayGrow = true;
+};
+
+/**
+ * Puts @p replacement in place of @p original wherever it stands in the field, in any case. A row that only
+ * matches by wildcards is counted and stays as it was.
+ */
+[[nodiscard]] TextChange partReplaced(const TextField &place, const QString &original,
+                                      const QString &replacement);
+/** Puts @p text in place of all that stands in the field. */
+[[nodiscard]] TextChange allReplaced(const TextField &place, const QString &condition, const QString &text);
 
 /** "field like "*text*" ": the text's own wildcards count, its double quotes are doubled. */
 [[nodiscard]] QString likeTest(const QString &field, const QString &text);
@@ -30,21 +51,14 @@ struct TextField
 /** First field, NumRecs, of a statement that counts. @throws dao::DaoError */
 [[nodiscard]] qint64 numRecs(dao::Database &database, const QString &sql);
 
-/** Rows whose field is like the text. @throws dao::DaoError */
-[[nodiscard]] qint64 countLike(dao::Database &database, const TextField &place, const QString &text);
+/** Rows that the change is about. @throws dao::DaoError */
+[[nodiscard]] qint64 countRows(dao::Database &database, const TextChange &change);
 
 /**
- * Puts @p replacement in place of @p original wherever it stands in the field, in any case, and returns how
- * many rows are like it. A row that only matches by wildcards is counted and stays as it was.
- * @throws dao::DaoError at the first row that the store refuses; the rows in front of it are changed then.
+ * Changes the rows, within the caller's transaction. False when @p goesOn gave it up, with some of them
+ * changed. @throws dao::DaoError, naming the song, when a text outgrows the field, or two songs would have
+ * the same file in the end.
  */
-qint64 replaceInAllRows(dao::Database &database, const TextField &place, const QString &original,
-                        const QString &replacement);
-
-/** @throws dao::DaoError 3163 when the text is longer than the field. */
-void assertFits(dao::Database &database, const TextField &place, const QString &text);
-
-/** Runs a change; where it fails half-way, the list shows what was changed before the error goes on. */
-void changing(DataControl &list, const std::function<void()> &change);
+[[nodiscard]] bool changeTexts(dao::Database &database, const TextChange &change, const dao::GoesOn &goesOn);
 
 } // namespace quaverly

@@ -35,7 +35,8 @@ void frmChangeFileNamePath::Form_Load()
 void frmChangeFileNamePath::cmdOK_Click()
 {
     work(m_parts.desktop, [this] {
-        return LocationChange(m_parts).changePlayListPaths(m_ui->txtOrig->text(), m_ui->txtNew->text());
+        return LocationChange(m_parts).changePlayListPaths(
+            {.original = m_ui->txtOrig->text(), .replacement = m_ui->txtNew->text()});
     });
     m_ui->txtOrig->setText(m_ui->txtOrig->text().trimmed());
     m_ui->txtNew->setText(m_ui->txtNew->text().trimmed());

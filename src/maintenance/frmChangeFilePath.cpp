@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "maintenance/frmChangeFilePath.h"
 
+#include "catalogue/Catalogue.h"
 #include "catalogue/Options.h"
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
@@ -8,6 +9,7 @@
 #include "maintenance/LocationChange.h"
 #include "ui_frmChangeFilePath.h"
 
+#include <QCompleter>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -38,7 +40,25 @@ void frmChangeFilePath::Form_Load()
     showText(*m_ui->lblNote, m_ui->lblNote->text());
     if (m_parts.options.TabletActive)
         sizeForFingers(*this);
+    offerPlaces();
     m_ui->txtOrigPath->setFocus();
+}
+
+// What stands in the catalogue: typed from memory, it would be found in no file name.
+void frmChangeFilePath::offerPlaces()
+{
+    static_cast<void>(guarded(m_parts.desktop, windowTitle(), [this] {
+        const Hourglass hourglass(m_parts.desktop);
+        const QStringList places = musicPlaces(*m_parts.catalogue.CatalogueDb);
+        if (places.isEmpty())
+            return;
+        auto *completer = new QCompleter(places, this);
+        completer->setFilterMode(Qt::MatchContains);
+        completer->setCaseSensitivity(Qt::CaseInsensitive);
+        m_ui->txtOrigPath->setCompleter(completer);
+        m_ui->txtOrigPath->setText(places.first());
+        m_ui->txtOrigPath->selectAll();
+    }));
 }
 
 void frmChangeFilePath::cmdBrowseOrig_Click()
@@ -63,7 +83,8 @@ void frmChangeFilePath::browse(const QString &prompt, QLineEdit &box)
 void frmChangeFilePath::OKButton_Click()
 {
     work(m_parts.desktop, [this] {
-        return LocationChange(m_parts).changeFilePaths(m_ui->txtOrigPath->text(), m_ui->txtNewPath->text());
+        return LocationChange(m_parts).changeFilePaths(
+            {.original = m_ui->txtOrigPath->text(), .replacement = m_ui->txtNewPath->text()});
     });
 }
 

@@ -26,6 +26,7 @@ public:
 private:
     void wire();
     void Form_Load();
+    void offerPlaces();
     void cmdBrowseOrig_Click();
     void cmdBrowseNew_Click();
     void OKButton_Click();

@@ -257,6 +257,12 @@ TEST_F(TheDesktop, TheWaitingWindowGoesWithItsHandleOrAtAClickOrAKeyThatTypes)
     EXPECT_FALSE(handle->isClosed());
     test::key(form(), Qt::Key_A);
     EXPECT_TRUE(handle->isClosed());
+
+    handle = desktop.ShowWorkingForm(u"Report is running..."_s, u"Please wait..."_s, true);
+    EXPECT_FALSE(child<QPushButton>(*form(), u"cmdCancel"_s)->isVisible());
+    handle->offerCancel();
+    test::click(*form(), u"cmdCancel"_s);
+    EXPECT_TRUE(handle->isClosed());
 }
 
 TEST_F(TheDesktop, OneKeyboardIsStartedAtATime)

@@ -80,7 +80,8 @@ TEST_P(DisplayedIn, DeletesTheSongsThatAreShownAndNoOthers)
         EXPECT_EQ(rows(), announced) << "what is announced is on the grid";
         gone = shown();
     });
-    desktop.willAnswer(Answer::Yes, u"About to DELETE "_s + records + u'.').willSee(u"Records Deleted."_s);
+    desktop.willAnswer(Answer::Yes, u"About to DELETE "_s + records + u'.')
+        .willSee(u"choose Restore From Backup"_s);
 
     many.mnuDeleteDisplayed_Click();
 

@@ -66,7 +66,7 @@ TEST_F(FileCopy, CopiesWhatIsDisplayedOnceUnderEachName)
     EXPECT_EQ(onStick(), (QStringList{Shared, Big}));
     EXPECT_EQ(bytesOf(stick + Shared), "first") << "the list's first";
     EXPECT_EQ(bytesOf(stick + Big).size(), 300'000);
-    EXPECT_FALSE(commands.isRunning());
+    EXPECT_FALSE(busy);
 
     copyAll({done + u'0'});
     EXPECT_EQ(desktop.calls().at(3).startFolder, stick + u'/') << "remembered";

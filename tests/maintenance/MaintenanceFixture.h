@@ -57,7 +57,14 @@ public:
     bool backupWorks = true;
     /** What the user does meanwhile. */
     std::function<void()> duringBackup = [] {};
-    MaintenanceParts parts{store.catalogue(), set, screen, desktop, options, [this] {
+    bool busy = false;
+    MaintenanceParts parts{.catalogue = store.catalogue(),
+                           .set = set,
+                           .mainScreen = screen,
+                           .desktop = desktop,
+                           .options = options,
+                           .busy = busy,
+                           .beforeBulk = [this] {
                                ++backups;
                                duringBackup();
                                return backupWorks;

@@ -74,7 +74,9 @@ TEST_P(TheReplacement, CountsAsksAndChangesEveryRecord)
     question.replace(u'|', u"  Are you sure you want to "_s);
     if (found)
         desktop.willAnswer(Answer::Yes, question)
-            .willSee(given.error.isEmpty() ? u"Update completed."_s : given.error);
+            .willSee(given.error.isEmpty() ? u"Update completed.  Records changed: "_s +
+                                                 given.question.section(u'.', 0, 0).mid(4)
+                                           : given.error);
     else
         desktop.willSee(u"The text you specified was not found in the selected field in any records."_s);
 
@@ -102,15 +104,25 @@ const Replacement Replacements[] = {
     {"NotFound", u"optMisc2Desc MiscField2_Desc"_s, u"xyz"_s, u"X"_s, {}, u"a||~|b"_s, u"a||~|b"_s},
     {"DoubleQuotesAreDropped", u"optArtistName Artist"_s, u"\"a\" or \"\"=\""_s, u"\"b\""_s,
      u"is: 1.|replace this part of the selected field with  b "_s, u"a or =|\"a\"|or|~"_s, u"b|\"a\"|or|~"_s},
-    {"TooLongInOneRecordKeepsThoseBefore", u"optID ID"_s, u"1"_s, u"1234"_s,
+    {"TooLongInOneRecordChangesNone", u"optID ID"_s, u"1"_s, u"1234"_s,
      u"is: 3.|replace this part of the selected field with  1234 "_s, u"1|0123456789|21|3"_s,
-     u"1234|0123456789|21|3"_s, u"The field 'ID' is too small"_s},
+     u"1|0123456789|21|3"_s,
+     u"The field 'ID' is too small to accept the amount of data you attempted to add.\n\nSong\n/2/a.mp3\n\n"
+     "Nothing was changed."_s},
     {"TooLongForNoData", u"optID ID"_s, u"null"_s, u"12345678901"_s,
      u"is: 1.|set the selected field equal to \"12345678901\""_s, u"1|~|2|3"_s, u"1|~|2|3"_s,
      u"The field 'ID' is too small"_s},
-    {"EqualPathsKeepThoseBefore", u"optPathName PathName"_s, u"old"_s, u"new"_s,
+    {"EqualPathsChangeNone", u"optPathName PathName"_s, u"old"_s, u"new"_s,
      u"is: 3.|replace this part of the selected field with  new "_s, u"/old/a/|/old/b/|/old/c/|/new/b/"_s,
-     u"/new/a/|/old/b/|/old/c/|/new/b/"_s, u"duplicate"_s},
+     u"/old/a/|/old/b/|/old/c/|/new/b/"_s,
+     u"the same file:\n/new/b/a.mp3\n\nThis song would come to it:\nSong\n/old/b/a.mp3\n\n"
+     "This song has it already:\nSong\n/new/b/a.mp3\n\nNothing was changed."_s},
+    {"PathsThatMoveOnInARow", u"optPathName PathName"_s, u"x"_s, u"xx"_s,
+     u"is: 3.|replace this part of the selected field with  xx "_s, u"/x/|/xx/|/xxxx/|/y/"_s,
+     u"/xx/|/xxxx/|/xxxxxxxx/|/y/"_s},
+    {"PathsEmptied", u"optPathName PathName"_s, u"/a"_s, u"null"_s,
+     u"is: 2.|remove the data from the selected field"_s, u"/a/|/ab/|/b/"_s, u"/a/|/ab/|/b/"_s,
+     u"Nothing was changed."_s},
 };
 
 INSTANTIATE_TEST_SUITE_P(Cases, TheReplacement, ::testing::ValuesIn(Replacements),
@@ -134,7 +146,7 @@ TEST_F(Replacing, EveryOptionChangesItsOwnField)
             EXPECT_FALSE(other->isChecked());
         press(option.section(u' ', 0, 0));
         enter(u"b"_s, u"c"_s);
-        desktop.willAnswer(Answer::Yes).willSee(u"Update completed."_s);
+        desktop.willAnswer(Answer::Yes).willSee(u"Update completed.  Records changed: 1"_s);
         press(u"cmdOK"_s);
         EXPECT_EQ(store.valueOf(u"Select "_s + option.section(u' ', 1) + u" From tblContacts"_s), u"ac"_s);
     }

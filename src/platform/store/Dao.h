@@ -26,6 +26,7 @@ namespace dao {
 class Database;
 class DatabaseImpl;
 class ReadProbe;
+class ReadRows;
 class RecordsetImpl;
 class Workspace;
 
@@ -173,16 +174,22 @@ public:
 private:
     friend class Database;
     friend class DatabaseImpl;
+    friend class Transaction;
     DatabaseImpl *m_database = nullptr;
     int m_depth = 0;
+    /** Scopes of Transaction that are open. */
+    int m_scopes = 0;
     QMetaObject::Connection m_settler;
 };
 
-/** A transaction for the length of a scope: rolled back unless committed. */
+/**
+ * A transaction for the length of a scope: rolled back unless committed. Events that run meanwhile, a box
+ * that waits for its answer too, leave it whole.
+ */
 class Transaction final
 {
 public:
-    explicit Transaction(Workspace &workspace) : m_workspace(workspace) { m_workspace.BeginTrans(); }
+    explicit Transaction(Workspace &workspace);
     ~Transaction();
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;
@@ -212,6 +219,8 @@ public:
     /** @p source is a table, a stored query or one SELECT. A bare table opens as Table unless told. */
     [[nodiscard]] std::unique_ptr<Recordset> OpenRecordset(const QString &source);
     [[nodiscard]] std::unique_ptr<Recordset> OpenRecordset(const QString &source, RecordsetType type);
+    /** A dynaset whose rows a probe has read for the same statement a moment ago. */
+    [[nodiscard]] std::unique_ptr<Recordset> OpenRecordset(const QString &source, ReadRows rows);
 
     /** Runs an action statement or a stored action query; all of it or nothing. */
     void Execute(const QString &sql);

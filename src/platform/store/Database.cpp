@@ -49,6 +49,8 @@ void Workspace::BeginTrans()
     // What a command leaves pending must not hang on what the user does next.
     if (auto *dispatcher = QAbstractEventDispatcher::instance(); dispatcher != nullptr && !m_settler) {
         m_settler = QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, dispatcher, [this] {
+            if (m_scopes > 0)
+                return;
             try {
                 settle();
             } catch (const DaoError &e) {
@@ -89,10 +91,17 @@ void Workspace::settle()
         m_database->commitPhysically();
 }
 
+Transaction::Transaction(Workspace &workspace) : m_workspace(workspace)
+{
+    m_workspace.BeginTrans();
+    ++m_workspace.m_scopes;
+}
+
 Transaction::~Transaction()
 {
     if (!m_open)
         return;
+    --m_workspace.m_scopes;
     try {
         m_workspace.Rollback();
     } catch (const std::exception &) {
@@ -103,6 +112,7 @@ Transaction::~Transaction()
 void Transaction::commit()
 {
     m_open = false;
+    --m_workspace.m_scopes;
     m_workspace.CommitTrans();
 }
 
@@ -155,6 +165,15 @@ std::unique_ptr<Recordset> Database::OpenRecordset(const QString &source, Record
         throw DaoError(InvalidOperation, u"Invalid operation: only a table opens as a table."_s);
     return std::make_unique<Recordset>(
         std::make_unique<RecordsetImpl>(*m_impl, planSelect(*statement.select, *m_impl), type));
+}
+
+std::unique_ptr<Recordset> Database::OpenRecordset(const QString &source, ReadRows rows)
+{
+    const ast::Statement statement = selectOf(source, *m_impl);
+    auto impl = std::make_unique<RecordsetImpl>(*m_impl, planSelect(*statement.select, *m_impl),
+                                                RecordsetType::Dynaset);
+    impl->adoptRows(std::move(*rows.m_rows));
+    return std::make_unique<Recordset>(std::move(impl));
 }
 
 void Database::Execute(const QString &sql)

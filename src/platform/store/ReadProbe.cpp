@@ -43,18 +43,38 @@ private:
     sqlite3 *m_db;
 };
 
-QByteArray countStatement(const QString &select, const NameCatalogue &names)
+SelectPlan planOf(const QString &select, const NameCatalogue &names)
 {
     const ast::Statement statement = parseStatement(select);
     if (statement.kind != ast::Statement::Kind::Select)
-        throw DaoError(InvalidOperation, u"Invalid operation: only a query that selects rows has a count."_s);
-    const SelectPlan plan = planSelect(*statement.select, names);
-    QByteArray columns = plan.key;
-    if (!plan.isKeyed()) {
-        for (const Output &output : plan.outputs)
-            columns += (columns.isEmpty() ? "" : ", ") + output.sql;
-    }
+        throw DaoError(InvalidOperation, u"Invalid operation: only a query that selects rows can be read."_s);
+    return planSelect(*statement.select, names);
+}
+
+QByteArray countStatement(const SelectPlan &plan)
+{
+    const QByteArray columns = plan.readColumns(plan.isKeyed() ? QList<int>() : plan.computedOutputs());
     return "SELECT count(*) FROM (" + plan.sql(columns, {}, false) + ')';
+}
+
+/** Throws at the first name that stands where something true or false is wanted. */
+void requireComparison(const ast::Expr &condition)
+{
+    switch (condition.kind) {
+    case ast::ExprKind::AndOr:
+    case ast::ExprKind::Not:
+        for (const ast::ExprPtr &term : condition.args)
+            requireComparison(*term);
+        return;
+    case ast::ExprKind::Name:
+        throw DaoError(
+            SyntaxError,
+            u"Syntax error (missing comparison) in query expression at character %1, behind '%2'."_s
+                .arg(condition.position + 1)
+                .arg(condition.text));
+    default:
+        return;
+    }
 }
 
 } // namespace
@@ -66,21 +86,43 @@ ProbeConnection::ProbeConnection(std::unique_ptr<Connection> connection, LoadedN
     sqlite3_busy_timeout(m_connection->handle(), 0);
 }
 
-std::optional<qint64> ProbeConnection::count(const QString &select, const std::stop_token &stop)
+template <typename Result>
+std::optional<Result> ProbeConnection::stoppable(const std::stop_token &stop,
+                                                 const std::function<Result(Connection &)> &work)
 {
     const std::scoped_lock lock(m_mutex);
     Stops stops{stop, m_closing};
     if (stops.requested())
         return std::nullopt;
-    const QByteArray sql = countStatement(select, m_names);
     const Stoppable stoppable(m_connection->handle(), stops);
     try {
-        return m_connection->scalar(sql).toLongLong();
+        return work(*m_connection);
     } catch (const DaoError &) {
         if (stops.requested())
             return std::nullopt;
         throw;
     }
+}
+
+std::optional<qint64> ProbeConnection::count(const QString &select, const std::stop_token &stop)
+{
+    return stoppable<qint64>(stop, [&](Connection &connection) {
+        return connection.scalar(countStatement(planOf(select, m_names))).toLongLong();
+    });
+}
+
+std::optional<RowSet> ProbeConnection::rows(const QString &select, const std::stop_token &stop)
+{
+    return stoppable<RowSet>(stop, [&](Connection &connection) {
+        const SelectPlan plan = planOf(select, m_names);
+        const QList<int> held = plan.computedOutputs();
+        RowSet read;
+        read.held.resize(static_cast<std::size_t>(held.size()));
+        Statement row = connection.prepare(plan.sql(plan.readColumns(held)));
+        while (row.step())
+            read.append(row, plan.isKeyed());
+        return read;
+    });
 }
 
 void ProbeConnection::close()
@@ -100,9 +142,29 @@ std::optional<qint64> ReadProbe::count(const QString &select, const std::stop_to
     return m_connection->count(select, stop);
 }
 
+std::optional<ReadRows> ReadProbe::rows(const QString &select, const std::stop_token &stop)
+{
+    auto read = m_connection->rows(select, stop);
+    if (!read)
+        return std::nullopt;
+    return ReadRows(std::make_unique<RowSet>(std::move(*read)));
+}
+
 void ReadProbe::checkSyntax(const QString &condition)
 {
     static_cast<void>(parseCriteria(condition));
 }
+
+void ReadProbe::checkComparisons(const QString &condition)
+{
+    requireComparison(*parseCriteria(condition));
+}
+
+ReadRows::ReadRows(std::unique_ptr<RowSet> rows) : m_rows(std::move(rows))
+{}
+
+ReadRows::~ReadRows() = default;
+ReadRows::ReadRows(ReadRows &&) noexcept = default;
+ReadRows &ReadRows::operator=(ReadRows &&) noexcept = default;
 
 } // namespace dao

@@ -12,7 +12,7 @@ using Place = RecordsetImpl::Place;
 Recordset::Recordset(std::unique_ptr<RecordsetImpl> impl) : m_impl(std::move(impl))
 {
     if (m_impl->type != RecordsetType::Table)
-        m_impl->loadRows();
+        m_impl->ensureRows();
 }
 
 Recordset::~Recordset() = default;

@@ -32,6 +32,17 @@ RecordsetImpl::RecordsetImpl(DatabaseImpl &db, SelectPlan plan, RecordsetType re
 void RecordsetImpl::loadRows()
 {
     rows.load();
+    standAtStart();
+}
+
+void RecordsetImpl::adoptRows(RowSet read)
+{
+    rows.adopt(std::move(read));
+    standAtStart();
+}
+
+void RecordsetImpl::standAtStart()
+{
     m_loaded = true;
     m_looked = true;
     m_loadedChanges = database.connection().totalChanges();

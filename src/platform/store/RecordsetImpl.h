@@ -18,6 +18,8 @@ public:
     RecordsetRows(DatabaseImpl &database, SelectPlan plan, RecordsetType type);
 
     void load();
+    /** Takes rows that were read elsewhere. */
+    void adopt(RowSet rows);
     /** Gives back what an open recordset holds on to. */
     void release();
     [[nodiscard]] const QList<Field> &fields() const { return m_fields; }
@@ -59,6 +61,7 @@ private:
     [[nodiscard]] Statement reading(const QList<int> &fields, bool walks) const;
     [[nodiscard]] Connection &connection() const { return m_reader ? *m_reader : m_database.connection(); }
     void chooseColumns();
+    void forgetRows();
     void leaveRestForLater(Statement rows);
     /** Reads what the opening left for later. */
     void completeKeys() const;
@@ -78,11 +81,9 @@ private:
     QList<int> m_places;
     QStringList m_baseFields;
     QList<int> m_heldOutputs;
-    mutable KeySet m_keys;
+    mutable RowSet m_set;
     /** While not all keys have been asked for. */
     mutable std::shared_ptr<KeyWalk> m_walk;
-    std::vector<RunColumn> m_held;
-    qint64 m_count = 0;
     quint64 m_openedAt = 0;
     mutable Statement m_fetch;
     mutable QCache<qint64, QVariantList> m_cache{1024};
@@ -120,6 +121,7 @@ public:
 
     void ensureRows();
     void loadRows();
+    void adoptRows(RowSet read);
     [[nodiscard]] qint64 count();
     /** In front of the first row or behind the last one; both without rows. Walks no table. */
     [[nodiscard]] bool isAt(Place end);
@@ -159,6 +161,7 @@ private:
     [[nodiscard]] Statement &updateStatement();
     /** The fields that the buffer fills. */
     const std::vector<int> &writtenFields();
+    void standAtStart();
     void insertRow();
     void updateRow();
     void prepareSeek(const QString &comparison, qsizetype columns);

@@ -54,45 +54,48 @@ void RecordsetRows::chooseColumns()
     }
 }
 
-void RecordsetRows::load()
+void RecordsetRows::forgetRows()
 {
     m_fetch = Statement();
     m_reader.reset();
+    m_walk.reset();
+    m_set = {};
+    m_cache.clear();
+    m_openedAt = m_database.stamp();
+}
+
+void RecordsetRows::load()
+{
+    forgetRows();
     if (m_type == RecordsetType::Snapshot) {
         m_reader = m_database.frozenReader();
         m_holdAll = m_reader == nullptr;
     }
     chooseColumns();
-    m_walk.reset();
-    m_keys.clear();
-    m_held.assign(static_cast<std::size_t>(m_heldOutputs.size()), RunColumn());
-    m_count = 0;
-    m_cache.clear();
-    m_openedAt = m_database.stamp();
-    QByteArray columns = m_plan.isKeyed() ? m_plan.key : QByteArray();
-    for (const int output : m_heldOutputs)
-        columns += (columns.isEmpty() ? "" : ", ") + m_plan.outputs[output].sql;
-    Statement rows = connection().prepare(m_plan.sql(columns));
-    const int first = m_plan.isKeyed() ? 1 : 0;
+    m_set.held.resize(static_cast<std::size_t>(m_heldOutputs.size()));
+    Statement rows = connection().prepare(m_plan.sql(m_plan.readColumns(m_heldOutputs)));
     const bool mayWait =
         m_type == RecordsetType::Dynaset && m_heldOutputs.isEmpty() && m_plan.showsWholeTable();
     while (rows.step()) {
-        if (m_plan.isKeyed())
-            m_keys.append(rows.integer(0));
-        for (int i = 0; i < m_heldOutputs.size(); ++i)
-            m_held[static_cast<std::size_t>(i)].append(rows.variant(first + i));
-        ++m_count;
-        if (mayWait && m_count == FirstKeys)
+        m_set.append(rows, m_plan.isKeyed());
+        if (mayWait && m_set.count == FirstKeys)
             return leaveRestForLater(std::move(rows));
     }
-    m_keys.finish();
+    m_set.keys.finish();
+}
+
+void RecordsetRows::adopt(RowSet rows)
+{
+    forgetRows();
+    m_set = std::move(rows);
+    m_set.keys.finish();
 }
 
 void RecordsetRows::leaveRestForLater(Statement rows)
 {
     const qint64 total =
         connection().scalar("SELECT count(*) FROM " + quotedName(m_plan.baseTable)).toLongLong();
-    m_walk = std::make_shared<KeyWalk>(std::move(rows), m_keys, total);
+    m_walk = std::make_shared<KeyWalk>(std::move(rows), m_set.keys, total);
     m_database.walks().add(m_walk);
 }
 
@@ -109,32 +112,32 @@ qint64 RecordsetRows::count() const
 {
     if (m_walk)
         return m_walk->total();
-    return m_plan.isKeyed() ? m_keys.size() : m_count;
+    return m_plan.isKeyed() ? m_set.keys.size() : m_set.count;
 }
 
 qint64 RecordsetRows::keyAt(qint64 position) const
 {
-    if (position >= m_keys.size())
+    if (position >= m_set.keys.size())
         completeKeys();
-    return m_keys.at(position);
+    return m_set.keys.at(position);
 }
 
 qint64 RecordsetRows::positionOf(qint64 key) const
 {
     if (m_walk) {
-        for (qint64 i = 0; i < std::min(m_keys.size(), FirstKeys); ++i) {
-            if (m_keys.at(i) == key)
+        for (qint64 i = 0; i < std::min(m_set.keys.size(), FirstKeys); ++i) {
+            if (m_set.keys.at(i) == key)
                 return i;
         }
     }
     completeKeys();
-    return m_keys.positionOf(key);
+    return m_set.keys.positionOf(key);
 }
 
 void RecordsetRows::appendKey(qint64 key)
 {
     completeKeys();
-    m_keys.append(key);
+    m_set.keys.append(key);
 }
 
 void RecordsetRows::release()
@@ -142,17 +145,17 @@ void RecordsetRows::release()
     m_fetch = Statement();
     m_reader.reset();
     m_walk.reset();
-    m_keys.clear();
+    m_set.keys.clear();
     m_cache.clear();
 }
 
 void RecordsetRows::remove(qint64 position)
 {
     completeKeys();
-    m_keys.remove(position);
-    for (RunColumn &column : m_held)
+    m_set.keys.remove(position);
+    for (RunColumn &column : m_set.held)
         column.remove(position);
-    --m_count;
+    --m_set.count;
 }
 
 QVariant RecordsetRows::typed(const QVariant &stored, FieldType type)
@@ -207,7 +210,7 @@ QVariant RecordsetRows::value(qint64 position, int field) const
 {
     const int place = m_places[field];
     if (place < 0)
-        return typed(m_held[static_cast<std::size_t>(-1 - place)].at(position), m_fields[field].type);
+        return typed(m_set.held[static_cast<std::size_t>(-1 - place)].at(position), m_fields[field].type);
     return storedValue(keyAt(position), field);
 }
 
@@ -297,14 +300,14 @@ std::vector<qint64> RecordsetRows::findKeyed(const QString &criteria, bool first
     if (firstOnly && inOrder) {
         Statement rows = connection().prepare(plan.sql(plan.key, planned.sql));
         while (positions.empty() && rows.step()) {
-            if (const qint64 position = m_keys.positionOf(rows.integer(0)); position >= 0)
+            if (const qint64 position = m_set.keys.positionOf(rows.integer(0)); position >= 0)
                 positions.push_back(position);
         }
         return positions;
     }
     Statement rows = connection().prepare(plan.sql(plan.key, planned.sql, false, inOrder));
     while (rows.step()) {
-        if (const qint64 position = m_keys.positionOf(rows.integer(0)); position >= 0)
+        if (const qint64 position = m_set.keys.positionOf(rows.integer(0)); position >= 0)
             positions.push_back(position);
     }
     std::ranges::sort(positions);
@@ -330,7 +333,7 @@ std::vector<qint64> RecordsetRows::findComputed(const QString &criteria) const
         ")) AS " + quotedName(alias) + " WHERE " + planned.sql + " ORDER BY 1");
     std::vector<qint64> positions;
     while (rows.step()) {
-        if (rows.integer(0) < m_count)
+        if (rows.integer(0) < m_set.count)
             positions.push_back(rows.integer(0));
     }
     return positions;

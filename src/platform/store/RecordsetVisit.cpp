@@ -84,7 +84,7 @@ void RecordsetRows::visit(const QList<int> &fields, const RowVisitor &visitor) c
         for (std::size_t i = 0; i < texts.size(); ++i) {
             const int place = m_places[fields[static_cast<qsizetype>(i)]];
             if (place < 0)
-                held[i] = m_held[static_cast<std::size_t>(-1 - place)].at(row).toString().toUtf8();
+                held[i] = m_set.held[static_cast<std::size_t>(-1 - place)].at(row).toString().toUtf8();
             texts[i] = place < 0 ? QByteArrayView(held[i]) : fetch.utf8(++column);
         }
         visitor(row, texts);

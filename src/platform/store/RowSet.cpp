@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/store/RowSet.h"
 
+#include "platform/store/Sqlite.h"
+
 #include <algorithm>
 #include <limits>
 #include <numeric>
@@ -94,6 +96,16 @@ qint64 KeySet::positionOf(qint64 key) const
     const auto found = std::lower_bound(m_places.begin(), m_places.end(), key,
                                         [this](quint32 p, qint64 k) { return m_keys[p] < k; });
     return found == m_places.end() || m_keys[*found] != key ? -1 : *found;
+}
+
+void RowSet::append(const Statement &row, bool keyed)
+{
+    int column = 0;
+    if (keyed)
+        keys.append(row.integer(column++));
+    for (RunColumn &each : held)
+        each.append(row.variant(column++));
+    ++count;
 }
 
 } // namespace dao

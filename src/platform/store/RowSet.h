@@ -7,6 +7,8 @@
 
 namespace dao {
 
+class Statement;
+
 /** A column kept in memory: equal neighbours are stored once, as they come in groups. */
 class RunColumn
 {
@@ -48,6 +50,18 @@ private:
     mutable qint64 m_lowest = 0;
     mutable bool m_direct = false;
     mutable bool m_built = false;
+};
+
+/** What the opening of a statement reads of its rows. */
+struct RowSet
+{
+    KeySet keys;
+    /** The columns that no key leads back to. */
+    std::vector<RunColumn> held;
+    qint64 count = 0;
+
+    /** A row of the columns that SelectPlan::readColumns() names. */
+    void append(const Statement &row, bool keyed);
 };
 
 } // namespace dao

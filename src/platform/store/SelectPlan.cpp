@@ -24,6 +24,24 @@ bool SelectPlan::isBaseField(const Output &output) const
            output.column.table.compare(baseTable, Qt::CaseInsensitive) == 0;
 }
 
+QByteArray SelectPlan::readColumns(const QList<int> &held) const
+{
+    QByteArray list = key;
+    for (const int output : held)
+        list += (list.isEmpty() ? "" : ", ") + outputs[output].sql;
+    return list;
+}
+
+QList<int> SelectPlan::computedOutputs() const
+{
+    QList<int> computed;
+    for (int i = 0; i < outputs.size(); ++i) {
+        if (!isBaseField(outputs[i]))
+            computed.append(i);
+    }
+    return computed;
+}
+
 QByteArray SelectPlan::sql(const QByteArray &columns, const QByteArray &extraWhere, bool ordered,
                            bool restricted) const
 {

@@ -47,6 +47,10 @@ struct SelectPlan
     [[nodiscard]] bool showsWholeTable() const;
     /** True when a row of the base table alone gives that output. */
     [[nodiscard]] bool isBaseField(const Output &output) const;
+    /** What its rows are read by: the key, if there is one, and the outputs of those places. */
+    [[nodiscard]] QByteArray readColumns(const QList<int> &held) const;
+    /** Places of the outputs that no row of the base table gives. */
+    [[nodiscard]] QList<int> computedOutputs() const;
 
     /** "SELECT columns FROM ..." with everything else behind it; `extraWhere` joins the restrictions. */
     [[nodiscard]] QByteArray sql(const QByteArray &columns, const QByteArray &extraWhere = {},

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "maintenance/MaintenanceParts.h"
+#include "platform/store/Dao.h"
+
+#include <QString>
+
+namespace quaverly {
+
+class WorkingWindow;
+
+/**
+ * The frame of a change over many songs, between the user's last Yes and the box that tells the result: a
+ * copy of the catalogue, a wait window with a bar and Cancel, and one transaction, so that all of it is done
+ * or nothing.
+ */
+class BulkChange final
+{
+public:
+    explicit BulkChange(const MaintenanceParts &parts) : m_parts(parts) {}
+
+    struct Work
+    {
+        /** Caption of the wait window. */
+        QString caption;
+        /** Asks the function that it is given often; false once that said so. */
+        std::function<bool(const dao::GoesOn &)> change;
+        /** Brings the screen up to date, while the window still stands. */
+        std::function<void()> showResult;
+    };
+
+    /**
+     * True when the change was made. False when no copy could be made, or the user stopped it, which is told.
+     * @throws dao::DaoError, which says so, with nothing changed.
+     */
+    [[nodiscard]] bool run(const Work &work);
+
+private:
+    enum class End { NotBegun, Stopped, Done };
+    [[nodiscard]] End begin(const Work &work);
+    [[nodiscard]] bool change(const Work &work, WorkingWindow &wait);
+    void showWhatIsStored();
+
+    MaintenanceParts m_parts;
+};
+
+/** Tells whoever deleted songs how they come back. */
+[[nodiscard]] QString waysBack();
+
+/**
+ * Takes the songs of these rows out of the catalogue, whatever their statement would find by now. False when
+ * @p goesOn gave it up, with some of them gone. @throws dao::DaoError.
+ */
+[[nodiscard]] bool deleteSongs(dao::Database &database, dao::Recordset &songs, const dao::GoesOn &goesOn);
+
+} // namespace quaverly
