@@ -130,7 +130,7 @@ TEST_F(Duplicates, StaysInTheViewWhenASongIsDeletedByHand)
         (commands.*view)();
         ASSERT_TRUE(data().findRecord(song));
         desktop.willAnswer(Answer::Yes, u"Are you sure you want to delete this record?"_s);
-        listCommands.cmdDelete_Click([] {});
+        listCommands.cmdDelete_Click();
     };
     deleteIn(&DuplicateCommands::mnuShowDuplicates_Click, 8);
     EXPECT_EQ(keys(), u"9 11"_s);
