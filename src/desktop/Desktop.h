@@ -9,8 +9,6 @@
 #include <optional>
 
 class QImage;
-class QPrinter;
-
 class QPagedPaintDevice;
 
 namespace quaverly {
@@ -107,14 +105,10 @@ public:
         return {};
     }
 
-    /** Which printer, how many copies, what paper. False on cancel, and without any printer. */
-    virtual bool ShowPrint(QPrinter & /*printer*/) { return false; }
-
     /** Whether the clipboard holds a picture; asked often, so it is not read. */
     [[nodiscard]] virtual bool isPictureOnClipboard() { return false; }
     /** The picture on the clipboard; false, and @p picture as it was, when there is none. */
     virtual bool takeFromClipboard(QImage & /*picture*/) { return false; }
-    virtual void putOnClipboard(const QImage & /*picture*/) {}
 
     /** The folder chosen, with a trailing separator, or the empty text on cancel. */
     virtual QString BrowseForFolder(const QString &prompt, const QString &title,
@@ -144,6 +138,12 @@ public:
      * next dialog starts with what was chosen.
      */
     [[nodiscard]] virtual std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() { return nullptr; }
+
+    /** Shows what @p draw puts on the pages; it may be called again, for other paper or the printer itself.
+     */
+    virtual void ShowPrintPreview(const QString & /*title*/,
+                                  const std::function<void(QPagedPaintDevice &)> & /*draw*/)
+    {}
 
     /** Opens an address with the program that the desktop has for it; false when there is none. */
     virtual bool OpenUrl(const QUrl &url) = 0;

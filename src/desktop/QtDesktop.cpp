@@ -25,7 +25,9 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -38,6 +40,7 @@ namespace {
 constexpr qint64 EventPeriodMs = 50;
 /** How long a new window may take until the display shows it. */
 constexpr int FirstShowMs = 200;
+constexpr QSize PreviewSize(900, 820);
 constexpr char WaitedFor[] = "quaverly_waitedFor";
 
 /** The window that a dialog belongs to; a window that may go away meanwhile passes it on to its owner. */
@@ -283,16 +286,6 @@ std::optional<FontChoice> QtDesktop::ShowFont(const QString &title, const FontCh
                       ShowColor(start.color).value_or(start.color)};
 }
 
-bool QtDesktop::ShowPrint(QPrinter &printer)
-{
-    const PlainPointer pointer;
-    QPrintDialog dialog(&printer, ownerOfDialogs());
-    arrangeButtons(dialog);
-    if (m_tabletActive)
-        sizeForFingers(dialog);
-    return dialog.exec() == QDialog::Accepted;
-}
-
 bool QtDesktop::isPictureOnClipboard()
 {
     const QMimeData *held = QGuiApplication::clipboard()->mimeData();
@@ -306,11 +299,6 @@ bool QtDesktop::takeFromClipboard(QImage &picture)
         return false;
     picture = qvariant_cast<QImage>(held->imageData());
     return !picture.isNull();
-}
-
-void QtDesktop::putOnClipboard(const QImage &picture)
-{
-    QGuiApplication::clipboard()->setImage(picture);
 }
 
 QString QtDesktop::BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder)
@@ -357,13 +345,35 @@ bool QtDesktop::ShowKeyboard()
     return m_keyboard.show();
 }
 
-std::shared_ptr<QPagedPaintDevice> QtDesktop::ShowPrinterDialog()
+QPrinter &QtDesktop::printer()
 {
     if (!m_printer)
         m_printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    if (!ShowPrint(*m_printer))
-        return nullptr;
-    return m_printer;
+    return *m_printer;
+}
+
+std::shared_ptr<QPagedPaintDevice> QtDesktop::ShowPrinterDialog()
+{
+    const PlainPointer pointer;
+    QPrintDialog dialog(&printer(), ownerOfDialogs());
+    dialog.setOption(QAbstractPrintDialog::PrintCurrentPage, false);
+    arrangeButtons(dialog);
+    if (m_tabletActive)
+        sizeForFingers(dialog);
+    return dialog.exec() == QDialog::Accepted ? m_printer : nullptr;
+}
+
+void QtDesktop::ShowPrintPreview(const QString &title, const std::function<void(QPagedPaintDevice &)> &draw)
+{
+    const PlainPointer pointer;
+    QPrintPreviewDialog dialog(&printer(), ownerOfDialogs());
+    dialog.setWindowTitle(title);
+    dialog.resize(PreviewSize.boundedTo(dialog.screen()->availableSize()));
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                     [&draw](QPrinter *device) { draw(*device); });
+    if (m_tabletActive)
+        sizeForFingers(dialog);
+    dialog.exec();
 }
 
 bool QtDesktop::OpenUrl(const QUrl &url)

@@ -35,10 +35,8 @@ public:
     std::optional<QString> ShowSaveDialog(const FileQuestion &question) override;
     std::optional<quint32> ShowColor(quint32 start) override;
     std::optional<FontChoice> ShowFont(const QString &title, const FontChoice &start) override;
-    bool ShowPrint(QPrinter &printer) override;
     bool isPictureOnClipboard() override;
     bool takeFromClipboard(QImage &picture) override;
-    void putOnClipboard(const QImage &picture) override;
     QString BrowseForFolder(const QString &prompt, const QString &title, const QString &startFolder) override;
     std::unique_ptr<WorkingWindow> ShowWorkingForm(const QString &caption, const QString &msg,
                                                    bool withBar) override;
@@ -46,6 +44,8 @@ public:
     bool ShowKeyboard() override;
     bool isTabletWithoutMouse() override;
     std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() override;
+    void ShowPrintPreview(const QString &title,
+                          const std::function<void(QPagedPaintDevice &)> &draw) override;
     bool OpenUrl(const QUrl &url) override;
     void setHourglass(bool on) override;
     void resetPointer() override;
@@ -53,6 +53,8 @@ public:
     bool inputWaiting() override;
 
 private:
+    [[nodiscard]] QPrinter &printer();
+
     OptionsStore &m_options;
     OnScreenKeyboard m_keyboard;
     /** Null until a printer was asked for. */

@@ -5,6 +5,7 @@
 #include "desktop/ColorNumber.h"
 #include "desktop/Desktop.h"
 #include "desktop/Guard.h"
+#include "desktop/Printing.h"
 #include "desktop/ScreenLook.h"
 #include "notes/NoteText.h"
 #include "platform/richtext/RichText.h"
@@ -58,6 +59,8 @@ void MemoForm::wire()
     connect(m_ui->cmdFind, &QPushButton::clicked, this, &MemoForm::cmdFind_Click);
     connect(m_ui->cmdFindNext, &QPushButton::clicked, this, &MemoForm::cmdFindNext_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &MemoForm::cmdCancel_Click);
+    connect(m_ui->cmdPreview, &QPushButton::clicked, this, &MemoForm::cmdPreview_Click);
+    connect(m_ui->cmdPrint, &QPushButton::clicked, this, &MemoForm::cmdPrint_Click);
     connect(m_ui->cmdExit, &QPushButton::clicked, this, &MemoForm::cmdExit_Click);
     connect(m_ui->cmdFontColor, &QPushButton::clicked, this, &MemoForm::cmdFontColor_Click);
     connect(m_ui->cmdPicture, &QPushButton::clicked, this, &MemoForm::cmdPicture_Click);
@@ -133,7 +136,8 @@ void MemoForm::showNote(const QString &title)
         title.isEmpty() ? u"No note is open.  Choose one, or click Add New Note."_s : QString());
     for (QWidget *control : std::initializer_list<QWidget *>{
              m_ui->txtNotes, m_ui->cmbTitle, m_ui->cmdDelete, m_ui->cmdFind, m_ui->cmdFindNext, m_ui->chkBold,
-             m_ui->chkItalic, m_ui->chkUnderline, m_ui->cmdFontColor, m_ui->cmdPicture})
+             m_ui->chkItalic, m_ui->chkUnderline, m_ui->cmdFontColor, m_ui->cmdPicture, m_ui->cmdPreview,
+             m_ui->cmdPrint})
         control->setEnabled(!title.isEmpty());
     showFormat(m_ui->txtNotes->currentCharFormat());
 }
@@ -413,6 +417,16 @@ void MemoForm::cmdPicture_Click()
                                  windowTitle(), Icon::Exclamation);
         m_ui->txtNotes->setFocus();
     });
+}
+
+void MemoForm::cmdPreview_Click()
+{
+    handle([this] { previewDocument(m_desktop, u"Print Preview"_s, *m_ui->txtNotes->document(), {}); });
+}
+
+void MemoForm::cmdPrint_Click()
+{
+    handle([this] { printDocument(m_desktop, *m_ui->txtNotes->document(), {}); });
 }
 
 void MemoForm::ImageKeyboard_Click()

@@ -51,6 +51,8 @@ private:
     void cmdFindNext_Click();
     void cmdCancel_Click();
     void cmdExit_Click();
+    void cmdPreview_Click();
+    void cmdPrint_Click();
     void cmdFontColor_Click();
     void cmdPicture_Click();
     void ImageKeyboard_Click();

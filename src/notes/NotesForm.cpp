@@ -4,6 +4,7 @@
 #include "catalogue/Options.h"
 #include "desktop/Desktop.h"
 #include "desktop/Guard.h"
+#include "desktop/Printing.h"
 #include "desktop/ScreenLook.h"
 #include "notes/NotesPlace.h"
 #include "ui_NotesForm.h"
@@ -30,6 +31,8 @@ void NotesForm::wire()
 {
     connect(m_ui->cmdFind, &QPushButton::clicked, this, &NotesForm::cmdFind_Click);
     connect(m_ui->cmdFindNext, &QPushButton::clicked, this, &NotesForm::cmdFindNext_Click);
+    connect(m_ui->cmdPreview, &QPushButton::clicked, this, &NotesForm::cmdPreview_Click);
+    connect(m_ui->cmdPrint, &QPushButton::clicked, this, &NotesForm::cmdPrint_Click);
     connect(m_ui->cmdExit, &QPushButton::clicked, this, &NotesForm::cmdExit_Click);
     connect(m_ui->ImageKeyboard, &QPushButton::clicked, this, &NotesForm::ImageKeyboard_Click);
 }
@@ -82,6 +85,16 @@ void NotesForm::select(const std::optional<QTextCursor> &hit)
 void NotesForm::cmdExit_Click()
 {
     accept();
+}
+
+void NotesForm::cmdPreview_Click()
+{
+    handle([this] { previewDocument(m_desktop, u"Print Preview"_s, *m_ui->txtNotes->document(), {}); });
+}
+
+void NotesForm::cmdPrint_Click()
+{
+    handle([this] { printDocument(m_desktop, *m_ui->txtNotes->document(), {}); });
 }
 
 void NotesForm::ImageKeyboard_Click()

@@ -40,6 +40,8 @@ private:
     void cmdFind_Click();
     void cmdFindNext_Click();
     void cmdExit_Click();
+    void cmdPreview_Click();
+    void cmdPrint_Click();
     void ImageKeyboard_Click();
     void select(const std::optional<QTextCursor> &hit);
     /** Runs a handler; whatever it throws is shown under the screen's title. */

@@ -3,15 +3,14 @@
 
 #include "catalogue/Options.h"
 #include "desktop/Guard.h"
+#include "desktop/Printing.h"
 #include "desktop/ScreenLook.h"
 #include "platform/richtext/RichText.h"
-#include "reports/PrintRichText.h"
 #include "reports/ReportViewer.h"
 #include "ui_RichTextForm.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QPagedPaintDevice>
 #include <QScreen>
 #include <QTextDocument>
 #include <QWindow>
@@ -26,6 +25,8 @@ constexpr QSize FirstSize(820, 720);
 constexpr int NarrowScreen = 800;
 /** Half an inch: what a report's pages are made for. */
 constexpr int PageMarginTwips = 720;
+constexpr richtext::PrintMargins PageMargins{PageMarginTwips, PageMarginTwips, PageMarginTwips,
+                                             PageMarginTwips};
 
 QString saveQuestion(bool stats)
 {
@@ -56,6 +57,7 @@ void RichTextForm::wire()
 {
     connect(m_ui->cmdLock, &QPushButton::clicked, this, &RichTextForm::cmdLock_Click);
     connect(m_ui->cmdSave, &QPushButton::clicked, this, &RichTextForm::cmdSave_Click);
+    connect(m_ui->cmdPreview, &QPushButton::clicked, this, &RichTextForm::cmdPreview_Click);
     connect(m_ui->cmdPrint, &QPushButton::clicked, this, &RichTextForm::cmdPrint_Click);
     connect(m_ui->cmdClose, &QPushButton::clicked, this, &RichTextForm::cmdClose_Click);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &RichTextForm::windowFocused);
@@ -138,16 +140,17 @@ void RichTextForm::save()
     m_desktop.MessageBox(u"File "_s + *name + u" Saved"_s, windowTitle());
 }
 
-// Any other report than "Stats" ends with the dialog: its way to paper is the saved file. Meant so.
-void RichTextForm::cmdPrint_Click()
+void RichTextForm::cmdPreview_Click()
 {
     guarded(m_desktop, windowTitle(), [this] {
-        const std::shared_ptr<QPagedPaintDevice> printer = m_desktop.ShowPrinterDialog();
-        if (!printer || m_state.ReportKind != "Stats"_L1)
-            return;
-        const Hourglass hourglass(m_desktop);
-        PrintRichText(*m_ui->RichTextBox->document(), *printer, {});
+        previewDocument(m_desktop, u"Print Preview"_s, *m_ui->RichTextBox->document(), PageMargins);
     });
+}
+
+void RichTextForm::cmdPrint_Click()
+{
+    guarded(m_desktop, windowTitle(),
+            [this] { printDocument(m_desktop, *m_ui->RichTextBox->document(), PageMargins); });
 }
 
 void RichTextForm::cmdClose_Click()

@@ -40,6 +40,7 @@ private:
     void Form_Activate();
     void cmdLock_Click();
     void cmdSave_Click();
+    void cmdPreview_Click();
     void cmdPrint_Click();
     void cmdClose_Click();
 

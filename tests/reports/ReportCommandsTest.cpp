@@ -4,7 +4,6 @@
 #include "catalogue/Options.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/richtext/RichText.h"
-#include "reports/PrintRichText.h"
 #include "reports/ReportBox.h"
 #include "reports/RichTextForms.h"
 #include "songlist/SongListFixture.h"
@@ -222,47 +221,33 @@ qsizetype pagesOf(const QBuffer &paper)
     return paper.data().count("/Type /Page\n");
 }
 
-TEST_F(Reports, OnlyStatisticsReachThePrinterFromTheButton)
+TEST_F(Reports, ArePrintedAndPreviewedPageByPage)
 {
     m_options.RptLinesPerPage = u"3"_s;
     EXPECT_EQ(songs().size(), 7);
-    QBuffer paper;
-    auto printer = pdf(paper);
+    QBuffer printed, previewed;
+    desktop.willPrintOn(nullptr).willPrintOn(pdf(printed)).willPrintOn(pdf(previewed));
+    click(form(), u"cmdPrint"_s);
+    click(form(), u"cmdPrint"_s);
+    click(form(), u"cmdPreview"_s);
+    EXPECT_EQ(desktop.lastCall().title, u"Print Preview"_s);
+    EXPECT_EQ(pagesOf(printed), 3);
+    EXPECT_EQ(pagesOf(previewed), 3);
+    // What was drawn when the user closes the please-wait window is all.
+    QBuffer ended;
+    desktop.willPrintOn(pdf(ended));
+    desktop.atEvents(desktop.eventsRun() + 2, [this] { desktop.closeWorkingForm(); });
+    click(form(), u"cmdPrint"_s);
+    EXPECT_EQ(pagesOf(ended), 1);
     desktop.willPrintOn(nullptr);
-    click(form(), u"cmdPrint"_s);
-    desktop.willPrintOn(printer);
-    click(form(), u"cmdPrint"_s);
-    EXPECT_EQ(pagesOf(paper), 0);
+    m_commands.ChangePrinter_Click();
     m_state.ReportKind = u"Stats"_s;
-    desktop.willPrintOn(printer);
-    click(form(), u"cmdPrint"_s);
-    printer.reset();
-    EXPECT_EQ(pagesOf(paper), 3);
     desktop.willAnswer(Answer::No);
     click(form(), u"cmdSave"_s);
     EXPECT_FALSE(desktop.lastCall().text.contains(u"one-half inch"_s));
     EXPECT_TRUE(desktop.lastCall().text.contains(u"any Word Processor.\n\n\nProceed?"_s));
     click(form(), u"cmdClose"_s);
     EXPECT_EQ(m_state.ReportKind, QString());
-    desktop.willPrintOn(nullptr);
-    m_commands.ChangePrinter_Click();
-}
-
-TEST(PrintRichText, FillsThePagesBetweenItsMargins)
-{
-    QTextDocument document;
-    document.setPlainText(u"one\n"_s.repeated(200) + u"last\f"_s);
-    const auto printed = [&](const PrintMargins &margins) {
-        QBuffer paper;
-        auto printer = pdf(paper);
-        PrintRichText(document, *printer, margins);
-        printer.reset();
-        return pagesOf(paper);
-    };
-    const qsizetype wide = printed({});
-    EXPECT_GE(wide, 3);
-    EXPECT_GT(printed({.top = 6000, .bottom = 6000}), wide);
-    EXPECT_THROW(printed({.left = 20'000}), dao::DaoError);
 }
 
 // Of a long report only its beginning is laid out when it is painted first.

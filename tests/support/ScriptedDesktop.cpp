@@ -208,6 +208,14 @@ std::shared_ptr<QPagedPaintDevice> ScriptedDesktop::ShowPrinterDialog()
     return scripted ? scripted->printer : nullptr;
 }
 
+void ScriptedDesktop::ShowPrintPreview(const QString &title,
+                                       const std::function<void(QPagedPaintDevice &)> &draw)
+{
+    const std::optional<Scripted> scripted = take({.shown = Shown::PrinterDialog, .title = title});
+    if (scripted && scripted->printer)
+        draw(*scripted->printer);
+}
+
 void ScriptedDesktop::setHourglass(bool on)
 {
     m_hourglasses += on ? 1 : (m_hourglasses > 0 ? -1 : 0);

@@ -115,6 +115,9 @@ public:
     std::unique_ptr<WorkingWindow> ShowWorkingForm(const QString &caption, const QString &msg,
                                                    bool withBar) override;
     std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() override;
+    /** Is drawn on the printer that was scripted. */
+    void ShowPrintPreview(const QString &title,
+                          const std::function<void(QPagedPaintDevice &)> &draw) override;
     bool isPictureOnClipboard() override { return !clipboard.isNull(); }
     bool takeFromClipboard(QImage &picture) override
     {
