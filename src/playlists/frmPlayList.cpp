@@ -154,6 +154,12 @@ void frmPlayList::chooseSong(int row)
     lbDetail_Click(row);
 }
 
+void frmPlayList::chooseLastSong()
+{
+    chooseSong(m_tracks.rows().songs() - 1);
+    m_ui->lbDetail->setFocus();
+}
+
 PlayListState frmPlayList::stateAfter(PlayListEvent event) const
 {
     return {.event = event,

@@ -115,6 +115,8 @@ private:
     [[nodiscard]] int ListIndex() const;
     void chooseList(const QString &name);
     void chooseSong(int row);
+    /** For the keys too: what was just added may be moved or deleted again. */
+    void chooseLastSong();
     void rowsLoaded();
     [[nodiscard]] PlayListState stateAfter(PlayListEvent event) const;
     void follow(const PlayListState &state);

@@ -71,7 +71,7 @@ void frmPlayList::mnuAddAllSongs_Click()
         if (!added)
             return;
         LoadDetailListbox();
-        chooseSong(m_tracks.rows().ListCount() - 2);
+        chooseLastSong();
         m_ui->lblSongTitle->clear();
         PlayListState state = stateAfter(PlayListEvent::AllSongsAdded);
         state.songsAdded = *added;
@@ -86,7 +86,7 @@ void frmPlayList::cmdOK_Click()
             return;
         LoadDetailListbox();
         follow(stateAfter(PlayListEvent::SongAdded));
-        chooseSong(m_tracks.rows().ListCount() - 2);
+        chooseLastSong();
         m_ui->lblSongTitle->clear();
     });
 }
@@ -131,7 +131,7 @@ void frmPlayList::songSaved(frmPlayListDetail::Role role, const TrackTexts &song
 {
     if (role == frmPlayListDetail::Role::Add) {
         LoadDetailListbox();
-        chooseSong(m_tracks.rows().ListCount() - 2);
+        chooseLastSong();
     } else if (const int row = ListIndex(); row >= 0) {
         m_tracks.rows().setText(row, songRow(song.SongTitle, song.ArtistName));
         m_model->textChanged(row);
