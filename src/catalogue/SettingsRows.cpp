@@ -179,12 +179,14 @@ void SettingsRows::removeCategory()
 
 bool SettingsRows::categoryAtStartup() const
 {
-    return isTrueText(nameOf(settings::CategoryStartup));
+    // The box is stored as 1; True and -1 stand in catalogues from elsewhere.
+    const QString stored = nameOf(settings::CategoryStartup);
+    return isTrueText(stored) || wholeNumber(stored, 1, 1);
 }
 
 int SettingsRows::categoryStartupBox() const
 {
-    return wholeNumber(nameOf(settings::CategoryStartup), 1, 1) ? 1 : 0;
+    return categoryAtStartup() ? 1 : 0;
 }
 
 void SettingsRows::storeCategoryStartupBox(int value)

@@ -9,6 +9,8 @@
 #include "platform/options/SingleInstance.h"
 #include "platform/text/Text.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -80,14 +82,14 @@ bool StartUp::obeyCommandLine()
     case CommandLine::Kind::Nothing:
         return true;
     case CommandLine::Kind::MusicFile:
-        playOnly(line.argument);
+        playOnly(QFileInfo(line.argument).absoluteFilePath());
         return false;
     case CommandLine::Kind::CatalogueFile:
         break;
     }
     if (FileExists(line.argument)) {
         // The folder stays: columns and pictures go on coming from where the options say.
-        m_catalogue.DatabaseFile = line.argument;
+        m_catalogue.DatabaseFile = QFileInfo(line.argument).absoluteFilePath();
         return true;
     }
     m_desktop.MessageBox(u"The database file name you supplied on the command line cannot be found.  "

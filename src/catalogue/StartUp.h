@@ -53,11 +53,12 @@ public:
             OptionsStore &store, SingleInstance &instance, StartContext context, StartHooks hooks);
 
     [[nodiscard]] StartResult run();
+    /** What the program needs to know before any box is shown; run() reads it too. */
+    void readOptions();
 
 private:
     enum class Opened { Yes, GivenUp };
 
-    void readOptions();
     /** False when the process is to end. */
     [[nodiscard]] bool obeyCommandLine();
     void playOnly(const QString &file);

@@ -118,4 +118,18 @@ QIcon icon(const QString &name, const QWidget &control)
     return symbol(name, &control);
 }
 
+QIcon programIcon()
+{
+    loadIconResource();
+    QIcon drawing;
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        QSvgRenderer(fileOf(u"quaverly"_s)).render(&painter);
+        drawing.addPixmap(pixmap);
+    }
+    return drawing;
+}
+
 } // namespace quaverly

@@ -18,4 +18,7 @@ namespace quaverly {
 /** The same in the text colour of @p control, for one that stands on a background of its own. */
 [[nodiscard]] QIcon icon(const QString &name, const QWidget &control);
 
+/** The program's own picture, for its windows. */
+[[nodiscard]] QIcon programIcon();
+
 } // namespace quaverly

@@ -3,6 +3,7 @@
 
 #include "desktop/Desktop.h"
 #include "desktop/OnScreenKeyboard.h"
+#include "desktop/TitleRoom.h"
 
 #include <QElapsedTimer>
 
@@ -57,6 +58,7 @@ private:
 
     OptionsStore &m_options;
     OnScreenKeyboard m_keyboard;
+    TitleRoom m_titleRoom;
     /** Null until a printer was asked for. */
     std::shared_ptr<QPrinter> m_printer;
     QElapsedTimer m_sinceEventsRan;

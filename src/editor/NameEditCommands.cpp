@@ -176,7 +176,9 @@ void NameEdit::cmdDelete_Click()
     handle([this] {
         if (!mayDelete())
             return;
-        if (m_walk.deleteCurrent()) {
+        const bool others = m_walk.deleteCurrent();
+        m_parts.set.recountMarks();
+        if (others) {
             loadExisting();
             return;
         }

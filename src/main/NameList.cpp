@@ -145,7 +145,7 @@ void NameList::Form_Load()
     m_session.displayedSet().openAtLoad();
     m_optionCommands.load();
     scaleFont(*m_ui->lblCategory, 1.1, true);
-    fitDescription();
+    fitLines();
     m_ui->Table1->setDesignWidths();
     m_columns->load(m_session.catalogue().DatabaseFolder);
     // One that a run left behind which could not end.
@@ -158,8 +158,13 @@ void NameList::Form_Load()
     setVisible(MainControl::cmdShowArtistSongs, false);
 }
 
-void NameList::fitDescription()
+void NameList::fitLines()
 {
+    // The line above the list keeps its room, so that no row moves away under the pointer.
+    const int button = m_ui->cmdShowArtistSongs->sizeHint().height();
+    m_ui->stateSpacer->changeSize(0, std::max(button, m_ui->lblCategory->sizeHint().height()),
+                                  QSizePolicy::Expanding, QSizePolicy::Minimum);
+    m_ui->stateLayout->invalidate();
     const int line = m_ui->txtName->fontMetrics().lineSpacing();
     const int margins = 2 * static_cast<int>(m_ui->txtName->document()->documentMargin());
     m_ui->txtName->setFixedHeight(DescriptionLines * line + margins + line / 2);
@@ -257,7 +262,7 @@ void NameList::changeEvent(QEvent *event)
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_firstActivation)
         Form_Activate();
     if (event->type() == QEvent::FontChange) {
-        fitDescription();
+        fitLines();
         placeLetters();
     }
 }
@@ -304,7 +309,10 @@ bool NameList::eventFilter(QObject *watched, QEvent *event)
     auto *key = static_cast<QKeyEvent *>(event);
     key->ignore();
     handle([&] { m_gridHandlers->Table1_KeyDown(key); });
-    return key->isAccepted();
+    const bool obeyed = key->isAccepted();
+    // Left ignored, it would be obeyed by the box and by the screen behind it: Tab would move twice.
+    key->accept();
+    return obeyed;
 }
 
 void NameList::showCurrentSong()

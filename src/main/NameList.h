@@ -123,7 +123,7 @@ private:
     void Form_Unload();
     void showEmptyState();
     void showCurrentSong();
-    void fitDescription();
+    void fitLines();
     void placeLetters();
 
     void FindEditMenu_Click();

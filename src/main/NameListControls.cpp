@@ -112,6 +112,7 @@ void NameList::set_cmdShowArtistSongs(const QString &caption)
     constexpr int MostPixels = 420;
     m_ui->cmdShowArtistSongs->setMaximumWidth(MostPixels);
     m_ui->cmdShowArtistSongs->setProperty("caption", caption);
+    m_ui->cmdShowArtistSongs->setAccessibleName(QString(caption).replace(u"&&"_s, u"&"_s));
     const QFontMetrics metrics = m_ui->cmdShowArtistSongs->fontMetrics();
     m_ui->cmdShowArtistSongs->setText(metrics.elidedText(caption, Qt::ElideRight, MostPixels - 32));
 }

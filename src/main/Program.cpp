@@ -62,6 +62,9 @@ Program::~Program()
 
 bool Program::start()
 {
+    // Boxes may come before the main screen.
+    m_startUp->readOptions();
+    applyScreenFont(m_session.options().ScreenFont);
     return m_startUp->run() == StartResult::Running || m_playForms.form() != nullptr;
 }
 

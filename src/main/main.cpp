@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/EmptyPaste.h"
+#include "desktop/Icons.h"
 #include "desktop/QtDesktop.h"
 #include "main/Display.h"
 #include "main/Program.h"
@@ -8,7 +9,6 @@
 #include "platform/options/SingleInstance.h"
 
 #include <QApplication>
-#include <QIcon>
 
 #include <cstdio>
 
@@ -68,6 +68,7 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(u"Quaverly"_s);
     QApplication::setApplicationVersion(QStringLiteral(QUAVERLY_VERSION));
     QApplication::setDesktopFileName(u"quaverly"_s);
+    QApplication::setWindowIcon(quaverly::programIcon());
     // The main screen's unload decides when the process ends, since another catalogue may follow.
     QApplication::setQuitOnLastWindowClosed(false);
 

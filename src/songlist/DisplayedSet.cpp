@@ -70,7 +70,7 @@ void DisplayedSet::openAtLoad()
 {
     m_texts = ListTexts();
     m_texts.ListOrder = OrderAtLoad + u' ';
-    m_selectedCount = 0;
+    m_selectedCount = countMarks();
     const auto category = m_settings.categoryAtStartup() ? m_settings.category() : std::nullopt;
     const auto openTexts = [this] {
         open(u"Select * from "_s + m_texts.ListSource + m_texts.ListWhere + OrderAtLoad);
@@ -86,6 +86,9 @@ void DisplayedSet::openAtLoad()
             m_texts.ListSource = QString::fromUtf16(CategoryView);
             m_texts.ListWhere = u" Where"_s + m_texts.ListCategoryClause;
             openTexts();
+            // One that was deleted since, or has lost its songs, gives way to all of them.
+            if (!m_data.hasRows())
+                throw dao::DaoError(dao::NoCurrentRecord, u"This category has no songs."_s);
         });
         m_screen->set_lblCategory(category->Name);
     } catch (const dao::DaoError &) {
@@ -99,8 +102,12 @@ void DisplayedSet::openAtFirstActivation()
     const RefreshOnce once(m_data);
     const QString stored = m_settings.gridSortOrder().value_or(DefaultSortLabel);
     m_screen->set_cmbSort(sortOrder(stored).label);
-    // This clears the category that openAtLoad restored, and its row: it lasts no longer than this.
-    m_screen->ShowAllMenu_Click();
+    if (m_texts.ListCategoryClause.isEmpty()) {
+        m_screen->ShowAllMenu_Click();
+        return;
+    }
+    m_screen->setVisible(MainControl::cmdShowSelected, m_selectedCount > 0);
+    resetArtistButton();
 }
 
 void DisplayedSet::RefreshDisplayedSet()
@@ -306,6 +313,7 @@ void DisplayedSet::deleteFromDuplicateView()
     database().Execute(u"Delete * from tblContacts where RecordID = "_s + QString::number(song));
     const Hourglass hourglass(m_desktop);
     m_data.Refresh();
+    recountMarks();
     m_data.findRecord(neighbour);
     m_screen->scrollGrid(0, m_screen->gridRow() - line);
 }

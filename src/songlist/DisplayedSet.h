@@ -29,7 +29,7 @@ public:
     [[nodiscard]] const DataControl &Data1() const { return m_data; }
     [[nodiscard]] const ListTexts &texts() const { return m_texts; }
 
-    /** Marks set during this run. */
+    /** Songs that are marked, also those that a run left which could not end. */
     [[nodiscard]] int SelectedCount() const { return m_selectedCount; }
     /** True while the list is sorted by a date: Locate then waits for a whole one. */
     [[nodiscard]] bool DateSortActive() const { return m_dateSortActive; }
@@ -73,6 +73,8 @@ public:
     void removeMarks();
     /** Toggles the mark of the current row. */
     void toggleMark();
+    /** For who deleted songs, which may have been marked. */
+    void recountMarks();
     /** The marked songs are gone: so is the mark clause. Does not touch the list. */
     void endSelection();
 
@@ -113,6 +115,10 @@ private:
     void hideFilterMessage();
     void showFilterMessage(const QString &text);
     void dropFindCaption();
+    void rememberStateLine();
+    void restoreStateLine();
+    [[nodiscard]] int countMarks();
+    [[nodiscard]] QString shownFilterMessage() const;
     void enableListCommands();
     void enterArtistView();
     void leaveArtistView();
@@ -128,6 +134,12 @@ private:
     DataControl m_data;
     ListTexts m_texts;
     ArtistReturn m_artistReturn;
+    /** What stood above the list before marked songs were hidden. */
+    struct StateLine
+    {
+        QString category;
+        QString message;
+    } m_beforeHiding;
     QString m_recordSourceBeforeFilter;
     QString m_lastFilterCriteria;
     int m_selectedCount = 0;

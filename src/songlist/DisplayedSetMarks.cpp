@@ -54,6 +54,7 @@ void DisplayedSet::hideSelected()
         m_texts.ListSelectionClause = hideClause(m_texts.ListWhere);
         open(composeWithSelection(m_texts));
     });
+    rememberStateLine();
     dropFindCaption();
     showFilterMessage(QString::fromUtf16(captions::HidingSelected));
 }
@@ -67,9 +68,55 @@ void DisplayedSet::removeMarks()
     m_selectedCount = 0;
     m_screen->set_lblSelectedCount({});
     RefreshDisplayedSet();
+    restoreStateLine();
     m_texts.ListSelectionClause.clear();
     m_screen->setVisible(MainControl::cmdShowSelected, false);
     m_screen->setEnabled(MainControl::cmdAdd, true);
+}
+
+QString DisplayedSet::shownFilterMessage() const
+{
+    return m_screen->isVisible(MainControl::lblFilterMsg) ? m_screen->lblFilterMsg() : QString();
+}
+
+void DisplayedSet::rememberStateLine()
+{
+    const QString message = shownFilterMessage();
+    if (message == QStringView(captions::HidingSelected))
+        return;
+    const bool selectedOnly = message == QStringView(captions::SelectedOnly);
+    m_beforeHiding = {m_screen->lblCategory(), selectedOnly ? QString() : message};
+}
+
+// The list is that of before the mark modes again, and so is what stands above it.
+void DisplayedSet::restoreStateLine()
+{
+    const QString message = shownFilterMessage();
+    if (message == QStringView(captions::SelectedOnly))
+        hideFilterMessage();
+    if (message != QStringView(captions::HidingSelected))
+        return;
+    m_screen->set_lblCategory(m_beforeHiding.category);
+    if (m_beforeHiding.message.isEmpty())
+        hideFilterMessage();
+    else
+        showFilterMessage(m_beforeHiding.message);
+}
+
+int DisplayedSet::countMarks()
+{
+    const auto marked = database().OpenRecordset(
+        u"Select Count(*) As Marked from tblContacts Where Selected = 'x'"_s, dao::RecordsetType::Snapshot);
+    return marked->value(u"Marked"_s).toInt();
+}
+
+void DisplayedSet::recountMarks()
+{
+    m_selectedCount = countMarks();
+    if (m_selectedCount > 0)
+        return;
+    m_screen->set_lblSelectedCount({});
+    m_screen->setVisible(MainControl::cmdShowSelected, false);
 }
 
 void DisplayedSet::toggleMark()

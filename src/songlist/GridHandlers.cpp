@@ -59,6 +59,7 @@ void GridHandlers::wire()
     on(&SongGrid::Click, &GridHandlers::Table1_Click);
     on(&SongGrid::RowColChange, &GridHandlers::Table1_RowColChange);
     on(&SongGrid::RightButtonDown, &GridHandlers::Table1_RightButtonDown);
+    on(&SongGrid::MenuKey, &GridHandlers::Table1_MenuKey);
     on(&SongGrid::DblClick, &GridHandlers::Table1_DblClick);
     on(&SongGrid::KeyDown, &GridHandlers::Table1_KeyDown);
     connect(&m_grid.songs(), &SongGridModel::cellTyped, this, &GridHandlers::Table1_CellTyped);
@@ -89,6 +90,11 @@ void GridHandlers::Table1_RowColChange(int lastCol)
 void GridHandlers::Table1_RightButtonDown(QPoint globalPlace)
 {
     m_rightClickPending = true;
+    Table1_MenuKey(globalPlace);
+}
+
+void GridHandlers::Table1_MenuKey(QPoint globalPlace)
+{
     m_gridMarkArmed = false;
     m_actions.showPopup(globalPlace);
 }

@@ -44,6 +44,7 @@ private:
     void Table1_Click();
     void Table1_RowColChange(int lastCol);
     void Table1_RightButtonDown(QPoint globalPlace);
+    void Table1_MenuKey(QPoint globalPlace);
     void Table1_DblClick();
     void Table1_CellTyped(int row, const QString &field, const QString &text);
     [[nodiscard]] bool forwardToLocate(const QKeyEvent &event);

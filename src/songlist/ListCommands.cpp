@@ -94,6 +94,7 @@ void ListCommands::deleteCurrent()
     if (rows.atEOF() && !rows.isEmpty())
         rows.MovePrevious();
     m_set.Data1().notifySetRebuilt();
+    m_set.recountMarks();
 }
 
 } // namespace quaverly

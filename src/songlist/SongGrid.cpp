@@ -291,7 +291,7 @@ void SongGrid::mouseDoubleClickEvent(QMouseEvent *event)
 void SongGrid::contextMenuEvent(QContextMenuEvent *event)
 {
     if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())
-        Q_EMIT RightButtonDown(currentRowPlace());
+        Q_EMIT MenuKey(currentRowPlace());
     event->accept();
 }
 

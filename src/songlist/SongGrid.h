@@ -70,6 +70,8 @@ Q_SIGNALS:
     void DblClick();
     /** The right button went down; the row under it is the current one by now. */
     void RightButtonDown(QPoint globalPlace);
+    /** The key for the menu was pressed on the current row. */
+    void MenuKey(QPoint globalPlace);
     /** A key is going to be obeyed, unless a receiver accepts it. */
     void KeyDown(QKeyEvent *event);
 

@@ -74,14 +74,27 @@ TEST_F(GridTest, AClickOnTheMarkColumnMarksAndUnmarks)
     popup->close();
     EXPECT_EQ(column(0), (QStringList{u" "_s, u"x"_s, u" "_s, u" "_s, u"x"_s, u" "_s}));
 
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(&grid(), &menuKey);
+    ASSERT_TRUE(popup->isVisible());
+    popup->close();
+    clickCell(5, 0);
+    EXPECT_EQ(cell(5, 0), u"x"_s) << "the click after the menu key's pop-up";
+    m_desktop.willAnswer(Answer::Yes);
+    click(screen(), u"cmdDelete"_s);
+
     click(screen(), u"cmdShowSelected"_s);
     EXPECT_EQ(column(1), (QStringList{u"Song 01"_s, u"Song 04"_s}));
     click(screen(), u"cmdShowAll"_s);
     EXPECT_TRUE(showSelected->isVisible()) << "Show All keeps the marks";
     chooseMenu(screen(), u"HideSelectedMenu"_s);
-    EXPECT_EQ(grid().model()->rowCount(), 4);
+    EXPECT_EQ(grid().model()->rowCount(), 3);
     chooseMenu(screen(), u"RemoveSelectionsMenu"_s);
-    EXPECT_EQ(column(0), QStringList(6, u" "_s));
+    EXPECT_EQ(column(0), QStringList(5, u" "_s));
+    clickCell(0, 0);
+    m_desktop.willAnswer(Answer::Yes);
+    click(screen(), u"cmdDelete"_s);
+    EXPECT_FALSE(showSelected->isVisible()) << "the last marked song is gone";
     clickCell(0, 0);
     close();
     EXPECT_EQ(valueOf(u"Select Count(*) As n From tblContacts Where Selected = 'x'"_s).toInt(), 0);
@@ -313,6 +326,15 @@ TEST_F(GridTest, KeysThatTheListDoesNotObey)
     txtName->setFocus();
     typeKeys(u"s"_s);
     EXPECT_TRUE(locate().hasFocus()) << "keys at the description are keys for the list";
+
+    for (const bool forward : {true, false}) {
+        txtName->setFocus();
+        QWidget *next = forward ? txtName->nextInFocusChain() : txtName->previousInFocusChain();
+        while ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isVisibleTo(&screen()))
+            next = forward ? next->nextInFocusChain() : next->previousInFocusChain();
+        key(txtName, forward ? Qt::Key_Tab : Qt::Key_Backtab);
+        EXPECT_EQ(QApplication::focusWidget(), next) << "one control further";
+    }
 }
 
 } // namespace

@@ -94,7 +94,12 @@ def names(screen):
 def captions(screen):
     buddies = {prop(widget, "buddy") for widget in screen.widgets}
     for widget in screen.widgets:
-        said = any(prop(widget, each) for each in ("accessibleName", "text", "title", "windowTitle"))
+        said = any(prop(widget, each)
+                   for each in ("accessibleName", "accessibleDescription", "text", "title", "windowTitle"))
+        is_text = widget.get("class") == "QLabel" and not (widget.get("name") or "").startswith("img")
+        if is_text and prop(widget, "accessibleName"):
+            yield (f'{screen.at(widget.get("name"))}: {widget.get("name")} has an accessibleName, '
+                   "which hides its text from screen readers")
         # An empty QWidget is drawn by the program and has to say what it is; one with children holds them.
         holds_only = screen.kind(widget) in SILENT and not screen.focusable(widget)
         if not said and widget.get("name") not in buddies and not holds_only:

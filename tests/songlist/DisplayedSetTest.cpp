@@ -24,27 +24,29 @@ TEST_F(SongList, ComesUpSortedAsTheLastRunLeftIt)
     EXPECT_FALSE(screen.isVisible(MainControl::cmdShowArtistSongs));
 }
 
-TEST_F(SongList, ACategoryOfTheLastRunLastsUntilTheFirstActivation)
+TEST_F(SongList, TheLastCategoryIsThereAgainWhenThatIsWanted)
 {
     set.categoryChosen(jazz, u"Jazz"_s);
     const auto reload = [this](const QString &startup) {
         store.settings().store(u"CATEGORYSTARTUP"_s, startup);
         set.openAtLoad();
     };
-    // The tick of the check box is stored as 1, which is not True.
-    reload(u"1"_s);
+    reload(u"0"_s);
     EXPECT_EQ(rows(), 7);
     reload(u"-1"_s);
     EXPECT_EQ(data().RecordSource(),
               u"Select * from qryContacts Where CategoryNumber = 1  Order By SongName"_s);
     EXPECT_EQ(rows(), 2);
+    reload(u"1"_s);
+    set.openAtFirstActivation();
     EXPECT_EQ(screen.lblCategory(), u"Jazz"_s);
+    EXPECT_EQ(names(), (QStringList{u"Dancing Queen"_s, u"Imagine"_s}));
     store.settings().storeCategory(u"Jazz"_s, u" no clause at all "_s);
     reload(u"True"_s);
     EXPECT_EQ(rows(), 7);
     EXPECT_EQ(set.texts().ListCategoryClause, QString());
     set.openAtFirstActivation();
-    EXPECT_FALSE(store.settings().category());
+    EXPECT_FALSE(store.settings().category()) << "Show All is the last choice";
     EXPECT_EQ(screen.lblCategory(), QString());
 }
 
@@ -202,6 +204,7 @@ TEST_F(SongList, MarksAreCountedAndShown)
     EXPECT_EQ(names(), QStringList(u"SOS"_s));
     set.removeMarks();
     EXPECT_EQ(rows(), 7);
+    EXPECT_FALSE(screen.isVisible(MainControl::lblFilterMsg));
     EXPECT_FALSE(screen.isVisible(MainControl::cmdShowSelected));
     EXPECT_TRUE(screen.isEnabled(MainControl::cmdAdd));
     store.reopen();
@@ -229,6 +232,7 @@ TEST_F(SongList, APlayListTakesEverySortAndTheMarkModesAndIsNotShownWithoutSongs
     EXPECT_EQ(names(), QStringList(u"Imagine"_s));
     set.removeMarks();
     EXPECT_EQ(rows(), 2);
+    EXPECT_EQ(screen.lblFilterMsg(), u"PlayList:Party"_s);
 }
 
 TEST_F(SongList, InvalidFilesStayWithinTheCategory)
