@@ -3,6 +3,7 @@
 
 #include "desktop/FileHelpers.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <cstdio>
@@ -237,24 +238,20 @@ void Acts::reorder()
         return;
     const int last = static_cast<int>(tracks.size()) - 1;
     const int from = upTo(last);
-    const int to = std::max(from, upTo(last));
-    QList<qint64> numbers = numbersOf(list);
-    numbers.move(from, to);
+    const int to = upTo(last);
+    QList<qint64> keys = keysOf(list);
+    keys.move(from, to);
     tracks.move(from, to);
     expect(u"reorder"_s, {m_state, after});
-    require(m_program.lists.reorder(list, numbers) == tracks.size(), "the order");
+    require(!m_program.lists.reorder(list, keys), "the order");
 }
 
-// A death may have left a gap in them.
-QList<qint64> Acts::numbersOf(qint64 list)
+QList<qint64> Acts::keysOf(qint64 list)
 {
-    const auto rows = m_program.catalogue.CatalogueDb->OpenRecordset(
-        u"Select ListTrackID from tblPlayListDetail Where ListID=%1 Order by ListTrackID"_s.arg(list),
-        dao::RecordsetType::Snapshot);
-    QList<qint64> numbers;
-    for (; !rows->atEOF(); rows->MoveNext())
-        numbers += rows->value(u"ListTrackID"_s).toLongLong();
-    return numbers;
+    QList<qint64> keys;
+    for (const ShownTrack &track : m_program.lists.shownTracks(list, MostTracks))
+        keys += track.key;
+    return keys;
 }
 
 Track Acts::trackOf(qint64 song)
@@ -283,11 +280,10 @@ void Acts::changeList()
     }
     expect(u"list"_s, {m_state, after});
     if (!removes) {
-        m_program.lists.addTracks(list, m_program.lists.highestTrack(list) + 1, added);
+        m_program.lists.addTracks(list, added);
         return;
     }
-    m_program.lists.deleteTrack(list, numbersOf(list).at(place));
-    m_program.lists.RenumberTracks(list);
+    m_program.lists.deleteTrack(list, keysOf(list).at(place));
 }
 
 // To a copy that was made just now: an older one would not know the names that files got since.
@@ -298,6 +294,8 @@ void Acts::restore()
     State changed = before;
     const qint64 song = anySong();
     changed.songs[song].code = freshCode();
+    // More copies than are kept, in less than a second, would not be in order.
+    QDir(m_program.catalogue.DatabaseFolder + u"Backups"_s).removeRecursively();
     expect(u"restore"_s, {before, changed, before});
     require(backups.beforeBulkCommand(), "the copy");
     const std::vector<Backup> copies = backups.list();

@@ -9,9 +9,9 @@
 #include "desktop/Desktop.h"
 #include "editor/EditorState.h"
 #include "editor/SongSave.h"
+#include "lists/PlayListStore.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/options/SingleInstance.h"
-#include "player/PlayListStore.h"
 #include "songlist/DisplayedSet.h"
 
 #include <map>
@@ -124,7 +124,7 @@ private:
     [[nodiscard]] bool save(quaverly::SongSave &save, const QString &path, const QString &code,
                             const QString &id);
     void editOne(qint64 song, const QString &code);
-    [[nodiscard]] QList<qint64> numbersOf(qint64 list);
+    [[nodiscard]] QList<qint64> keysOf(qint64 list);
     [[nodiscard]] quaverly::Track trackOf(qint64 song);
     [[nodiscard]] qint64 anySong();
     [[nodiscard]] qint64 anyList();

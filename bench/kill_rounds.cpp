@@ -186,9 +186,8 @@ void Rounds::compareTracks(Program &program, const State &state, QStringList &fo
         const auto song = state.songs.find(rows->value(u"ContactRecordID"_s).toLongLong());
         if (song == state.songs.end() || song->second.path != rows->text(u"FileName"_s))
             found += u"a track of another file: "_s + rows->text(u"FileName"_s);
-        if (number <= highest[list])
-            found += u"a number twice in list %1: %2"_s.arg(list).arg(number);
-        highest[list] = number;
+        if (number != ++highest[list])
+            found += u"list %1 has the number %2 in place %3"_s.arg(list).arg(number).arg(highest[list]);
     }
 }
 

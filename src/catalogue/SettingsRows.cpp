@@ -214,7 +214,10 @@ qint64 SettingsRows::templateRecordID() const
 
 void SettingsRows::storeTemplateRecordID(qint64 recordId)
 {
-    store(kind(settings::TemplateRecordID), QString::number(recordId));
+    const QString type = kind(settings::TemplateRecordID);
+    write(type, *open(type), [&](dao::Recordset &row) {
+        row.setValue(u"Name"_s, recordId == 0 ? QVariant() : QString::number(recordId));
+    });
 }
 
 std::optional<quint32> SettingsRows::backColor() const

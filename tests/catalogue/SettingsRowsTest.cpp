@@ -69,7 +69,7 @@ TEST_F(Settings, AKindKeepsOneRowThroughManyWrites)
     EXPECT_EQ(rows.category()->Name, u"Soul"_s);
     EXPECT_EQ(rows.category()->Setting1, u" CategoryNumber = 2 "_s);
     EXPECT_EQ(rows.backColor(), 8421440U);
-    // The number 0 stays in the row; it names no song.
+    // The row stays and names no song.
     EXPECT_TRUE(rows.find(u"TEMPLATE RecordID"_s));
     EXPECT_EQ(rows.templateRecordID(), 0);
     rows.removeCategory();

@@ -274,7 +274,9 @@ TEST_F(TheEditor, StartsNewRecordsFromTheTemplate)
     press(u"cmdCancel"_s);
     reopen();
     EXPECT_EQ(store.valueOf(u"Select Count(*) From tblContacts Where Composer='Benny'"_s), 2);
-    EXPECT_EQ(store.valueOf(u"Select Name From tblSettings Where Type='TEMPLATE RecordID'"_s), u"0"_s);
+    EXPECT_EQ(
+        store.valueOf(u"Select Count(*) From tblSettings Where Type='TEMPLATE RecordID' And Name Is Null"_s),
+        1);
 }
 
 TEST_F(TheEditor, DeletesRecordsAndLeavesTheirFiles)
