@@ -9,6 +9,7 @@ keeps the headers of its Widgets library; the rule "widgets" takes it.
 import os
 import sys
 
+import architecture
 import calls
 import layers
 import screens
@@ -24,6 +25,7 @@ def widget_headers(folder):
 
 
 RULES = {
+    "architecture": architecture.architecture,
     "floors": layers.floors,
     "circles": layers.circles,
     "foreign": layers.foreign,

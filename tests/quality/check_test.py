@@ -4,6 +4,7 @@ import pathlib
 import tempfile
 import unittest
 
+import architecture
 import calls
 import layers
 import screens
@@ -81,6 +82,26 @@ class Layers(RuleTest):
         for used in ("Qt6::Widgets", "qv_y_screens"):
             self.assert_finds(rule, {**sound, "src/x/CMakeLists.txt": cmake.format(used=used)},
                               f"CMakeLists.txt:1: qv_x is logic and may not use {used}")
+
+
+class Architecture(RuleTest):
+    SOURCES = {"src/main/A.cpp": '#include "desktop/B.h"\n#include "catalogue/C.h"\n', "src/desktop/B.h": ONCE,
+               "src/catalogue/C.h": '#include "desktop/B.h"\n'}
+    PICTURE = f"{len(layers.FLOORS) - 1}  main               catalogue\n 4  catalogue          desktop\n 3  desktop\n"
+
+    def page(self, picture, words=""):
+        text = f"# House\n\n{architecture.BEGIN}{picture}{architecture.END}{words}"
+        return {**self.SOURCES, architecture.DOCUMENT: text}
+
+    def test_the_picture_follows_the_sources(self):
+        self.assert_clean(architecture.architecture, self.page(self.PICTURE, "Begin at `B.h` and `src/main/A.cpp`."))
+        self.assert_finds(architecture.architecture, self.page(self.PICTURE.replace("catalogue\n", "desktop\n", 1)),
+                          "run tools/floors")
+        self.assert_finds(architecture.architecture, self.SOURCES, "no picture")
+
+    def test_it_names_files_that_are_there(self):
+        self.assert_finds(architecture.architecture, self.page(self.PICTURE, "`B.h`\n`a/C.h` `Gone.ui`"),
+                          "md:11: there is no a/C.h", "there is no Gone.ui")
 
 
 class Calls(RuleTest):
