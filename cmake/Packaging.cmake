@@ -5,7 +5,8 @@
 include(GNUInstallDirs)
 
 set(QUAVERLY_RELEASE_DATE 2026-11-22)
-set(program_folder ${CMAKE_INSTALL_LIBDIR}/quaverly)
+set(QUAVERLY_RELEASE_DAY "Sun, 22 Nov 2026")
+set(program_folder ${CMAKE_INSTALL_LIBEXECDIR}/quaverly)
 set(staging ${PROJECT_BINARY_DIR}/packaging)
 
 install(TARGETS quaverly RUNTIME DESTINATION ${program_folder})
@@ -20,6 +21,7 @@ install(FILES ${staging}/quaverly DESTINATION ${CMAKE_INSTALL_BINDIR})
 configure_file(packaging/org.quaverly.Quaverly.metainfo.xml.in
   ${staging}/org.quaverly.Quaverly.metainfo.xml @ONLY)
 configure_file(packaging/quaverly.1.in ${staging}/quaverly.1 @ONLY)
+configure_file(packaging/debian-changelog.in ${staging}/changelog.Debian @ONLY)
 
 # gzip without a time stamp, so that the same sources give the same package
 function(compressed source result)
@@ -29,7 +31,9 @@ function(compressed source result)
 endfunction()
 compressed(${staging}/quaverly.1 quaverly.1.gz)
 compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog.gz)
-add_custom_target(packaging ALL DEPENDS ${staging}/quaverly.1.gz ${staging}/changelog.gz)
+compressed(${staging}/changelog.Debian changelog.Debian.gz)
+add_custom_target(packaging ALL
+  DEPENDS ${staging}/quaverly.1.gz ${staging}/changelog.gz ${staging}/changelog.Debian.gz)
 # All that is installed, without tests, samples and benchmarks.
 add_custom_target(installed DEPENDS quaverly quaverly-media empty_catalogue packaging)
 
@@ -41,7 +45,8 @@ install(FILES packaging/quaverly-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/m
 install(FILES ${staging}/org.quaverly.Quaverly.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(DIRECTORY docs/site DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quaverly)
-install(FILES packaging/copyright ${staging}/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quaverly)
+install(FILES packaging/copyright ${staging}/changelog.gz ${staging}/changelog.Debian.gz
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quaverly)
 
 # Menus and file managers read indexes. A package's own are made anew by the system when it is unpacked.
 install(CODE [[
@@ -56,16 +61,21 @@ install(CODE [[
   endif()
 ]])
 
+install(FILES packaging/lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
+  RENAME quaverly)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quaverly)
 set(CPACK_PACKAGE_CONTACT "The Quaverly developers <developers@quaverly.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "catalogue of the music on your disks")
 set(CPACK_PACKAGE_DESCRIPTION
-  "Quaverly reads the tags of music files, a folder or a whole drive at a time, keeps them in a catalogue
-that is a single file, and shows all songs in one list that can be sorted and shown in part.")
+  "Quaverly reads the tags of music files, a folder or a whole drive at a time,
+keeps them in a catalogue that is a single file, and shows all songs in one
+list that can be sorted and shown in part.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What Qt loads by name: the plugin for Wayland, the one for X being in Qt's own library, and those for SVG icons

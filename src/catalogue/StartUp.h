@@ -28,7 +28,7 @@ struct StartHooks
 {
     /** Builds and shows the main screen. When it throws, nothing of the screen may be left. */
     std::function<void()> showNameList;
-    /** Player-only mode: plays the file and returns when the player closes. */
+    /** Player-only mode: shows the player with the file. */
     std::function<void(const QString &file)> playFile;
 };
 

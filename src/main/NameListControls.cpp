@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
-// Controls whose commands are still to come have no widget here; asking for them changes nothing.
+/** Null for what is a menu's entry alone. */
 QWidget *NameList::controlOf(MainControl control) const
 {
     switch (control) {
@@ -50,9 +50,11 @@ QWidget *NameList::controlOf(MainControl control) const
         return m_ui->File;
     case MainControl::lblFilterMsg:
         return m_ui->lblFilterMsg;
-    default:
-        return nullptr;
+    case MainControl::AddMenu:
+    case MainControl::FindEditMenu:
+        break;
     }
+    return nullptr;
 }
 
 void NameList::setEnabled(MainControl control, bool enabled)

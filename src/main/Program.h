@@ -30,8 +30,8 @@ public:
 
     /** True when a screen is up, the main one or the player alone, and the event loop is to run. */
     [[nodiscard]] bool start();
-    /** Null before the start and after the end. */
     [[nodiscard]] PlayForms &playForms() { return m_playForms; }
+    /** Null before the start, while the player is alone, and after the end. */
     [[nodiscard]] NameList *mainScreen() { return m_nameList.get(); }
 
 private:

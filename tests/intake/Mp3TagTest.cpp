@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "intake/cMP3ID3v2.h"
 #include "intake/fuzz/Mp3TagFuzz.h"
+#include "support/Files.h"
 #include "support/Mutation.h"
 #include "support/QtPrinters.h"
 #include "support/TagBytes.h"
@@ -45,10 +46,9 @@ class Mp3Tag : public ::testing::Test
 protected:
     QString write(const QByteArray &bytes)
     {
-        QFile file(m_folder.filePath(u"song.mp3"_s));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName();
+        const QString file = m_folder.filePath(u"song.mp3"_s);
+        writeFile(file, bytes);
+        return file;
     }
     cMP3ID3v2 &read(const QByteArray &bytes)
     {

@@ -4,6 +4,7 @@
 #include "notes/NoteText.h"
 #include "notes/NotesForm.h"
 #include "platform/options/OptionsStore.h"
+#include "support/Files.h"
 #include "support/Limits.h"
 #include "support/QtPrinters.h"
 #include "support/ScriptedDesktop.h"
@@ -207,9 +208,7 @@ TEST_F(TheNotes, KeepLettersColoursAndPictures)
     image.fill(Qt::red);
     ASSERT_TRUE(image.save(picture));
     const QString noPicture = folder.filePath(u"b.jpg"_s);
-    QFile bad(noPicture);
-    ASSERT_TRUE(bad.open(QIODevice::WriteOnly) && bad.write("text") == 4);
-    bad.close();
+    writeFile(noPicture, "text");
 
     text().selectAll();
     click(*form, u"chkItalic"_s);

@@ -2,6 +2,7 @@
 #include "platform/text/Text.h"
 #include "reports/CsvCommands.h"
 #include "songlist/SongListFixture.h"
+#include "support/Files.h"
 #include "support/Limits.h"
 
 #include <QFile>
@@ -17,12 +18,7 @@ protected:
     {
         desktop.willAnswer(Answer::Yes, u"Proceed?"_s).willSave(path).willSee(path);
         (m_commands.*command)();
-        return content();
-    }
-    QByteArray content() const
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return bytesOf(path);
     }
 
     QString path = store.path(u"Song Out"_s);
@@ -80,7 +76,7 @@ TEST_F(Csv, WhatCantBeWrittenIsTold)
         const FullDisk disk(2000);
         m_commands.Export_Click();
     }
-    EXPECT_EQ(content().size(), 2000);
+    EXPECT_EQ(bytesOf(path).size(), 2000);
     store.db().Execute(u"Delete from tblContacts Where SongName = 'SOS'"_s);
     desktop.willAnswer(Answer::Yes).willSave(path).willSee(u"Record is deleted."_s);
     m_commands.Export_Click();

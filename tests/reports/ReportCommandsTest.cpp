@@ -7,6 +7,7 @@
 #include "reports/ReportBox.h"
 #include "reports/RichTextForms.h"
 #include "songlist/SongListFixture.h"
+#include "support/Files.h"
 #include "support/Limits.h"
 #include "support/UserActs.h"
 
@@ -48,11 +49,7 @@ protected:
         return box().toPlainText().split(u'\n', Qt::SkipEmptyParts);
     }
     QStringList songs() { return lines(&ReportCommands::mnuSongRpt_Click); }
-    QByteArray saved(const QString &name)
-    {
-        QFile file(store.path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray saved(const QString &name) { return bytesOf(store.path(name)); }
     void saveAs(const QString &name)
     {
         desktop.willAnswer(Answer::Yes, u"one-half inch"_s).willSave(store.path(name)).willSee(u" Saved"_s);

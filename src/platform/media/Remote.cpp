@@ -24,9 +24,12 @@ RemoteStatus::Playback playbackOf(PlayState state)
         return RemoteStatus::Playback::Playing;
     case Paused:
         return RemoteStatus::Playback::Paused;
-    default:
-        return RemoteStatus::Playback::Stopped;
+    case Undefined:
+    case Stopped:
+    case Ready:
+        break;
     }
+    return RemoteStatus::Playback::Stopped;
 }
 
 QString firstOf(const std::function<QString()> &catalogue, const QString &tag)

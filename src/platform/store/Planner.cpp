@@ -34,9 +34,11 @@ FieldType fieldTypeOf(ValueType type)
         return FieldType::Long;
     case ValueType::Date:
         return FieldType::Date;
-    default:
-        return FieldType::Text;
+    case ValueType::Text:
+    case ValueType::Unknown:
+        break;
     }
+    return FieldType::Text;
 }
 
 bool aggregates(const Expr *expr)
