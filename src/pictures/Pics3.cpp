@@ -6,6 +6,7 @@
 #include "ui_Pics3.h"
 
 #include <QCloseEvent>
+#include <QMenuBar>
 #include <QScreen>
 
 #include <algorithm>
@@ -49,7 +50,6 @@ void Pics3::Form_Load()
 {
     setAttribute(Qt::WA_ShowWithoutActivating);
     resizeOnScreen(FormSize);
-    move(0, 0);
 }
 
 QSize Pics3::frameSizes() const
@@ -66,12 +66,32 @@ void Pics3::resizeOnScreen(QSize wanted)
     resize(wanted.boundedTo(screen()->availableSize() - frameSizes()));
 }
 
-void Pics3::moveToCorner()
+QRect Pics3::menuPlace() const
 {
-    const QSize frame = size() + frameSizes();
-    // Before it is shown first it has no screen of its own.
-    const QRect room = (parentWidget() ? parentWidget() : this)->screen()->availableGeometry();
-    move(room.right() + 1 - frame.width(), room.bottom() + 1 - frame.height());
+    const auto *menu = parentWidget() ? parentWidget()->findChild<QMenuBar *>() : nullptr;
+    return menu ? QRect(menu->mapToGlobal(QPoint()), menu->size()) : QRect();
+}
+
+void Pics3::place()
+{
+    const QWidget &beside = parentWidget() ? *parentWidget() : *this;
+    const QSize around = frameSizes();
+    const QRect menu = menuPlace();
+    if (m_isPlaced && !beside.isMaximized() && !QRect(pos(), size() + around).intersects(menu))
+        return;
+    m_isPlaced = true;
+    const QRect room = beside.screen()->availableGeometry();
+    const QRect taken = beside.frameGeometry();
+    const QSize frame = size() + around;
+    const int lowest = room.bottom() + 1 - frame.height();
+    const int besideTop = std::clamp(taken.top(), room.top(), std::max(room.top(), lowest));
+    if (room.right() - taken.right() >= frame.width())
+        return move(taken.right() + 1, besideTop);
+    if (taken.left() - room.left() >= frame.width())
+        return move(taken.left() - frame.width(), besideTop);
+    const int top = menu.isEmpty() ? lowest : std::max(lowest, menu.bottom() + 1);
+    resize(width(), room.bottom() + 1 - top - around.height());
+    move(room.right() + 1 - frame.width(), top);
 }
 
 QStringList Pics3::paths(qint64 position) const

@@ -37,8 +37,11 @@ public:
     [[nodiscard]] bool isEnlarged() const { return m_enlarged >= 0; }
     /** Back to three pictures. */
     void showThree();
-    /** Into the lower right corner of the main screen's monitor. */
-    void moveToCorner();
+    /**
+     * Beside the main screen where its monitor has room, else into that monitor's lower right corner. A place
+     * that the user chose stays, unless it is over the main screen's menu.
+     */
+    void place();
 
     /** Escape: as the close box. */
     void reject() override;
@@ -61,6 +64,8 @@ private:
     void loader_Loaded();
     /** What the window takes around itself. */
     [[nodiscard]] QSize frameSizes() const;
+    /** On the monitor; empty without a main screen. */
+    [[nodiscard]] QRect menuPlace() const;
     void resizeOnScreen(QSize wanted);
     void moveOntoScreen();
     /** Paths by image; empty where the song has no picture. */
@@ -76,6 +81,7 @@ private:
     std::array<PictureBox *, Images> m_images = {};
     QStringList m_paths;
     int m_enlarged = -1;
+    bool m_isPlaced = false;
     /** Where the three were when one was enlarged. */
     QPoint m_placeOfThree;
 };

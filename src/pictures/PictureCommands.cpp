@@ -109,8 +109,7 @@ void PictureCommands::togglePics3()
     if (!m_pics3)
         m_pics3 = new Pics3(m_parts.catalogue, m_parts.set.Data1(), m_parts.nameList);
     m_pics3->showThree();
-    if (m_parts.nameList && m_parts.nameList->isMaximized())
-        m_pics3->moveToCorner();
+    m_pics3->place();
     m_pics3->show();
     if (m_parts.focusCmdPictures)
         m_parts.focusCmdPictures();

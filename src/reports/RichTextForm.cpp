@@ -51,7 +51,18 @@ RichTextForm::RichTextForm(Desktop &desktop, const Options &options, ReportState
     Form_Load(options);
 }
 
-RichTextForm::~RichTextForm() = default;
+RichTextForm::~RichTextForm()
+{
+    letGo();
+}
+
+// The box lets go of a document, but doesn't own it.
+void RichTextForm::letGo()
+{
+    std::unique_ptr<QTextDocument> report(std::exchange(m_report, nullptr));
+    m_ui->RichTextBox->setDocument(nullptr);
+    richtext::discard(std::move(report));
+}
 
 void RichTextForm::wire()
 {
@@ -74,8 +85,7 @@ void RichTextForm::Form_Load(const Options &options)
 
 void RichTextForm::setReport(std::unique_ptr<QTextDocument> report)
 {
-    // The box lets go of a document, but doesn't own it.
-    const std::unique_ptr<QTextDocument> before(m_report);
+    letGo();
     m_report = report.release();
     m_report->setParent(m_ui->RichTextBox);
     m_ui->RichTextBox->setDocument(m_report);

@@ -45,6 +45,7 @@ private:
     void cmdClose_Click();
 
     void lock(bool locked);
+    void letGo();
     void save();
     void windowFocused(const QWindow *window);
 

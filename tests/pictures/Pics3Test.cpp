@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pictures/PicturesFixture.h"
 
+#include <QMenuBar>
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
@@ -102,6 +103,34 @@ TEST_F(Pics3Test, EnlargesOneOnADoubleClick)
     EXPECT_TRUE(room.contains(screen().frameGeometry())) << "in the corner, with its frame";
     m_commands.unloadPics3();
     EXPECT_EQ(m_commands.pics3(), nullptr);
+}
+
+TEST_F(Pics3Test, StandsBesideTheMainScreenAndNeverOverItsMenu)
+{
+    QMenuBar menu(&m_nameEdit);
+    menu.addMenu(u"File"_s);
+    song(u"Song"_s, {});
+    const QRect room = m_nameEdit.screen()->availableGeometry();
+    const auto placed = [&](const QRect &mainScreen) {
+        m_nameEdit.setGeometry(mainScreen);
+        menu.setGeometry(0, 0, mainScreen.width(), 24);
+        m_commands.cmdPictures_Click();
+        const QRect place = screen().frameGeometry();
+        m_commands.cmdPictures_Click();
+        EXPECT_EQ(room.united(place), room);
+        EXPECT_FALSE(place.intersects(QRect(menu.mapToGlobal(QPoint()), menu.size())));
+        return place;
+    };
+    const int half = room.width() / 2;
+    const QRect right = placed({room.left(), room.top(), half, 400});
+    EXPECT_GT(right.left(), m_nameEdit.frameGeometry().right());
+    m_commands.unloadPics3();
+    const QRect left = placed({room.left() + half, room.top(), half, 400});
+    EXPECT_LT(left.right(), m_nameEdit.frameGeometry().left());
+    m_commands.unloadPics3();
+    EXPECT_EQ(placed(room).right(), room.right()) << "over the main screen, but not over its menu";
+    screen().move(room.left(), room.bottom() - screen().height() - 50);
+    EXPECT_EQ(placed(room).left(), room.left()) << "where the user put it";
 }
 
 } // namespace quaverly::test

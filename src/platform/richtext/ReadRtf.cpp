@@ -5,6 +5,8 @@
 
 #include <QTextDocument>
 
+#include <malloc.h>
+
 namespace richtext {
 
 namespace {
@@ -52,6 +54,15 @@ Reading readRtfText(const QString &rtf, QTextDocument &document)
             bytes += "{\\uc0\\u" + QByteArray::number(static_cast<qint16>(c.unicode())) + '}';
     }
     return readRtf(bytes, document);
+}
+
+void discard(std::unique_ptr<QTextDocument> document)
+{
+    constexpr int LongCharacters = 1'000'000;
+    const bool isLong = document && document->characterCount() > LongCharacters;
+    document.reset();
+    if (isLong)
+        malloc_trim(0);
 }
 
 } // namespace richtext

@@ -5,6 +5,8 @@
 #include <QSize>
 #include <QString>
 
+#include <memory>
+
 class QIODevice;
 class QImage;
 class QTextCursor;
@@ -38,6 +40,9 @@ struct Reading
 Reading readRtf(QByteArrayView rtf, QTextDocument &document);
 /** The same for a text that was kept as text. */
 Reading readRtfText(const QString &rtf, QTextDocument &document);
+
+/** Deletes a document. What a long one took goes back to the system, not only to this program. */
+void discard(std::unique_ptr<QTextDocument> document);
 
 struct WriteOptions
 {
