@@ -16,6 +16,8 @@ namespace {
 
 /** Every page of a preview is kept in memory. */
 constexpr int MostPreviewed = 100;
+/** Hardly any page has more. */
+constexpr int ParagraphsOfPage = 60;
 
 } // namespace
 
@@ -41,7 +43,9 @@ void printDocument(Desktop &desktop, const QTextDocument &document, const richte
 void previewDocument(Desktop &desktop, const QString &title, const QTextDocument &document,
                      const richtext::PrintMargins &margins)
 {
-    desktop.ShowPrintPreview(title, [&](QPagedPaintDevice &device) {
+    const bool isLong = document.blockCount() > MostPreviewed * ParagraphsOfPage;
+    const QString shown = isLong ? title + u" (the first %1 pages)"_s.arg(MostPreviewed) : title;
+    desktop.ShowPrintPreview(shown, [&](QPagedPaintDevice &device) {
         guarded(desktop, title, [&] {
             const Hourglass hourglass(desktop);
             // The preview has a button for the real printer as well, which is to get every page.

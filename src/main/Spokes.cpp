@@ -20,10 +20,11 @@ namespace {
 
 PictureEditor pictureEditor(NameEdit &editor)
 {
-    return {[&editor](const QString &field) { return editor.text(field); },
-            [&editor](const QString &field, const QString &text) { editor.setText(field, text); },
-            [&editor] { editor.setRecordDirty(true); }, [&editor] { editor.state().PictureChanged = true; },
-            editor.recordID()};
+    return {.text = [&editor](const QString &field) { return editor.text(field); },
+            .setText = [&editor](const QString &field, const QString &text) { editor.setText(field, text); },
+            .setRecordDirty = [&editor] { editor.setRecordDirty(true); },
+            .setPictureChanged = [&editor] { editor.state().PictureChanged = true; },
+            .recordId = editor.recordID()};
 }
 
 LookupSong lookupSong(const NameEdit &editor)
@@ -43,8 +44,12 @@ Spokes::Spokes(Session &session, const SpokeHooks &hooks)
               session.optionsStore(), viewer),
       playListReports(session.desktop(), session.catalogue(), viewer),
       csv(session.desktop(), session.displayedSet().Data1(), session.catalogue()),
-      pictures({session.desktop(), session.catalogue(), session.displayedSet(), session.options(),
-                &hooks.owner, hooks.focusCmdPictures}),
+      pictures({.desktop = session.desktop(),
+                .catalogue = session.catalogue(),
+                .set = session.displayedSet(),
+                .options = session.options(),
+                .nameList = &hooks.owner,
+                .focusCmdPictures = hooks.focusCmdPictures}),
       playLists(playListParts(), [this] { return &m_hooks.owner; }), edit(editParts()),
       maintenance(
           maintenanceParts(), [this] { showMaintenance<frmReplace>(); },
@@ -88,11 +93,8 @@ PlayListParts Spokes::playListParts()
         m_session.lastPlayListFolder(),
         [this] { return m_session.media().makeMediaPlayer(); },
         folders::state() + u"populate-report.txt"_s,
-        [this](const QString &kind, const PlayListName &list) {
-            if (kind == "Detail"_L1)
-                playListReports.mnuReportsDetail_Click(list.ListName);
-            else
-                playListReports.mnuReportsDetailWithFilenames_Click(list.ListName);
+        [this](PlayListReportKind kind, const PlayListName &list) {
+            playListReports.RunPlayListReport(kind, list.ListName);
         },
         [this](QWidget *owner) { (new frmChangeFileNamePath(maintenanceParts(), owner))->showModally(); }};
 }

@@ -88,6 +88,7 @@ int NoteBook::lastIndex() const
 
 void NoteBook::storeLastIndex(int index)
 {
+    // Looking at the notes alone writes nothing.
     if (index != lastIndex())
         m_settings.store(kind(settings::LastNote), QString::number(index));
 }

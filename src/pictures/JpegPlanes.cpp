@@ -147,6 +147,7 @@ JpegPlanes samplePlanes(const QImage &image, int width, int height, const Compon
     const int lastRow = std::min(height, pixels.height()) - 1;
     for (int stripRow = 0; stripRow < result.groupsDown * Side; ++stripRow) {
         for (int row = 0; row < most.vertical; ++row) {
+            // Blocks beyond the picture's edge repeat its last row: a sharp edge there would ring inside.
             const int source = std::min(stripRow * most.vertical + row, lastRow);
             strip.convert(row, reinterpret_cast<const QRgb *>(pixels.constScanLine(source)), count);
         }

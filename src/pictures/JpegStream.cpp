@@ -53,6 +53,7 @@ void JpegStream::entropyByte(unsigned value)
 
 void JpegStream::bits(unsigned value, unsigned count)
 {
+    // Four bytes at once: most of an encoder's time goes by here.
     constexpr unsigned Word = 32;
     m_pending = m_pending << count | value;
     m_pendingCount += count;
@@ -101,6 +102,7 @@ void JpegStream::block(const std::array<qint16, BlockSize> &coefficients, int &p
 
 void JpegStream::endScan()
 {
+    // The last byte is filled up with ones, which begin no code.
     const unsigned missing = (8 - m_pendingCount % 8) % 8;
     bits((1U << missing) - 1U, missing);
     for (; m_pendingCount > 0; m_pendingCount -= 8)

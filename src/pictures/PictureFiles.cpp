@@ -67,6 +67,7 @@ void PictureFiles::save(const QString &name, const QImage &box) const
     if (name.contains(PathSeparator))
         throw accessError(name);
     makeFolder();
+    // Always written anew, so that every stored picture is of one size and kind.
     cImage image;
     image.CopyStdPicture(box);
     cJpeg jpeg;

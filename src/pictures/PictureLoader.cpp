@@ -53,6 +53,7 @@ std::optional<QImage> PictureLoader::picture(const QString &path, QSize box) con
 
 void PictureLoader::want(const QStringList &paths, QSize box)
 {
+    // Whoever runs down the list asks for the row's pictures, not for those of the rows passed.
     m_reader.clear();
     const int wish = ++m_wish;
     for (const QString &path : paths) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "lists/PlayListReportKind.h"
 #include "lists/PlayListStore.h"
 #include "playlists/OneSongRun.h"
 #include "playlists/PlayListControls.h"
@@ -43,9 +44,8 @@ struct PlayListParts
     std::function<std::unique_ptr<media::MediaPlayer>()> makeMediaPlayer;
     /** The plain text file of the lines for which no song was found; empty for none. */
     QString populateReport;
-    /** Shows the report "Detail" or "DetailWithFileNames" of the list of that name; its entries are disabled
-     * while there is none. */
-    std::function<void(const QString &kind, const PlayListName &list)> RunPlayListReport;
+    /** Shows that report of the list; its entries are disabled while there is none. */
+    std::function<void(PlayListReportKind kind, const PlayListName &list)> RunPlayListReport;
     /** Shows frmChangeFileNamePath over the screen given. */
     std::function<void(QWidget *owner)> showChangeFileNamePath;
 };
@@ -104,7 +104,7 @@ private:
     void command(const std::function<void()> &handler);
     /** Stores the order on the screen, if it is another one. False when it can't be: the screen closes. */
     bool keepOrder();
-    void runReport(const QString &kind);
+    void runReport(PlayListReportKind kind);
     void showHeader(bool isEdited);
     void showDetail(frmPlayListDetail::Role role, qint64 key);
     void show(QDialog *screen);

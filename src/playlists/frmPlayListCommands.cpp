@@ -233,15 +233,15 @@ void frmPlayList::cmdPlay_Click()
 
 void frmPlayList::mnuReportsDetail_Click()
 {
-    runReport(u"Detail"_s);
+    runReport(PlayListReportKind::Detail);
 }
 
 void frmPlayList::mnuReportsDetailWithFilenames_Click()
 {
-    runReport(u"DetailWithFileNames"_s);
+    runReport(PlayListReportKind::DetailWithFileNames);
 }
 
-void frmPlayList::runReport(const QString &kind)
+void frmPlayList::runReport(PlayListReportKind kind)
 {
     command([&] {
         if (isGreaterThanBlank(chosenList().ListName))

@@ -81,6 +81,7 @@ void appendQuoted(QByteArray &out, QByteArrayView text)
 
 QByteArrayView ShortDates::of(QByteArrayView stored)
 {
+    // Formatting a date takes longer than all else of a row, and there are far fewer days than songs.
     constexpr qsizetype DayLength = 10;
     const QByteArray day = stored.first(std::min(DayLength, stored.size())).toByteArray();
     auto known = m_days.constFind(day);

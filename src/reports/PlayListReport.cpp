@@ -43,6 +43,7 @@ void PlayListReport::add(const ReportTrack &track)
     if (++m_rows < pageLength(m_kind))
         return;
     m_rows = 0;
+    // The break looks as the row before, but for its colour.
     format.color = reportcolors::White;
     m_sink.write(u"\r\n\r\n\r\n\f", format);
 }

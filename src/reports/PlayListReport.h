@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "lists/PlayListReportKind.h"
 #include "reports/ReportRun.h"
 
 namespace quaverly {
-
-enum class PlayListReportKind { Detail, DetailWithFileNames };
 
 struct ReportTrack
 {

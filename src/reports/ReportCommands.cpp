@@ -150,20 +150,10 @@ void ReportCommands::ChangePrinter_Click()
     guarded(m_desktop, u"Printer Setup"_s, [this] { static_cast<void>(m_desktop.ShowPrinterDialog()); });
 }
 
-void PlayListReportCommands::mnuReportsDetail_Click(const QString &listName)
-{
-    if (isGreaterThanBlank(listName))
-        RunPlayListReport(PlayListReportKind::Detail, listName);
-}
-
-void PlayListReportCommands::mnuReportsDetailWithFilenames_Click(const QString &listName)
-{
-    if (isGreaterThanBlank(listName))
-        RunPlayListReport(PlayListReportKind::DetailWithFileNames, listName);
-}
-
 void PlayListReportCommands::RunPlayListReport(PlayListReportKind kind, const QString &listName)
 {
+    if (!isGreaterThanBlank(listName))
+        return;
     const auto command = [&] {
         ReportDocument report;
         {

@@ -57,11 +57,7 @@ public:
         : m_desktop(desktop), m_catalogue(catalogue), m_viewer(viewer)
     {}
 
-    /** @p listName is the list chosen; without one nothing happens. */
-    void mnuReportsDetail_Click(const QString &listName);
-    void mnuReportsDetailWithFilenames_Click(const QString &listName);
-
-    /** Shows the report; an error under the title "Error". */
+    /** Shows the report, an error under the title "Error". Without a name nothing happens. */
     void RunPlayListReport(PlayListReportKind kind, const QString &listName);
 
 private:

@@ -26,6 +26,7 @@ QTextCharFormat charFormat(const RunFormat &run)
 
 ReportDocument::ReportDocument() : m_document(std::make_unique<QTextDocument>()), m_cursor(m_document.get())
 {
+    // A million rows: neither kept for undoing nor laid out before the screen wants to show them.
     m_document->setUndoRedoEnabled(false);
     m_document->setLayoutEnabled(false);
     const RunFormat plain;

@@ -117,8 +117,12 @@ protected:
     bool m_pictureChanged = false;
     bool m_recordDirty = false;
     int m_focused = 0;
-    PictureCommands m_commands{
-        {m_desktop, m_store.catalogue(), m_set, m_options, &m_nameEdit, [this] { ++m_focused; }}};
+    PictureCommands m_commands{{.desktop = m_desktop,
+                                .catalogue = m_store.catalogue(),
+                                .set = m_set,
+                                .options = m_options,
+                                .nameList = &m_nameEdit,
+                                .focusCmdPictures = [this] { ++m_focused; }}};
     PictureHousekeeping m_housekeeping{m_desktop, m_store.catalogue()};
 };
 

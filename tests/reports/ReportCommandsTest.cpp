@@ -97,22 +97,17 @@ TEST_F(Reports, ShowTheSongsOfEveryKindOfList)
     EXPECT_EQ(songs(), (QStringList{u" SOS [by] Abba"_s, u" SOS [by] Abba"_s}));
 }
 
-TEST_F(Reports, NothingIsAskedOfAnEmptyListAndNothingShownOnNo)
+TEST_F(Reports, NothingIsShownOfAnEmptyListOnNoAndOnAFailure)
 {
     desktop.willAnswer(Answer::No);
     m_commands.mnuArtistRpt_Click();
     data().setRecordSource(u"Select * from tblContacts Where RecordID < 0"_s);
     data().Refresh();
     m_commands.mnuPathRpt_Click();
-    m_playLists.mnuReportsDetail_Click(u" "_s);
-    EXPECT_EQ(m_forms.form(), nullptr);
+    m_playLists.RunPlayListReport(PlayListReportKind::Detail, u" "_s);
     EXPECT_EQ(desktop.calls().size(), 1);
-}
-
-TEST_F(Reports, AFailureOfTheStoreIsTold)
-{
     desktop.willSee(u"Syntax error"_s);
-    m_playLists.mnuReportsDetail_Click(u"no \"such\" name"_s);
+    m_playLists.RunPlayListReport(PlayListReportKind::Detail, u"no \"such\" name"_s);
     EXPECT_EQ(desktop.lastCall().title, u"Error"_s);
     EXPECT_EQ(m_forms.form(), nullptr);
 }
@@ -121,11 +116,11 @@ TEST_F(Reports, APlayListIsReportedWithItsFiles)
 {
     store.db().Execute(
         u"Update tblPlayListDetail Set SongTitle = 'O''Hara', ArtistName = 'X', FileName = '/m/o.mp3'"_s);
-    m_playLists.mnuReportsDetailWithFilenames_Click(u"Party"_s);
+    m_playLists.RunPlayListReport(PlayListReportKind::DetailWithFileNames, u"Party"_s);
     const QString row = u" O'Hara [by] X\n      File name: /m/o.mp3\n"_s;
     EXPECT_EQ(box().toPlainText(), u"Party\n\n"_s + row.repeated(3));
     store.addPlayList(u"Empty"_s);
-    m_playLists.mnuReportsDetail_Click(u"Empty"_s);
+    m_playLists.RunPlayListReport(PlayListReportKind::Detail, u"Empty"_s);
     EXPECT_EQ(box().toPlainText(), QString());
 }
 

@@ -68,10 +68,7 @@ TEST(SongReport, EachArtistBeginsAPageAndBearsItsStoredName)
     EXPECT_EQ(report(SongReportKind::Artist, 54.5, Songs), expected);
     EXPECT_EQ(report(SongReportKind::Artist, 54, Songs.sliced(1, 1)),
               (QStringList{u"12|/"_s, u"12bB|Abba/"_s, u"10|    SOS      03:22/"_s}));
-}
-
-TEST(SongReport, APageThatIsFullAtAnArtistsEndBreaksOnce)
-{
+    // A page that is full at an artist's end breaks once.
     EXPECT_EQ(
         report(SongReportKind::Artist, 2, Songs.sliced(1)),
         (QStringList{u"12|/"_s, u"12bB|Abba/"_s, u"10|    SOS      03:22/"_s, u"10|    Waterloo      /"_s,

@@ -82,6 +82,7 @@ DocumentBuilder::DocumentBuilder(QTextDocument &document, const Tables &tables)
 {
     m_document.setUndoRedoEnabled(false);
     m_document.clear();
+    // One block of edits: nobody lays the text out before it is whole.
     m_cursor = QTextCursor(&m_document);
     m_cursor.beginEditBlock();
 }
@@ -102,6 +103,7 @@ void DocumentBuilder::append(QStringView text, const CharState &state)
 {
     if (text.isEmpty() || isFull())
         return;
+    // Pieces that look alike go in together: an insertion costs more than its letters.
     if (m_state != state || m_pending.size() > LongestPiece)
         flush();
     startParagraph();

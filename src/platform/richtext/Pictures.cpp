@@ -107,6 +107,7 @@ QImage PictureBudget::imageOf(const Picture &picture, QSize &shown)
     const qint64 pixels = shown.isEmpty() ? 0 : qint64{shown.width()} * shown.height();
     QImage image = m_pixels > pixels ? drawn(withHead(picture), shown.isEmpty() ? most : shown) : QImage();
     if (image.isNull()) {
+        // A drawing of another system can't be shown here, but is no damage.
         m_damaged = m_damaged || picture.words.contains("pngblip") || picture.words.contains("jpegblip");
         if (shown.isEmpty())
             shown = FrameSize;

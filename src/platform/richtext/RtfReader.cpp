@@ -63,6 +63,7 @@ void RtfReader::take(const Token &token)
 
 void RtfReader::open()
 {
+    // What stands for a Unicode character ends with its group at the latest, however much is told to skip.
     m_fallback = 0;
     m_starred = false;
     if (m_groups.size() >= DeepestGroup) {
@@ -319,6 +320,7 @@ void RtfReader::flush()
     m_bytes.clear();
 }
 
+// Bytes are of their font's code page; only fonts that name none are of the document's.
 int RtfReader::codePage() const
 {
     const int number = m_groups.back().character.font;
