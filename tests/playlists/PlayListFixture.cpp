@@ -22,8 +22,9 @@ PlayListTest::PlayListTest()
                  m_playListFolder,
                  [this] { return makeMediaPlayer(); },
                  {},
-                 [this](const QString &kind, const PlayListName &list) {
-                     m_reports += kind + u' ' + list.ListName;
+                 [this](PlayListReportKind kind, const PlayListName &list) {
+                     const bool isShort = kind == PlayListReportKind::Detail;
+                     m_reports += (isShort ? u"Detail "_s : u"DetailWithFileNames "_s) + list.ListName;
                  },
                  {}},
                 [this] { return &m_owner; })

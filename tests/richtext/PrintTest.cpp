@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/richtext/PrintRichText.h"
+#include "platform/richtext/RichText.h"
 #include "platform/store/DaoError.h"
 #include "support/QtPrinters.h"
 
 #include <QBuffer>
+#include <QImage>
 #include <QPageRanges>
 #include <QPdfWriter>
+#include <QTextCursor>
 #include <QTextDocument>
 
 #include <gtest/gtest.h>
@@ -16,10 +19,9 @@ namespace richtext::test {
 
 namespace {
 
-qsizetype pagesOf(const QString &text, const PrintOptions &options = {}, const QPageRanges &ranges = {})
+QByteArray printed(const QTextDocument &document, const PrintOptions &options = {},
+                   const QPageRanges &ranges = {})
 {
-    QTextDocument document;
-    document.setPlainText(text);
     QBuffer paper;
     paper.open(QIODevice::WriteOnly);
     {
@@ -27,7 +29,14 @@ qsizetype pagesOf(const QString &text, const PrintOptions &options = {}, const Q
         printer.setPageRanges(ranges);
         PrintRichText(document, printer, options);
     }
-    return paper.data().count("/Type /Page\n");
+    return paper.data();
+}
+
+qsizetype pagesOf(const QString &text, const PrintOptions &options = {}, const QPageRanges &ranges = {})
+{
+    QTextDocument document;
+    document.setPlainText(text);
+    return printed(document, options, ranges).count("/Type /Page\n");
 }
 
 } // namespace
@@ -48,6 +57,17 @@ TEST(PrintRichText, EndsPagesWhereTheyAreFullOrBroken)
     EXPECT_EQ(pagesOf(rows, {.mostPages = 2}), 2);
     EXPECT_EQ(pagesOf(u"a\fb\fc\fd"_s, {}, QPageRanges::fromString(u"2-3"_s)), 2);
     EXPECT_THROW(pagesOf(rows, {.margins = {.left = 20'000}}), dao::DaoError);
+}
+
+TEST(PrintRichText, PrintsPicturesAsWell)
+{
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    cursor.insertText(u"above\f"_s);
+    QImage picture(43, 31, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(insertPicture(cursor, picture, picture.size()));
+    EXPECT_TRUE(printed(document).contains("/Width 43\n"));
 }
 
 } // namespace richtext::test

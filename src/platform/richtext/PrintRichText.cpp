@@ -12,6 +12,8 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
+#include <QUrl>
+#include <QVariant>
 
 using namespace Qt::StringLiterals;
 
@@ -73,6 +75,24 @@ private:
     int m_place = 0;
 };
 
+/** A part of a document, with the pictures of the whole. */
+class Section final : public QTextDocument
+{
+public:
+    explicit Section(const QTextDocument &whole) : m_whole(whole)
+    {
+        setDefaultFont(whole.defaultFont());
+        setUndoRedoEnabled(false);
+        setDocumentMargin(0);
+    }
+
+protected:
+    QVariant loadResource(int type, const QUrl &name) override { return m_whole.resource(type, name); }
+
+private:
+    const QTextDocument &m_whole;
+};
+
 class Pages final
 {
 public:
@@ -87,12 +107,9 @@ public:
     }
 
     /** False when the rest isn't wanted; @p share tells how far the text is done. */
-    [[nodiscard]] bool print(const QTextDocument &like, const QTextDocumentFragment &text, double share)
+    [[nodiscard]] bool print(const QTextDocument &whole, const QTextDocumentFragment &text, double share)
     {
-        QTextDocument section;
-        section.setDefaultFont(like.defaultFont());
-        section.setUndoRedoEnabled(false);
-        section.setDocumentMargin(0);
+        Section section(whole);
         section.documentLayout()->setPaintDevice(&m_printer);
         section.setPageSize(m_area.size());
         QTextCursor(&section).insertFragment(text);
