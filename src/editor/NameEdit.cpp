@@ -128,11 +128,8 @@ void NameEdit::hideForList()
 
 void NameEdit::loadPlayLists()
 {
-    for (const PlayListName &list : m_lists.lists())
-        m_ui->cmbHeader->addItem(list.ListName, list.ListID);
-    m_ui->cmbHeader->setCurrentIndex(m_ui->cmbHeader->findText(m_parts.player.CurrentPlayListName));
-    constexpr int DropDownPixels = 220;
-    SetComboDropDownWidth(*m_ui->cmbHeader, DropDownPixels);
+    m_playLists = std::make_unique<AddToPlayListBox>(*m_ui->cmbHeader, *m_ui->txtSongAddedToPlaylist);
+    m_playLists->showLists(m_lists.lists(), m_parts.player.CurrentPlayListName);
     showPlayListTip();
 }
 

@@ -6,10 +6,8 @@
 #include "editor/SongSave.h"
 #include "editor/SongWalk.h"
 #include "editor/TemplateRecord.h"
-#include "player/AddToPlayList.h"
+#include "player/AddToPlayListBox.h"
 #include "player/PlayCommands.h"
-
-#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -85,8 +83,6 @@ public:
 
     void showModally(std::function<void()> closed);
 
-    /** Width of a box's list, in pixels. */
-    static void SetComboDropDownWidth(QComboBox &combo, int width);
     /** Asks for a picture's file; nothing on cancel. */
     [[nodiscard]] std::optional<QString> GetFileName();
     /** Closes the screen when it was the button that asked for it. */
@@ -186,12 +182,12 @@ private:
     TemplateRecord m_template;
     PlayListStore m_lists;
     AddToPlayList m_addToPlayList;
+    std::unique_ptr<AddToPlayListBox> m_playLists;
     /** By their fields. */
     QMap<QString, QWidget *> m_controls;
     LeaveGate *m_gate = nullptr;
     /** The record's texts as they were loaded. */
     SongTexts m_loaded;
-    QTimer m_confirmation;
     bool m_unloaded = false;
     bool m_assignCategory = false;
 };

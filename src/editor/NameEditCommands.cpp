@@ -3,7 +3,6 @@
 
 #include "catalogue/Options.h"
 #include "desktop/FileHelpers.h"
-#include "desktop/KeySender.h"
 #include "desktop/MusicFolder.h"
 #include "editor/EditorState.h"
 #include "editor/LeaveGate.h"
@@ -11,8 +10,6 @@
 #include "songlist/DisplayedSet.h"
 #include "songlist/ListCommands.h"
 #include "ui_NameEdit.h"
-
-#include <QAbstractItemView>
 
 using namespace Qt::StringLiterals;
 
@@ -24,7 +21,6 @@ namespace {
 constexpr char16_t MusicFilter[] = u"Music files (*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac)|"
                                    "*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac|All Files (*.*)|*.*";
 constexpr char16_t PictureFilter[] = u"Image files (*.jpg;*.gif;*.bmp)|*.jpg;*.gif;*.bmp|All Files (*.*)|*.*";
-constexpr int AddedShownMs = 500;
 
 } // namespace
 
@@ -53,7 +49,6 @@ void NameEdit::wire()
     for (int slot = 1; slot <= PictureSlots; ++slot)
         on(findChild<QPushButton *>(u"cmdPicture%1"_s.arg(slot)), [this, slot] { showPicture(slot); });
     connect(m_ui->cmbHeader, &QComboBox::activated, this, &NameEdit::cmbHeader_Click);
-    connect(&m_confirmation, &QTimer::timeout, m_ui->txtSongAddedToPlaylist, &QWidget::hide);
 }
 
 void NameEdit::enableHooks()
@@ -63,11 +58,6 @@ void NameEdit::enableHooks()
     m_ui->cmdWebLookup->setEnabled(hooks.cmdWebLookup != nullptr);
     for (int slot = 1; slot <= PictureSlots; ++slot)
         findChild<QPushButton *>(u"cmdPicture%1"_s.arg(slot))->setEnabled(hooks.showPicture != nullptr);
-}
-
-void NameEdit::SetComboDropDownWidth(QComboBox &combo, int width)
-{
-    combo.view()->setMinimumWidth(width);
 }
 
 std::optional<QString> NameEdit::GetFileName()
@@ -333,20 +323,7 @@ void NameEdit::cmdPlay_Click()
 
 void NameEdit::cmdAddToPlaylist_Click()
 {
-    handle([this] {
-        switch (m_addToPlayList.addFromEditor(m_parts.set.Data1().Recordset())) {
-        case SongAdded::Yes:
-            m_ui->txtSongAddedToPlaylist->show();
-            m_confirmation.start(AddedShownMs);
-            break;
-        case SongAdded::ChooseList:
-            m_ui->cmbHeader->setFocus();
-            SendKeysInput(u"%{Down}"_s);
-            break;
-        case SongAdded::No:
-            break;
-        }
-    });
+    handle([this] { m_playLists->follow(m_addToPlayList.addFromEditor(m_parts.set.Data1().Recordset())); });
 }
 
 void NameEdit::cmbHeader_Click()

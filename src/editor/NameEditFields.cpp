@@ -67,8 +67,6 @@ void NameEdit::setUpControls()
     QSizePolicy kept = m_ui->txtSongAddedToPlaylist->sizePolicy();
     kept.setRetainSizeWhenHidden(true);
     m_ui->txtSongAddedToPlaylist->setSizePolicy(kept);
-    m_ui->txtSongAddedToPlaylist->hide();
-    m_confirmation.setSingleShot(true);
     setUpLook();
 }
 

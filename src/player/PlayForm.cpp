@@ -4,7 +4,6 @@
 #include "catalogue/Options.h"
 #include "desktop/Desktop.h"
 #include "desktop/Guard.h"
-#include "desktop/KeySender.h"
 #include "desktop/ScreenLook.h"
 #include "lists/PlayerState.h"
 #include "platform/media/Media.h"
@@ -29,12 +28,7 @@ namespace quaverly {
 
 namespace {
 
-constexpr int DropDownPixels = 220;
-constexpr int AddedShownMs = 500;
 constexpr int DeletedShownMs = 800;
-/** Height of a row for a finger, and what a row adds to its text for a mouse. */
-constexpr int FingerRow = 44;
-constexpr int RowPadding = 8;
 constexpr int LeastRows = 3;
 
 } // namespace
@@ -50,7 +44,7 @@ PlayForm::PlayForm(PlayFormParts parts, QWidget *parent)
     m_ui->lbSongs->setModel(m_songs);
     m_ui->lbSongURL->setModel(m_urls);
     m_ui->WindowsMediaPlayer1->setPlayer(m_media.get());
-    m_confirmation.setSingleShot(true);
+    m_playLists = std::make_unique<AddToPlayListBox>(*m_ui->cmbHeader, *m_ui->txtSongAddedToPlaylist);
     wire();
     wireMedia();
     listenToDesktop();
@@ -78,7 +72,6 @@ void PlayForm::wire()
     on(m_ui->cmdDelete, &QPushButton::clicked, &PlayForm::cmdDelete_Click);
     on(m_ui->cmdLyrics, &QPushButton::clicked, &PlayForm::cmdLyrics_Click);
     on(m_ui->cmdExit, &QPushButton::clicked, &PlayForm::close);
-    on(&m_confirmation, &QTimer::timeout, &PlayForm::hideConfirmation);
 }
 
 void PlayForm::listenToDesktop()
@@ -107,7 +100,6 @@ void PlayForm::Form_Load()
             std::make_unique<NextSong>(m_parts.catalogue, m_parts.displayed.RecordSource(), m_parts.random);
         loadPlayLists();
         m_ui->cmdDelete->setVisible(m_ui->cbPlayRandom->isHidden());
-        m_ui->cmbHeader->view()->setMinimumWidth(DropDownPixels);
     }
     if (m_parts.state.PlayerLeft >= 0 && m_parts.state.PlayerTop >= 0)
         move(m_parts.state.PlayerLeft / TwipsPerPixel, m_parts.state.PlayerTop / TwipsPerPixel);
@@ -116,7 +108,7 @@ void PlayForm::Form_Load()
     setWindowTitle(m_parts.state.CurrentPlayTitle);
     if (m_parts.options.TabletActive)
         sizeForFingers(*this);
-    const int row = m_parts.options.TabletActive ? FingerRow : fontMetrics().height() + RowPadding;
+    const int row = songRowHeight(*this, m_parts.options.TabletActive);
     m_songs->setRowHeight(row);
     m_ui->lbSongs->setMinimumHeight(LeastRows * row);
 }
@@ -125,14 +117,11 @@ void PlayForm::loadPlayLists()
 {
     PlayerState &state = m_parts.state;
     m_ui->lblSelectedPlaylist->setText(state.PlayerPlayList);
-    m_ui->cmbHeader->clear();
     try {
-        for (const PlayListName &list : m_lists.lists())
-            m_ui->cmbHeader->addItem(list.ListName, list.ListID);
+        m_playLists->showLists(m_lists.lists(), state.PlayerPlayList);
     } catch (const dao::DaoError &) {
         return; // The songs play without play lists too.
     }
-    m_ui->cmbHeader->setCurrentIndex(m_ui->cmbHeader->findText(state.PlayerPlayList));
     if (m_ui->cmbHeader->count() > 0)
         return;
     state.CurrentPlayListName.clear();
@@ -255,19 +244,9 @@ void PlayForm::cmdAddToPlaylist_Click()
     guarded(m_parts.desktop, m_ui->cmdAddToPlaylist->text(), [this] {
         m_ui->lblSelectedPlaylist->setText(m_parts.state.PlayerPlayList);
         const int row = m_queue.hasSelection() ? m_queue.ListIndex() : 0;
-        switch (m_addToPlayList.addFromPlayer(m_parts.state.PlayerPlayList, m_queue.song(row),
-                                              m_queue.url(row))) {
-        case SongAdded::Yes:
+        if (m_playLists->follow(m_addToPlayList.addFromPlayer(m_parts.state.PlayerPlayList, m_queue.song(row),
+                                                              m_queue.url(row))))
             m_parts.state.CurrentPlayListName = m_ui->cmbHeader->currentText();
-            confirm(u"Song added to Play List"_s, AddedShownMs);
-            break;
-        case SongAdded::ChooseList:
-            m_ui->cmbHeader->setFocus();
-            SendKeysInput(u"%{Down}"_s);
-            break;
-        case SongAdded::No:
-            break;
-        }
     });
 }
 
@@ -276,21 +255,8 @@ void PlayForm::cmdDelete_Click()
     guarded(m_parts.desktop, m_ui->cmdDelete->text(), [this] {
         m_addToPlayList.deleteFromPlayer(m_queue.url(m_queue.ListIndex()));
         m_media->controls().next();
-        confirm(u"Deleted from Playlist"_s, DeletedShownMs);
+        m_playLists->confirm(u"Deleted from Playlist"_s, DeletedShownMs);
     });
-}
-
-void PlayForm::confirm(const QString &text, int milliseconds)
-{
-    m_ui->txtSongAddedToPlaylist->setText(text);
-    m_ui->txtSongAddedToPlaylist->show();
-    m_confirmation.start(milliseconds);
-}
-
-void PlayForm::hideConfirmation()
-{
-    m_ui->txtSongAddedToPlaylist->hide();
-    m_ui->txtSongAddedToPlaylist->setText(u"Song added to Play List"_s);
 }
 
 void PlayForm::cmdLyrics_Click()

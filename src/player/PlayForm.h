@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "player/AddToPlayList.h"
+#include "player/AddToPlayListBox.h"
 #include "player/NextSong.h"
 #include "player/PlayerRules.h"
 
 #include <QMainWindow>
 #include <QPointer>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -111,13 +110,12 @@ private:
     void focusControl();
     void showSkipped(const QString &sourceURL, const QString &sentence);
     void showNote(const QString &sentence);
-    void confirm(const QString &text, int milliseconds);
-    void hideConfirmation();
 
     std::unique_ptr<Ui::PlayForm> m_ui;
     PlayFormParts m_parts;
     PlayListStore m_lists;
     AddToPlayList m_addToPlayList;
+    std::unique_ptr<AddToPlayListBox> m_playLists;
     /** Null once unloaded. */
     std::unique_ptr<media::MediaPlayer> m_media;
     /** Media keys and the desktop's player widget. */
@@ -129,7 +127,6 @@ private:
     /** Null in a run that has no catalogue. */
     std::unique_ptr<NextSong> m_nextSong;
     QPointer<frmNowPlaying> m_nowPlaying;
-    QTimer m_confirmation;
     bool m_noteIsOfSkip = false;
 };
 

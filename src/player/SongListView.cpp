@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/SongListView.h"
 
+#include "desktop/ScreenLook.h"
+
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QToolTip>
@@ -12,6 +14,8 @@ namespace quaverly {
 namespace {
 
 constexpr int RoomForIcon = 32;
+/** What a row adds to its text. */
+constexpr int RowPadding = 8;
 
 } // namespace
 
@@ -52,6 +56,11 @@ bool SongListView::viewportEvent(QEvent *event)
         }
     }
     return QListView::viewportEvent(event);
+}
+
+int songRowHeight(const QWidget &screen, bool forFingers)
+{
+    return forFingers ? FingerHeight : screen.fontMetrics().height() + RowPadding;
 }
 
 } // namespace quaverly

@@ -26,4 +26,7 @@ private:
     [[nodiscard]] bool isCut(const QModelIndex &index) const;
 };
 
+/** Height of a row of songs in pixels, for a finger or for a mouse. */
+[[nodiscard]] int songRowHeight(const QWidget &screen, bool forFingers);
+
 } // namespace quaverly

@@ -8,6 +8,7 @@
 #include "desktop/ScreenLook.h"
 #include "lists/PlayerState.h"
 #include "platform/text/Text.h"
+#include "player/SongListView.h"
 #include "playlists/TrackListModel.h"
 #include "songlist/DisplayedSet.h"
 #include "ui_frmPlayList.h"
@@ -21,9 +22,6 @@ namespace quaverly {
 namespace {
 
 constexpr QSize FirstSize(680, 620);
-/** Height of a row for a finger, and what a row adds to its text for a mouse. */
-constexpr int FingerRow = 44;
-constexpr int RowPadding = 8;
 
 } // namespace
 
@@ -58,7 +56,7 @@ void frmPlayList::Form_Load()
 {
     if (m_parts.options.TabletActive)
         sizeForFingers(*this);
-    m_model->setRowHeight(m_parts.options.TabletActive ? FingerRow : fontMetrics().height() + RowPadding);
+    m_model->setRowHeight(songRowHeight(*this, m_parts.options.TabletActive));
     resize(FirstSize.boundedTo(roomFor(*this)));
     m_ui->Label3->setText(u"To change song order, drag and drop song names in this list to a new position.\n"
                           "To delete a song, right-click a song and choose Delete from the pop-up menu."_s);

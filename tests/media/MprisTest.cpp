@@ -180,7 +180,7 @@ TEST_F(MprisTest, MetadataTellsTheSongAndTheDesktopSeeksInIt)
     EXPECT_GE(get(u"Position"_s).toLongLong(), 299'000'000);
 }
 
-TEST_F(MprisTest, ModesAndVolumeGoBothWays)
+TEST_F(MprisTest, ModesAndVolumeGoBothWaysAndTheProgramComesAndGoes)
 {
     set(u"Volume"_s, 0.4);
     EXPECT_EQ(player().settings().volume(), 40);
@@ -192,10 +192,7 @@ TEST_F(MprisTest, ModesAndVolumeGoBothWays)
     EXPECT_TRUE(told(u"LoopStatus"_s, u"Playlist"_s));
     player().settings().setMode(u"loop"_s, false);
     EXPECT_TRUE(told(u"LoopStatus"_s, u"None"_s));
-}
 
-TEST_F(MprisTest, TheProgramAsAWhole)
-{
     call(RootInterface, u"Raise"_s);
     call(RootInterface, u"Quit"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return m_raised == 1 && m_quit == 1; }));

@@ -419,18 +419,6 @@ TEST_F(TheRealPlayer, FollowsTheSelectionPastWhatCannotBePlayed)
     EXPECT_FALSE(isShown(u"lblMediaNote"_s)) << "the last song played to its end";
 }
 
-TEST_F(TheRealPlayer, EndsOneSongAndAWholeSet)
-{
-    display();
-    playOne();
-    EXPECT_TRUE(closes());
-    m_commands.cmdPlay_Click();
-    check(u"cbPlayNext"_s);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [this] { return caption() == u"f.ogg"_s && player().playState() == media::Stopped; }, 20'000))
-        << m_events.join(u' ').toStdString();
-}
-
 TEST_F(TheRealPlayer, StaysUsableWithNothingToPlayAndWithoutSoundOutput)
 {
     PlayRequest request;

@@ -110,24 +110,6 @@ TEST(PlayListRules, FollowWhatHappened)
     }
 }
 
-TEST(PlayListRules, MoveARowAboveTheOneItIsDroppedOn)
-{
-    const std::tuple<int, int, QString> cases[] = {
-        {0, 2, u"BACD "_s}, {0, 4, u"BCDA "_s},  {3, 0, u"DABC "_s},  {2, 1, u"ACBD "_s}, {1, 2, u"ABCD "_s},
-        {1, 1, u"ABCD "_s}, {-1, 2, u"ABCD "_s}, {1, -1, u"ABCD "_s}, {1, 5, u"ABCD "_s}, {4, 0, u"ABCD "_s},
-    };
-    for (const auto &[selected, target, expected] : cases) {
-        TrackRows rows;
-        rows.load({{u"A"_s, {}, 1}, {u"B"_s, {}, 2}, {u"C"_s, {}, 3}, {u"D"_s, {}, 4}});
-        rows.MoveListBoxItem(selected, target);
-        QString order;
-        for (int row = 0; row < rows.ListCount(); ++row)
-            order += rows.text(row).isEmpty() ? u" "_s : rows.text(row);
-        EXPECT_EQ(order, expected) << selected << " to " << target;
-        EXPECT_EQ(rows.key(0), order.at(0).unicode() - u'A' + 1);
-    }
-}
-
 TEST(PlayListRules, DragUnlessTheProgramStandsWithItsSources)
 {
     EXPECT_TRUE(hasDragSupport(u"/usr/bin"_s));

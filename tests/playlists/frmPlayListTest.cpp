@@ -212,6 +212,9 @@ TEST_F(PlayLists, KeepTheOrderOnTheScreen)
     dragRow(1, 5);
     expect(u"AECDB"_s);
     dragRow(0, 3, true);
+    dragRow(5, 0); // the blank row
+    dragRow(0, -1);
+    dragRow(1, 2);
     expect(u"AECDB"_s);
     clickRow(4);
     key(&lbDetail(), Qt::Key_Down, Qt::AltModifier);

@@ -23,6 +23,7 @@ Event EventQueue::take()
 {
     Event event = std::move(m_events.front());
     m_events.pop_front();
+    // What its handlers ask for comes next, before what the engine said meanwhile.
     m_place = 0;
     return event;
 }

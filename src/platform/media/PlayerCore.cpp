@@ -54,6 +54,7 @@ Engine &PlayerCore::engine()
 
 void PlayerCore::setURL(const QString &url)
 {
+    // What waits to be told is about the URL before.
     m_queue.clear();
     silence();
     m_url = url;
@@ -69,6 +70,7 @@ void PlayerCore::setURL(const QString &url)
             announce(Stopped);
     } else {
         m_mode = Mode::Loading;
+        // A handler that sets one decides itself, when it hears of Ready, whether it plays.
         m_playsAtOnce = !m_telling;
         m_queue.append(LoadEvent());
     }
@@ -98,6 +100,7 @@ void PlayerCore::play()
         }
         return;
     case Mode::Ending:
+        // The next item comes by itself.
         if (m_order.following())
             return;
         break;
@@ -157,9 +160,11 @@ void PlayerCore::move(bool ahead)
 {
     if (count() == 0)
         return;
+    // While an end is told the list stands on the item to come, and moves on from there.
     if (m_mode == Mode::Ending && m_order.following())
         m_order.next();
     const PlayOrder::Step step = ahead ? m_order.next() : m_order.previous();
+    // The load that waits announces the item.
     if (m_mode == Mode::Loading)
         return;
     m_queue.clear();

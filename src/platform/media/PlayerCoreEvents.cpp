@@ -50,6 +50,8 @@ void PlayerCore::schedule()
         m_pump.start(0);
 }
 
+// One event a turn: its handlers give commands, and what these change must not have been told yet. Events
+// that concern nobody any more take no turn.
 void PlayerCore::pump()
 {
     if (m_telling)
@@ -60,10 +62,12 @@ void PlayerCore::pump()
         Event event = m_queue.take();
         m_telling = true;
         told = deliver(event);
+        // A handler may have closed the player.
         if (!alive)
             return;
         m_telling = false;
         m_tellingFailure = false;
+        // Only now, since a handler of the end may have asked for another item, or for silence.
         if (m_mode == Mode::Ending)
             goOn();
     }
@@ -91,6 +95,7 @@ bool PlayerCore::tell(const StateEvent &event)
 
 bool PlayerCore::tell(const ItemEvent &event)
 {
+    // item() gives back what it knows of the current one: of the same item played again nothing is known.
     m_media = {};
     m_media = item(event.index);
     Q_EMIT m_player.CurrentItemChange();
@@ -167,12 +172,14 @@ bool PlayerCore::tell(const EndedEvent &event)
     m_failures = 0;
     m_anyPlayed = true;
     m_mode = Mode::Ending;
+    // A pause that was still to be told came too late.
     m_queue.dropStates();
     return tell(StateEvent{MediaEnded});
 }
 
 bool PlayerCore::tell(const FailedEvent &event)
 {
+    // The engine's word on a file that was given up meanwhile.
     if (event.file != m_open)
         return false;
     m_open = 0;
@@ -193,6 +200,7 @@ bool PlayerCore::tell(const RefusedEvent &event)
 
 // --- what is to come
 
+// What the handlers will have heard by then is not told twice.
 void PlayerCore::announce(PlayState state)
 {
     if (m_queue.stateBefore().value_or(m_state) != state)
@@ -268,6 +276,7 @@ void PlayerCore::giveUp(const QString &sentence)
     m_mode = Mode::Stopped;
     m_paused = false;
     m_queue.insert(ErrorEvent{sentence});
+    // Not by announce(), which may leave it out: play() heeds the failure while this is told.
     m_queue.insert(StateEvent{Stopped, true});
 }
 
