@@ -72,26 +72,36 @@ QRect Pics3::menuPlace() const
     return menu ? QRect(menu->mapToGlobal(QPoint()), menu->size()) : QRect();
 }
 
+bool Pics3::wasMovedByUser() const
+{
+    // A window manager may put a window a little off.
+    constexpr int Nearby = 40;
+    return m_placed && (pos() - *m_placed).manhattanLength() > Nearby;
+}
+
 void Pics3::place()
 {
     const QWidget &beside = parentWidget() ? *parentWidget() : *this;
     const QSize around = frameSizes();
     const QRect menu = menuPlace();
-    if (m_isPlaced && !beside.isMaximized() && !QRect(pos(), size() + around).intersects(menu))
+    if (wasMovedByUser() && !beside.isMaximized() && !QRect(pos(), size() + around).intersects(menu))
         return;
-    m_isPlaced = true;
+    resizeOnScreen(FormSize);
     const QRect room = beside.screen()->availableGeometry();
     const QRect taken = beside.frameGeometry();
     const QSize frame = size() + around;
     const int lowest = room.bottom() + 1 - frame.height();
     const int besideTop = std::clamp(taken.top(), room.top(), std::max(room.top(), lowest));
-    if (room.right() - taken.right() >= frame.width())
-        return move(taken.right() + 1, besideTop);
-    if (taken.left() - room.left() >= frame.width())
-        return move(taken.left() - frame.width(), besideTop);
-    const int top = menu.isEmpty() ? lowest : std::max(lowest, menu.bottom() + 1);
-    resize(width(), room.bottom() + 1 - top - around.height());
-    move(room.right() + 1 - frame.width(), top);
+    if (room.right() - taken.right() >= frame.width()) {
+        move(taken.right() + 1, besideTop);
+    } else if (taken.left() - room.left() >= frame.width()) {
+        move(taken.left() - frame.width(), besideTop);
+    } else {
+        const int top = menu.isEmpty() ? lowest : std::max(lowest, menu.bottom() + 1);
+        resize(width(), room.bottom() + 1 - top - around.height());
+        move(room.right() + 1 - frame.width(), top);
+    }
+    m_placed = pos();
 }
 
 QStringList Pics3::paths(qint64 position) const

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class Pics3;
@@ -66,6 +67,7 @@ private:
     [[nodiscard]] QSize frameSizes() const;
     /** On the monitor; empty without a main screen. */
     [[nodiscard]] QRect menuPlace() const;
+    [[nodiscard]] bool wasMovedByUser() const;
     void resizeOnScreen(QSize wanted);
     void moveOntoScreen();
     /** Paths by image; empty where the song has no picture. */
@@ -81,7 +83,8 @@ private:
     std::array<PictureBox *, Images> m_images = {};
     QStringList m_paths;
     int m_enlarged = -1;
-    bool m_isPlaced = false;
+    /** Where this program put it last. */
+    std::optional<QPoint> m_placed;
     /** Where the three were when one was enlarged. */
     QPoint m_placeOfThree;
 };

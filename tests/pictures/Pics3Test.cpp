@@ -124,10 +124,8 @@ TEST_F(Pics3Test, StandsBesideTheMainScreenAndNeverOverItsMenu)
     const int half = room.width() / 2;
     const QRect right = placed({room.left(), room.top(), half, 400});
     EXPECT_GT(right.left(), m_nameEdit.frameGeometry().right());
-    m_commands.unloadPics3();
     const QRect left = placed({room.left() + half, room.top(), half, 400});
     EXPECT_LT(left.right(), m_nameEdit.frameGeometry().left());
-    m_commands.unloadPics3();
     EXPECT_EQ(placed(room).right(), room.right()) << "over the main screen, but not over its menu";
     screen().move(room.left(), room.bottom() - screen().height() - 50);
     EXPECT_EQ(placed(room).left(), room.left()) << "where the user put it";
