@@ -236,7 +236,6 @@ void NameList::set_BackColor(quint32 color)
 // The family stays that of the screens: only size and weight belong to the mode.
 void NameList::applyLook(const ModeLook &look)
 {
-    const int before = m_ui->Table1->fontMetrics().averageCharWidth();
     QFont font;
     font.setPointSizeF(look.fontSize);
     font.setBold(look.bold);
@@ -246,9 +245,6 @@ void NameList::applyLook(const ModeLook &look)
     // It measures its contents anew only when its policy changes.
     m_ui->cmbSort->setSizeAdjustPolicy(QComboBox::AdjustToContentsOnFirstShow);
     m_ui->cmbSort->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    // From one mode to the other the columns keep showing as much text.
-    if (!m_firstActivation)
-        m_columns->scaleWidths(double(m_ui->Table1->fontMetrics().averageCharWidth()) / before);
     m_ui->Table1->setRowHeight(look.rowHeight);
     m_session.desktop().setTabletActive(m_session.options().TabletActive);
     m_ui->txtLocate->setMinimumHeight(look.locateHeight / TwipsPerPixel);

@@ -75,7 +75,7 @@ void DisplayedSet::leaveArtistView()
         m_screen->cmdSortSong_Click();
     m_screen->set_cmbSort(m_artistReturn.sort);
     m_data.findRecord(m_artistReturn.recordId);
-    m_screen->scrollGrid(0, -m_artistReturn.row);
+    m_screen->scrollGrid(0, m_screen->gridRow() - m_artistReturn.row);
     showArtistButton();
 }
 

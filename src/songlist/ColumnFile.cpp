@@ -20,6 +20,7 @@ namespace {
 constexpr qint64 MostBytes = 64 * 1024;
 constexpr double WidestTwips = 60000;
 constexpr qsizetype ValuesInLine = 4;
+constexpr auto CharacterLine = "Character"_L1;
 
 /** The comma-separated values of a line; a text between double quotes may hold commas. */
 QStringList valuesOf(const QString &line)
@@ -55,6 +56,16 @@ std::optional<ColumnLine> columnOf(const QString &line)
     return ColumnLine{values.at(0), field->name, width, alignmentOf(values.at(3))};
 }
 
+/** The width that stands behind the columns; 0 when the line says something else. */
+double characterOf(const QString &line)
+{
+    const QStringList values = valuesOf(line);
+    const bool told =
+        values.size() == ValuesInLine && values.at(0) == CharacterLine && values.at(1).isEmpty();
+    const double width = told ? Val(values.at(2)) : 0;
+    return width > 0 && width <= WidestTwips ? width : 0;
+}
+
 QString lineOf(const ColumnLine &column)
 {
     // A quote would end the text that it stands in.
@@ -65,26 +76,29 @@ QString lineOf(const ColumnLine &column)
 
 } // namespace
 
-QList<ColumnLine> readColumnFile(const QString &path)
+ColumnLayout readColumnFile(const QString &path)
 {
     QFile file(path);
     if (file.size() > MostBytes || !file.open(QIODevice::ReadOnly))
         return {};
-    QList<ColumnLine> columns;
+    ColumnLayout layout;
     for (const QString &line : fromSystemCodePage(file.read(MostBytes)).split(u'\n')) {
         const std::optional<ColumnLine> column = columnOf(line.trimmed());
-        if (!column)
+        if (!column) {
+            layout.character = characterOf(line.trimmed());
             break;
-        columns.append(*column);
+        }
+        layout.columns.append(*column);
     }
-    return columns;
+    return layout;
 }
 
-void writeColumnFile(const QString &path, const QList<ColumnLine> &columns)
+void writeColumnFile(const QString &path, const ColumnLayout &layout)
 {
     QString text;
-    for (const ColumnLine &column : columns)
+    for (const ColumnLine &column : layout.columns)
         text += lineOf(column);
+    text += lineOf({CharacterLine, {}, layout.character, CellAlignment::Left});
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0 || !file.commit())
         throw dao::DaoError(dao::PathFileAccess, u"The layout of the columns can't be kept in "_s + path +

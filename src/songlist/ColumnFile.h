@@ -22,15 +22,24 @@ struct ColumnLine
     CellAlignment alignment = CellAlignment::Left;
 };
 
+/** What the file keeps. */
+struct ColumnLayout
+{
+    QList<ColumnLine> columns;
+    /** Width of a character, in twips, when the widths were those; 0 in a file that does not say so. */
+    double character = 0;
+};
+
 /**
  * The lines of a column file, from its first on. Ends before the first one that is none: too few
  * values, no field of a song, no usable width, or an old file's number in front. A file that can't
  * be read, or that no grid wrote, has none. Each line has its four values: caption and field between
- * double quotes, width and alignment as numbers.
+ * double quotes, width and alignment as numbers. Behind the columns stands one without a field, with a
+ * character's width.
  */
-[[nodiscard]] QList<ColumnLine> readColumnFile(const QString &path);
+[[nodiscard]] ColumnLayout readColumnFile(const QString &path);
 
 /** Exchanges the file for a whole new one. @throws dao::DaoError 75 when it can't be written. */
-void writeColumnFile(const QString &path, const QList<ColumnLine> &columns);
+void writeColumnFile(const QString &path, const ColumnLayout &layout);
 
 } // namespace quaverly

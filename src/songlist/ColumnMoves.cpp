@@ -38,13 +38,18 @@ void ColumnMoves::load(const QString &folder)
 {
     m_path = folder + QString::fromUtf16(ColumnFileName);
     int index = 1;
-    for (const ColumnLine &line : readColumnFile(m_path)) {
+    const ColumnLayout layout = readColumnFile(m_path);
+    const double scale = layout.character > 0 ? m_grid.characterTwips() / layout.character : 1;
+    for (const ColumnLine &line : layout.columns) {
         if (index >= m_grid.songs().columnCount())
             break;
         m_grid.songs().setColumn(index, {line.caption, line.dataField, line.alignment});
-        m_grid.setColumnTwips(index, line.width);
+        m_grid.setColumnTwips(index, line.width * scale);
         ++index;
     }
+    // A file of before: it learns what its widths were meant for.
+    if (index > 1 && layout.character == 0)
+        columnsChanged();
 }
 
 void ColumnMoves::save()
@@ -52,12 +57,12 @@ void ColumnMoves::save()
     m_saveSoon.stop();
     if (!m_columnsChanged)
         return;
-    QList<ColumnLine> lines;
+    ColumnLayout layout{{}, m_grid.characterTwips()};
     for (int i = 1; i < m_grid.songs().columnCount(); ++i) {
         const GridColumn &column = m_grid.songs().column(i);
-        lines.append({column.caption, column.dataField, m_grid.columnTwips(i), column.alignment});
+        layout.columns.append({column.caption, column.dataField, m_grid.columnTwips(i), column.alignment});
     }
-    writeColumnFile(m_path, lines);
+    writeColumnFile(m_path, layout);
 }
 
 void ColumnMoves::columnsChanged()
@@ -79,13 +84,6 @@ void ColumnMoves::putArtistFirst(bool artist)
     m_grid.songs().setColumn(2, artist ? songColumn : artistColumn);
     m_grid.setColumnTwips(1, second);
     m_grid.setColumnTwips(2, first);
-    columnsChanged();
-}
-
-void ColumnMoves::scaleWidths(double factor)
-{
-    for (int i = 0; i < m_grid.songs().columnCount(); ++i)
-        m_grid.setColumnTwips(i, m_grid.columnTwips(i) * factor);
     columnsChanged();
 }
 

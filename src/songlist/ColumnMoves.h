@@ -26,8 +26,6 @@ public:
 
     /** Artist in column 1 and Song Name behind it, or the other way round; widths stay with the field. */
     void putArtistFirst(bool artist);
-    /** Makes all columns that many times as wide. */
-    void scaleWidths(double factor);
     /** Ends a move that waits for its second click. */
     void cancel() { m_columnMoveSource = 0; }
 

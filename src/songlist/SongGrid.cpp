@@ -93,6 +93,7 @@ void SongGrid::unbind()
 
 void SongGrid::setRowHeight(double twips)
 {
+    m_rowTwips = twips;
     const int pixels = qRound(twips / TwipsPerPixel);
     verticalHeader()->setDefaultSectionSize(std::max(pixels, fontMetrics().height() + 2));
 }
@@ -100,7 +101,7 @@ void SongGrid::setRowHeight(double twips)
 void SongGrid::setDesignWidths()
 {
     const QScopedValueRollback resizing(m_resizing, true);
-    const int character = fontMetrics().averageCharWidth();
+    const int character = qRound(characterTwips() / TwipsPerPixel);
     for (int i = 0; i < m_model->columnCount(); ++i) {
         const int heading = fontMetrics().horizontalAdvance(m_model->column(i).caption) + 3 * character;
         const int wanted = designCharacters(m_model->column(i).dataField) * character;
@@ -184,6 +185,25 @@ void SongGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint h
 bool SongGrid::holdsRefusedText()
 {
     return CellEditing() && (m_refused == typedText() || !finishEditing());
+}
+
+// Digits are wider than the average in some fonts, and years stand in digits.
+double SongGrid::characterTwips() const
+{
+    const QFontMetrics metrics = fontMetrics();
+    return std::max(metrics.averageCharWidth(), metrics.horizontalAdvance(u'0')) * TwipsPerPixel;
+}
+
+// In another font the columns keep showing as much text.
+void SongGrid::followFont()
+{
+    const double before = std::exchange(m_characterTwips, characterTwips());
+    horizontalHeader()->setFont(font());
+    if (m_model == nullptr || before <= 0)
+        return;
+    for (int i = 0; before != m_characterTwips && i < m_model->columnCount(); ++i)
+        setColumnTwips(i, columnTwips(i) * m_characterTwips / before);
+    setRowHeight(m_rowTwips);
 }
 
 double SongGrid::columnTwips(int column) const
@@ -333,6 +353,8 @@ void SongGrid::resizeEvent(QResizeEvent *event)
 void SongGrid::changeEvent(QEvent *event)
 {
     QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        followFont();
     if (event->type() == QEvent::PaletteChange && !m_tinting)
         tintRows();
 }

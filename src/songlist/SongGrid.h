@@ -53,6 +53,8 @@ public:
     /** Width in twips, as the column file and its readers count. */
     [[nodiscard]] double columnTwips(int column) const;
     void setColumnTwips(int column, double twips);
+    /** Width of a usual character in the present font; the columns follow it. */
+    [[nodiscard]] double characterTwips() const;
     /** The current row's place on the screen, for a menu that no pointer opened. */
     [[nodiscard]] QPoint currentRowPlace() const;
 
@@ -96,6 +98,7 @@ private:
     void tellRowColChange(int lastCol);
     void placeEmptyState();
     void tintRows();
+    void followFont();
 
     DataControl *m_data = nullptr;
     SongGridModel *m_model = nullptr;
@@ -109,6 +112,8 @@ private:
     int m_lastCol = -1;
     std::optional<int> m_heldLastCol;
     bool m_tinting = false;
+    double m_rowTwips = 0;
+    double m_characterTwips = 0;
     bool m_committing = false;
     /** What stands in the open cell and could not be stored. */
     std::optional<QString> m_refused;

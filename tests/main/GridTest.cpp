@@ -202,6 +202,15 @@ TEST_F(GridTest, AColumnMovesByTwoClicksAndStaysThere)
     start();
     EXPECT_EQ(headings(), moved);
     EXPECT_EQ(grid().columnWidth(3), 123);
+
+    // The other mode's font: as much text is shown, after a restart too.
+    chooseMenu(screen(), u"TabletMode"_s);
+    const int wide = grid().columnWidth(3);
+    EXPECT_GT(wide, 150);
+    close();
+    start();
+    EXPECT_NEAR(grid().columnWidth(3), wide, 1);
+    EXPECT_EQ(grid().horizontalHeader()->font().pointSizeF(), grid().font().pointSizeF());
 }
 
 TEST_F(GridTest, ADamagedColumnFileNeverBreaksTheStart)

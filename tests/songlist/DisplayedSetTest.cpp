@@ -117,6 +117,7 @@ TEST_F(SongList, TheWayBackFromTheArtistKeepsSongLineAndSort)
     screen.row = 1;
     set.showArtistSongs();
     EXPECT_EQ(screen.cmbSort(), u"Song Name"_s);
+    screen.row = 0;
     set.showArtistSongs();
     EXPECT_EQ(current(), u"Imagine"_s);
     EXPECT_EQ(screen.scrolls, QList<QPoint>({QPoint(0, -1)}));
