@@ -116,7 +116,7 @@ void Backups::makeRoom() const
     if (free && *free < needed)
         throw dao::DaoError(dao::DiskFull,
                             u"The disk is full.  The copy needs %1 bytes in '%2', where %3 are free."_s.arg(
-                                groupedBytes(needed), folder(), groupedBytes(*free)));
+                                groupedNumber(needed), folder(), groupedNumber(*free)));
 }
 
 QString Backups::folder() const

@@ -30,8 +30,8 @@ QString compactQuestion()
 
 QString compactedMessage(const CompactedSizes &sizes)
 {
-    return u"Database compacted.\n\nOld file size: "_s + groupedBytes(sizes.oldSize) +
-           u" bytes\nNew file size: "_s + groupedBytes(sizes.newSize) + u" bytes"_s;
+    return u"Database compacted.\n\nOld file size: "_s + groupedNumber(sizes.oldSize) +
+           u" bytes\nNew file size: "_s + groupedNumber(sizes.newSize) + u" bytes"_s;
 }
 
 } // namespace

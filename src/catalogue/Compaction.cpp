@@ -73,11 +73,11 @@ void takePlaceOf(const QString &file, const QString &copy)
 
 } // namespace
 
-QString groupedBytes(qint64 bytes)
+QString groupedNumber(qint64 number)
 {
     QLocale locale;
     locale.setNumberOptions({});
-    return locale.toString(bytes);
+    return locale.toString(number);
 }
 
 void exchangeCatalogue(const QString &databaseFile, const std::function<void(const QString &path)> &write)

@@ -14,8 +14,8 @@ struct CompactedSizes
     qint64 newSize = 0;
 };
 
-/** The size with the locale's group separators. */
-[[nodiscard]] QString groupedBytes(qint64 bytes);
+/** With the locale's group separators. */
+[[nodiscard]] QString groupedNumber(qint64 number);
 
 /**
  * Puts another file in the place of a closed catalogue, in one step: whatever happens, a whole catalogue

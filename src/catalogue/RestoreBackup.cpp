@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/RestoreBackup.h"
 
+#include "catalogue/Compaction.h"
 #include "desktop/Desktop.h"
 #include "platform/shell/Columns.h"
 #include "platform/text/Text.h"
 
-#include <QLocale>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -18,9 +18,7 @@ const auto Title = u"Restore From Backup"_s;
 
 QString countOf(const Backup &backup)
 {
-    QLocale locale;
-    locale.setNumberOptions({});
-    return backup.songs < 0 ? u"cannot be read"_s : locale.toString(backup.songs);
+    return backup.songs < 0 ? u"cannot be read"_s : groupedNumber(backup.songs);
 }
 
 } // namespace

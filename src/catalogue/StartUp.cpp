@@ -3,6 +3,7 @@
 
 #include "catalogue/DuplicateQueries.h"
 #include "catalogue/RenameNotes.h"
+#include "catalogue/RepairWords.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "platform/options/OptionsStore.h"
@@ -152,13 +153,22 @@ bool StartUp::repairedAfter(const dao::DaoError &error, bool &repairTried)
         return false;
     repairTried = true;
     try {
-        const Hourglass hourglass(m_desktop);
-        m_engine.RepairDatabase(m_catalogue.DatabaseFile);
+        repair();
     } catch (const dao::DaoError &failure) {
         tellError(failure);
         return false;
     }
     return true;
+}
+
+void StartUp::repair()
+{
+    dao::RepairReport report;
+    {
+        const Hourglass hourglass(m_desktop);
+        report = m_engine.RepairDatabase(m_catalogue.DatabaseFile);
+    }
+    m_desktop.MessageBox(repairWords(report), u"Database Repaired"_s, Icon::Information);
 }
 
 StartUp::Opened StartUp::openCatalogue()

@@ -66,6 +66,8 @@ private:
     [[nodiscard]] StartResult openAndShow();
     /** True when the catalogue was repaired and the opening is to be tried again. */
     [[nodiscard]] bool repairedAfter(const dao::DaoError &error, bool &repairTried);
+    /** Tells what it saved and lost. @throws dao::DaoError */
+    void repair();
     [[nodiscard]] Opened openCatalogue();
     [[nodiscard]] bool tryOpen(const QString &connect);
     void prepareCatalogue();

@@ -278,8 +278,13 @@ TEST_F(TheDamagedStart, IsRepairedOnRequest)
     EXPECT_EQ(catalogues(), before);
     QDir(folder("data")).rmdir(u"QVdata.mdb.repair"_s);
 
-    desktop.willAnswer(Answer::Ok, u"Press the OK button if you want Quaverly to attempt to repair it."_s);
+    desktop.willAnswer(Answer::Ok, u"Press the OK button if you want Quaverly to attempt to repair it."_s)
+        .willSee(u"The database was repaired"_s);
     ASSERT_EQ(start(), StartResult::Running);
+    const QString told = desktop.lastCall().text;
+    EXPECT_TRUE(told.contains(u"\nSongs: 1 of 1 saved, 0 lost\n"_s)) << qPrintable(told);
+    EXPECT_TRUE(told.contains(u"The damaged file is kept as:\n"_s + folder("data") + u"QVdata damaged "_s))
+        << qPrintable(told);
     EXPECT_EQ(catalogue.ContactsTable->text(u"SongName"_s), u"SOS"_s);
     ASSERT_EQ(catalogues().size(), 2);
     EXPECT_TRUE(catalogues().filter(u"damaged "_s).size() == 1);
@@ -289,6 +294,7 @@ TEST_F(TheDamagedStart, OffersTheRepairOnce)
 {
     failWhenShown = dao::CannotOpenFile;
     desktop.willAnswer(Answer::Ok, u"Database may be corrupted."_s)
+        .willSee(u"The database was repaired"_s)
         .willSee(u"Out of order.    Error number: 3049"_s);
     EXPECT_EQ(start(), StartResult::End);
     EXPECT_EQ(shown, 1);

@@ -139,39 +139,54 @@ TEST_F(CatalogueFiles, AShorterOrDamagedOneIsRepairedAsFarAsItCanBeRead)
     constexpr int RootPages = 60;
     ASSERT_GT(pages, 2 * RootPages);
     QRandomGenerator random(7);
+    // Each three times: pages of noise, pages of zeros, pages of which the tail is zeros, a file cut in
+    // mid-page.
     for (int round = 0; round < 12; ++round) {
         SCOPED_TRACE(round);
         QByteArray damaged = sound;
-        const bool truncated = round % 4 == 3;
-        if (truncated)
-            damaged.truncate(sound.size() * (round + 1) / 16);
-        for (int hit = truncated ? 6 : 0; hit < 6; ++hit) {
+        const int kind = round % 4;
+        if (kind == 3)
+            damaged.truncate(sound.size() * (round + 1) / 16 + 1000);
+        for (int hit = kind == 3 ? 6 : 0; hit < 6; ++hit) {
             const int page = random.bounded(RootPages, pages);
-            for (int i = 0; i < PageSize; ++i)
-                damaged[page * PageSize + i] = static_cast<char>(random.generate());
+            for (int i = kind == 2 ? random.bounded(PageSize) : 0; i < PageSize; ++i)
+                damaged[page * PageSize + i] = kind == 0 ? static_cast<char>(random.generate()) : '\0';
         }
         for (const QString &file : files())
             QFile::remove(store.path(file));
         writeFile(path, damaged);
-        if (truncated) {
+        if (kind == 3) {
             EXPECT_EQ(opening(path), dao::CannotOpenFile);
         }
-        const QString report = store.engine().RepairDatabase(path);
-        EXPECT_TRUE(report.contains(u"tblContacts: "_s)) << report.toStdString();
+        const dao::RepairReport report = store.engine().RepairDatabase(path);
         const QStringList all = files();
         ASSERT_EQ(all.size(), 2) << all.join(u' ').toStdString();
         EXPECT_TRUE(all[0].startsWith(u"QVdata damaged "_s)) << all[0].toStdString();
-        EXPECT_EQ(bytesOf(store.path(all[0])), damaged);
+        EXPECT_EQ(report.damagedFile, store.path(all[0]));
+        EXPECT_EQ(bytesOf(report.damagedFile), damaged);
         EXPECT_EQ(opening(path), dao::InvalidPassword);
         const auto db = store.engine().OpenDatabase(path, u";pwd=pw"_s);
         EXPECT_EQ(db->QueryDefs(u"mine"_s).SQL, u"Select  * From tblContacts"_s);
         EXPECT_EQ(firstFields(*db, u"Select Name From tblSettings Where Type='KEPT'"_s), u"yes"_s);
         const int saved = firstFields(*db, u"Select Count(*) From tblContacts"_s).toInt();
-        EXPECT_GE(saved, truncated ? 1 : Songs - 6 * 40);
-        EXPECT_EQ(firstFields(*db,
-                              u"Select RecordID From tblContacts Where SongName <> 'Song ' & RecordID Or "
-                              "FileName <> RecordID & '.mp3' Or Len(Credits) Mod 100 <> 0"_s),
-                  u""_s);
+        EXPECT_GE(saved, kind == 3 ? 1 : Songs - 6 * 40);
+        const dao::RepairedTable songs = report.tables.first();
+        EXPECT_EQ(songs.table, u"tblContacts"_s);
+        EXPECT_EQ(songs.saved, saved);
+        EXPECT_EQ(songs.rowsAtMost, Songs);
+        EXPECT_EQ(songs.rowsBefore.value_or(Songs), Songs);
+        EXPECT_TRUE(kind == 3 || songs.rowsBefore);
+        // What is there is what was stored, or what is left of it, and that is said.
+        const QString wrong =
+            u"Select RecordID From tblContacts Where Nz(SongName) <> 'Song ' & RecordID Or "
+            "Nz(FileName) <> RecordID & '.mp3' Or Len(Nz(Credits)) <> 100 * Len(RecordID)"_s;
+        const auto spoilt = db->OpenRecordset(wrong);
+        EXPECT_LE(spoilt->RecordCount(), songs.cutShort);
+        EXPECT_TRUE(kind == 0 || kind == 1 ? songs.cutShort == 0 : songs.cutShort < 20);
+        EXPECT_EQ(
+            firstFields(*db, u"Select RecordID From tblContacts Where RecordID Not Between 1 And 1500"_s),
+            u""_s);
+        EXPECT_FALSE(bytesOf(path).contains(QByteArray("Song \0", 6)));
         db->OpenRecordset(u"tblContacts"_s)->setIndex(u"PathFile"_s);
     }
     EXPECT_EQ(integrityOf(path), u"ok"_s);

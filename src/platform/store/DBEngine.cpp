@@ -65,7 +65,7 @@ void DBEngine::CompactDatabase(const QString &source, const QString &target)
     file.keep();
 }
 
-QString DBEngine::RepairDatabase(const QString &path)
+RepairReport DBEngine::RepairDatabase(const QString &path)
 {
     bool writable = true;
     try {
@@ -81,11 +81,11 @@ QString DBEngine::RepairDatabase(const QString &path)
     for (const QString &ending : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s})
         QFile::remove(fresh + ending);
     NewFile file(fresh);
-    QString report;
+    RepairReport report;
     {
         Connection target(fresh, Connection::Mode::Create);
         createTables(target, m_schema, false);
-        report = salvage(path, target, m_schema);
+        report.tables = salvage(path, target, m_schema);
     }
     const QFileInfo info(path);
     const QString stamp = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s);
@@ -99,7 +99,8 @@ QString DBEngine::RepairDatabase(const QString &path)
     rename(fresh, path);
     file.keep();
     QFile::remove(path + u".damaged"_s);
-    return report + u"\nThe damaged file was kept as '%1'."_s.arg(kept);
+    report.damagedFile = kept;
+    return report;
 }
 
 } // namespace dao

@@ -14,6 +14,7 @@
 #include <compare>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 
 /**
@@ -279,6 +280,28 @@ private:
     Database &m_database;
 };
 
+/** What a repair found of one table. */
+struct RepairedTable
+{
+    QString table;
+    /** Rows before the damage; nothing when that can't be told any more. */
+    std::optional<qint64> rowsBefore;
+    /** There were never more than so many; nothing when that can't be told either. */
+    std::optional<qint64> rowsAtMost;
+    qint64 saved = 0;
+    /** Saved rows of which a value was lost or ends early. */
+    qint64 cutShort = 0;
+    /** Rows that were found and can't be what was stored. */
+    qint64 passedOver = 0;
+};
+
+struct RepairReport
+{
+    QList<RepairedTable> tables;
+    /** Where the damaged file is now. */
+    QString damagedFile;
+};
+
 /** Opens, repairs and compacts catalogues of one schema. */
 class DBEngine final
 {
@@ -294,10 +317,9 @@ public:
 
     /**
      * Saves table by table what can be read into a new file under the same name; the damaged one is
-     * kept beside it with a dated name. Returns what was saved, in words. A file that isn't ours is
-     * left alone. @throws as OpenDatabase.
+     * kept beside it with a dated name. A file that isn't ours is left alone. @throws as OpenDatabase.
      */
-    QString RepairDatabase(const QString &path);
+    RepairReport RepairDatabase(const QString &path);
 
     /** Writes a compact copy. @throws 58 when the target is there, 61 on a full disk; no half file stays. */
     void CompactDatabase(const QString &source, const QString &target);

@@ -182,11 +182,6 @@ int Statement::columnCount() const
     return sqlite3_column_count(m_statement.get());
 }
 
-QString Statement::columnName(int column) const
-{
-    return QString::fromUtf8(sqlite3_column_name(m_statement.get(), column));
-}
-
 qint64 Statement::integer(int column) const
 {
     return sqlite3_column_int64(m_statement.get(), column);
@@ -201,6 +196,17 @@ QString Statement::text(int column) const
 bool Statement::isNull(int column) const
 {
     return sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL;
+}
+
+bool Statement::isText(int column) const
+{
+    return sqlite3_column_type(m_statement.get(), column) == SQLITE_TEXT;
+}
+
+bool Statement::isNumber(int column) const
+{
+    const int type = sqlite3_column_type(m_statement.get(), column);
+    return type == SQLITE_INTEGER || type == SQLITE_FLOAT;
 }
 
 QByteArrayView Statement::utf8(int column) const

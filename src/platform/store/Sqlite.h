@@ -27,7 +27,6 @@ public:
     void reset();
 
     [[nodiscard]] int columnCount() const;
-    [[nodiscard]] QString columnName(int column) const;
     [[nodiscard]] qint64 integer(int column) const;
     [[nodiscard]] QString text(int column) const;
     /** Of the row stepped to last, until the next step; empty for a Null. */
@@ -35,6 +34,8 @@ public:
     /** QString, qint64, double or a Null, as the value is stored. */
     [[nodiscard]] QVariant variant(int column) const;
     [[nodiscard]] bool isNull(int column) const;
+    [[nodiscard]] bool isText(int column) const;
+    [[nodiscard]] bool isNumber(int column) const;
     explicit operator bool() const { return m_statement != nullptr; }
 
 private:
