@@ -40,8 +40,10 @@ QString DatabaseLocation::browse()
     return folder;
 }
 
-bool DatabaseLocation::save(const QString &folder)
+bool DatabaseLocation::save(const QString &typed)
 {
+    // The file's name is put right behind it, now and at the next start.
+    const QString folder = typed.isEmpty() ? typed : EnsureBackslash(typed);
     if (!FolderExists(folder)) {
         m_desktop.MessageBox(u"Folder does not exist"_s, u"Folder not found"_s, Icon::Stop);
         return false;

@@ -27,11 +27,11 @@ public:
     /** The folder that the user shows, or the empty text on cancel. */
     [[nodiscard]] QString browse();
     /**
-     * Keeps a folder, which has to end in a separator, since the file's name is put right behind it.
+     * Keeps a folder.
      * True when the screen is done; otherwise the user was told what is wrong with the folder.
      * @throws dao::DaoError 75 when it can't be kept.
      */
-    [[nodiscard]] bool save(const QString &folder);
+    [[nodiscard]] bool save(const QString &typed);
 
 private:
     Desktop &m_desktop;
