@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/Backups.h"
 
+#include "catalogue/BackupLimit.h"
 #include "catalogue/Compaction.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
@@ -36,16 +37,17 @@ QFileInfo fileOf(const Catalogue &catalogue)
     return real.isEmpty() ? named : QFileInfo(real);
 }
 
-QString nameOf(const QFileInfo &file, const QDateTime &made, int number)
+QString nameOf(const QFileInfo &file, const QDateTime &made, int number, const QString &command)
 {
     const QString more = number > 1 ? u" (%1)"_s.arg(number) : QString();
-    return file.completeBaseName() + u' ' + made.toString(DateFormat) + more + u'.' + file.suffix();
+    return file.completeBaseName() + u' ' + made.toString(DateFormat) + more + u" before "_s + command +
+           u'.' + file.suffix();
 }
 
 QRegularExpression namesOf(const QFileInfo &file)
 {
     return QRegularExpression(
-        u"^%1 (\\d{4}-\\d\\d-\\d\\d \\d\\d\\.\\d\\d\\.\\d\\d)(?: \\((\\d+)\\))?\\.%2$"_s.arg(
+        u"^%1 (\\d{4}-\\d\\d-\\d\\d \\d\\d\\.\\d\\d\\.\\d\\d)(?: \\((\\d+)\\))?(?: before (.+))?\\.%2$"_s.arg(
             QRegularExpression::escape(file.completeBaseName()), QRegularExpression::escape(file.suffix())));
 }
 
@@ -67,17 +69,17 @@ dao::GoesOn shownIn(Desktop &desktop, WorkingWindow &wait)
 
 } // namespace
 
-Backups::Backups(Desktop &desktop, Catalogue &catalogue, dao::DBEngine &engine)
-    : m_desktop(desktop), m_catalogue(catalogue), m_engine(engine)
+Backups::Backups(Desktop &desktop, Catalogue &catalogue, dao::DBEngine &engine, const OptionsStore &options)
+    : m_desktop(desktop), m_catalogue(catalogue), m_engine(engine), m_options(options)
 {}
 
-bool Backups::beforeBulkCommand(const QString &spared)
+bool Backups::beforeBulkCommand(const QString &command, const QString &spared)
 {
     if (!m_catalogue.CatalogueDb->Updatable())
         return true;
     QString why = u"The window was closed before the copy was complete."_s;
     try {
-        if (makeCopy()) {
+        if (makeCopy(command, spared)) {
             thin(spared);
             return true;
         }
@@ -90,17 +92,18 @@ bool Backups::beforeBulkCommand(const QString &spared)
                                 Answer::No) == Answer::Yes;
 }
 
-bool Backups::makeCopy()
+bool Backups::makeCopy(const QString &command, const QString &spared)
 {
     const Hourglass hourglass(m_desktop);
-    makeRoom();
+    makeFolder();
+    makeRoom(spared);
     const auto wait =
         m_desktop.ShowWorkingForm(u"Keeping a Copy of the Database"_s, u"Please wait..."_s, true);
     m_desktop.letEventsRun();
-    return m_catalogue.CatalogueDb->backupTo(freePath(), shownIn(m_desktop, *wait));
+    return m_catalogue.CatalogueDb->backupTo(freePath(command), shownIn(m_desktop, *wait));
 }
 
-void Backups::makeRoom() const
+void Backups::makeFolder() const
 {
     const QFileInfo file = fileOf(m_catalogue);
     QDir place(folder());
@@ -111,12 +114,27 @@ void Backups::makeRoom() const
         if (namesOf(file).match(left.chopped(5)).hasMatch())
             place.remove(left);
     }
-    const qint64 needed = file.size() + QFileInfo(file.filePath() + u"-wal"_s).size() + Margin;
-    const auto free = shell::freeSpace(folder());
-    if (free && *free < needed)
+}
+
+void Backups::makeRoom(const QString &spared) const
+{
+    const QFileInfo file = fileOf(m_catalogue);
+    const qint64 copy = file.size() + QFileInfo(file.filePath() + u"-wal"_s).size() + Margin;
+    // A change of all records writes each page once more, into the log.
+    const qint64 needed = copy + file.size();
+    const auto isShort = [&] {
+        const auto free = shell::freeSpace(folder());
+        return free && *free < needed;
+    };
+    if (!isShort())
+        return;
+    thin(spared);
+    if (isShort())
         throw dao::DaoError(dao::DiskFull,
-                            u"The disk is full.  The copy needs %1 bytes in '%2', where %3 are free."_s.arg(
-                                groupedNumber(needed), folder(), groupedNumber(*free)));
+                            u"The disk is full.  The copy needs %1 bytes in '%2' and the command "
+                            "up to %3 more, where %4 are free."_s.arg(
+                                groupedNumber(copy), folder(), groupedNumber(file.size()),
+                                groupedNumber(shell::freeSpace(folder()).value_or(0))));
 }
 
 QString Backups::folder() const
@@ -124,14 +142,15 @@ QString Backups::folder() const
     return fileOf(m_catalogue).absolutePath() + u"/Backups"_s;
 }
 
-QString Backups::freePath() const
+QString Backups::freePath(const QString &command) const
 {
-    const QFileInfo file = fileOf(m_catalogue);
     const QDateTime now = QDateTime::currentDateTime();
-    QString path;
-    for (int number = 1; path.isEmpty() || QFileInfo::exists(path); ++number)
-        path = folder() + u'/' + nameOf(file, now, number);
-    return path;
+    int number = 1;
+    for (const Backup &backup : copies()) {
+        if (backup.made.toString(DateFormat) == now.toString(DateFormat))
+            number = std::max(number, backup.number + 1);
+    }
+    return folder() + u'/' + nameOf(fileOf(m_catalogue), now, number, command);
 }
 
 std::vector<Backup> Backups::copies() const
@@ -142,13 +161,39 @@ std::vector<Backup> Backups::copies() const
         const QRegularExpressionMatch match = names.match(file.fileName());
         const QDateTime made = QDateTime::fromString(match.captured(1), DateFormat);
         if (made.isValid())
-            found.push_back({file.filePath(), made, std::max(match.captured(2).toInt(), 1), -1, file.size()});
+            found.push_back({file.filePath(), made, std::max(match.captured(2).toInt(), 1), match.captured(3),
+                             -1, file.size()});
     }
     std::ranges::sort(found, isNewer);
     return found;
 }
 
 void Backups::thin(const QString &spared) const
+{
+    thinByDay(spared);
+    const Room now = room();
+    qint64 taken = now.bytesTaken;
+    const std::vector<Backup> all = copies();
+    for (std::size_t i = all.size(); i > 1 && taken > now.limit; --i) {
+        const Backup &old = all[i - 1];
+        if (old.path != spared && QFile::remove(old.path))
+            taken -= old.bytes;
+    }
+}
+
+Backups::Room Backups::room() const
+{
+    Room room;
+    for (const Backup &backup : copies()) {
+        ++room.copies;
+        room.bytesTaken += backup.bytes;
+    }
+    const qint64 size = fileOf(m_catalogue).size();
+    room.limit = BackupLimit(m_options).bytes(size, shell::freeSpace(folder()));
+    return room;
+}
+
+void Backups::thinByDay(const QString &spared) const
 {
     const std::vector<Backup> all = copies();
     QSet<QDate> days;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/CatalogueCommands.h"
 
+#include "catalogue/BackupLimit.h"
 #include "catalogue/Compaction.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
@@ -37,9 +38,9 @@ QString compactedMessage(const CompactedSizes &sizes)
 } // namespace
 
 CatalogueCommands::CatalogueCommands(Desktop &desktop, Catalogue &catalogue, dao::DBEngine &engine,
-                                     CatalogueHooks hooks)
-    : m_desktop(desktop), m_catalogue(catalogue), m_engine(engine), m_hooks(std::move(hooks)),
-      m_shutDown(catalogue), m_backups(desktop, catalogue, engine)
+                                     OptionsStore &options, CatalogueHooks hooks)
+    : m_desktop(desktop), m_catalogue(catalogue), m_engine(engine), m_options(options),
+      m_hooks(std::move(hooks)), m_shutDown(catalogue), m_backups(desktop, catalogue, engine, options)
 {}
 
 void CatalogueCommands::OpenDatabase_Click()
@@ -80,7 +81,7 @@ void CatalogueCommands::changeTo(const QString &file)
 void CatalogueCommands::mnuCompactDatabase_Click()
 {
     guarded(m_desktop, CompactErrorTitle, [this] {
-        if (mayCompact() && m_backups.beforeBulkCommand())
+        if (mayCompact() && m_backups.beforeBulkCommand(u"Compact Database"_s))
             compact();
     });
 }
@@ -126,7 +127,10 @@ void CatalogueCommands::compact()
 void CatalogueCommands::mnuDeleteAll_Click()
 {
     guarded(m_desktop, u"Delete All Records in Database"_s, [this] {
-        if (confirmsDeleteAll() && m_backups.beforeBulkCommand())
+        if (!confirmsDeleteAll())
+            return;
+        // With no songs in it, nothing will change.
+        if (isEmpty() || m_backups.beforeBulkCommand(u"Delete All Records"_s))
             deleteAll();
     });
 }
@@ -147,6 +151,11 @@ bool CatalogueCommands::confirmsDeleteAll()
                     u"Are you REALLY sure?"_s);
 }
 
+bool CatalogueCommands::isEmpty() const
+{
+    return m_catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s)->isEmpty();
+}
+
 void CatalogueCommands::deleteAll()
 {
     const Hourglass hourglass(m_desktop);
@@ -158,12 +167,17 @@ void CatalogueCommands::deleteAll()
     m_hooks.unloadMainScreen(false);
 }
 
+void CatalogueCommands::mnuBackupRoom_Click()
+{
+    guarded(m_desktop, u"Room for Backups"_s, [this] { askForBackupLimit(m_desktop, m_options, m_backups); });
+}
+
 void CatalogueCommands::restoreBackup(const Backup &backup)
 {
     guarded(m_desktop, RestoreTitle, [&] {
         assertUpdatable();
         // The present catalogue becomes one more copy, and the one to be restored is not thinned out for it.
-        if (m_backups.beforeBulkCommand(backup.path))
+        if (m_backups.beforeBulkCommand(RestoreTitle, backup.path))
             restore(backup);
     });
 }

@@ -9,6 +9,7 @@
 namespace quaverly {
 
 class Desktop;
+class OptionsStore;
 
 /** What the commands on the whole catalogue file need of the program around them. All are to be set. */
 struct CatalogueHooks
@@ -49,12 +50,15 @@ class CatalogueCommands final
 {
 public:
     /** All references outlive this object. */
-    CatalogueCommands(Desktop &desktop, Catalogue &catalogue, dao::DBEngine &engine, CatalogueHooks hooks);
+    CatalogueCommands(Desktop &desktop, Catalogue &catalogue, dao::DBEngine &engine, OptionsStore &options,
+                      CatalogueHooks hooks);
 
     void OpenDatabase_Click();
     void mnuCompactDatabase_Click();
     /** Takes all songs away, play lists and categories stay. The process ends with it. */
     void mnuDeleteAll_Click();
+    /** How much room the copies may take. */
+    void mnuBackupRoom_Click();
     /**
      * What the screen that lists the copies ends with: the catalogue is again as it was in @p backup, and
      * its present state is a copy too. That screen is closed by now.
@@ -68,6 +72,7 @@ private:
     [[nodiscard]] bool mayCompact();
     void compact();
     [[nodiscard]] bool confirmsDeleteAll();
+    [[nodiscard]] bool isEmpty() const;
     void deleteAll();
     void restore(const Backup &backup);
     void assertUpdatable() const;
@@ -78,6 +83,7 @@ private:
     Desktop &m_desktop;
     Catalogue &m_catalogue;
     dao::DBEngine &m_engine;
+    OptionsStore &m_options;
     CatalogueHooks m_hooks;
     ShutDown m_shutDown;
     Backups m_backups;

@@ -40,6 +40,8 @@ inline constexpr char16_t GridScreenHeight[] = u"GridScreenHeight";
 inline constexpr char16_t FileRenameDisabled[] = u"File Rename Disabled";
 inline constexpr char16_t FileNameWarning[] = u"Checkbox FileName Change Warning";
 inline constexpr char16_t PathNameWarning[] = u"Checkbox PathName Change Warning";
+/** Megabytes that the copies of a catalogue may take; 0 or nothing for the rule. */
+inline constexpr char16_t BackupLimit[] = u"Backup Limit";
 /** Root of the maker's site; empty for the documentation that came with the program. */
 inline constexpr char16_t WebSite[] = u"Web Site";
 } // namespace keys

@@ -38,7 +38,7 @@ QString RestoreBackup::explanation(bool hasCopies)
 
 QStringList RestoreBackup::columns(const Backup &backup)
 {
-    return {shortDate(backup.made), countOf(backup), shell::sizeText(backup.bytes)};
+    return {shortDate(backup.made), backup.command, countOf(backup), shell::sizeText(backup.bytes)};
 }
 
 std::vector<Backup> RestoreBackup::copies() const

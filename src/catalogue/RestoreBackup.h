@@ -13,7 +13,7 @@ public:
 
     /** The text that the screen explains itself with; another one when there is nothing to choose. */
     [[nodiscard]] static QString explanation(bool hasCopies);
-    /** Date, songs and size of a copy, as the columns show them. */
+    /** Date, command, songs and size of a copy, as the columns show them. */
     [[nodiscard]] static QStringList columns(const Backup &backup);
 
     [[nodiscard]] std::vector<Backup> copies() const;

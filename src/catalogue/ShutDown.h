@@ -15,8 +15,7 @@ public:
     explicit ShutDown(Catalogue &catalogue) : m_catalogue(catalogue) {}
 
     /**
-     * Closes ContactsTable and takes all marks away, so that none outlives a run. The displayed set's
-     * recordset is to be closed before.
+     * Closes ContactsTable and takes all marks away, so that none outlives a run.
      */
     void leaveMainScreen();
 

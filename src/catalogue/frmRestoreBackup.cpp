@@ -15,8 +15,9 @@ namespace quaverly {
 namespace {
 
 constexpr int DateColumn = 0;
-constexpr int SongsColumn = 1;
-constexpr int SizeColumn = 2;
+constexpr int CommandColumn = 1;
+constexpr int SongsColumn = 2;
+constexpr int SizeColumn = 3;
 constexpr int RowsInSight = 8;
 /** Characters between two columns. */
 constexpr int ColumnGap = 3;
@@ -64,14 +65,15 @@ void frmRestoreBackup::Form_Load(bool tablet)
 void frmRestoreBackup::layOutColumns()
 {
     QTreeWidget &list = *m_ui->listBackups;
-    for (const int column : {SongsColumn, SizeColumn}) {
-        list.headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    for (const int column : {DateColumn, SongsColumn, SizeColumn}) {
+        const Qt::Alignment side = column == DateColumn ? Qt::AlignLeft : Qt::AlignRight;
+        list.headerItem()->setTextAlignment(column, side | Qt::AlignVCenter);
         for (int row = 0; row < list.topLevelItemCount(); ++row)
-            list.topLevelItem(row)->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+            list.topLevelItem(row)->setTextAlignment(column, side | Qt::AlignVCenter);
         list.resizeColumnToContents(column);
         list.setColumnWidth(column, list.columnWidth(column) + ColumnGap * fontMetrics().averageCharWidth());
     }
-    list.header()->setSectionResizeMode(DateColumn, QHeaderView::Stretch);
+    list.header()->setSectionResizeMode(CommandColumn, QHeaderView::Stretch);
     list.setMinimumHeight((RowsInSight + 2) * fontMetrics().lineSpacing());
 }
 

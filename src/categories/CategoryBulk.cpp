@@ -36,10 +36,18 @@ QString deletion(qint64 number, qint64 low, qint64 high)
                .arg(high);
 }
 
+/** How many displayed songs are in the category. */
+QString countInside(qint64 number)
+{
+    return u"Select Count(*) As NumRecs From tmpRowKeys Where RowKey In (Select ID From tblCategoryID Where "
+           "CategoryNumber = %1)"_s.arg(number);
+}
+
 } // namespace
 
 struct CategoryBulk::Words
 {
+    QString command;
     QString assigned;
     QString selected;
     QString all;
@@ -51,6 +59,7 @@ struct CategoryBulk::Words
 const CategoryBulk::Words &CategoryBulk::wordsOf(Direction direction)
 {
     static const Words in{
+        u"Assign Many Records to Category"_s,
         u"All displayed Songs will be assigned to this Category, not just the "_s,
         u" you have selected.  To assign just the selected records"_s,
         u"Click on the OK button to assign ALL displayed Songs to this Category, or Cancel if this is not "
@@ -60,6 +69,7 @@ const CategoryBulk::Words &CategoryBulk::wordsOf(Direction direction)
         u"Number of Songs already assigned to this Category ("_s,
     };
     static const Words out{
+        u"Remove Many Records from Category"_s,
         u"All displayed Songs will be removed from this Category, not just the "_s,
         u" you have selected.  To un-assign just the selected Songs"_s,
         u"Click on the OK button to remove ALL displayed Songs from this Category, or Cancel if this is not "
@@ -88,12 +98,12 @@ void CategoryBulk::run(Direction direction, const Category *category)
         if (m_parts.desktop.MessageBox(warning(words), u"Warning"_s, Icon::Exclamation, Buttons::OkCancel,
                                        Answer::Cancel) != Answer::Ok)
             return;
-        if (category == nullptr || !m_parts.beforeBulk())
+        if (category == nullptr)
             return;
         try {
-            const qint64 changed = change(direction, category->CategoryNumber);
-            tellStatistics(words, category->CategoryDesc, m_parts.set.Data1().Recordset().RecordCount(),
-                           changed);
+            if (const auto changed = change(direction, category->CategoryNumber))
+                tellStatistics(words, category->CategoryDesc, m_parts.set.Data1().Recordset().RecordCount(),
+                               *changed);
         } catch (const dao::DaoError &error) {
             // A statement that the store can't read ends the command without a word, and that is meant.
             if (error.number != dao::SyntaxError)
@@ -111,12 +121,17 @@ QString CategoryBulk::warning(const Words &words) const
     return words.assigned + QString::number(selected) + words.selected + ShowSelectedAdvice + words.all;
 }
 
-qint64 CategoryBulk::change(Direction direction, qint64 number)
+std::optional<qint64> CategoryBulk::change(Direction direction, qint64 number)
 {
     const Hourglass hourglass(m_parts.desktop);
     m_store.requireCategory(number);
     dao::Database &database = *m_parts.catalogue.CatalogueDb;
     const dao::RowKeys displayed(database, m_parts.set.Data1().Recordset());
+    const qint64 inside = database.OpenRecordset(countInside(number))->value(u"NumRecs"_s).toLongLong();
+    if (inside == (direction == Direction::In ? displayed.count() : 0))
+        return 0;
+    if (!m_parts.beforeBulk(wordsOf(direction).command))
+        return {};
     dao::Transaction transaction(database.workspace());
     qint64 changed = 0;
     try {

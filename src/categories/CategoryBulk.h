@@ -4,6 +4,8 @@
 #include "categories/CategoryParts.h"
 #include "categories/CategoryStore.h"
 
+#include <optional>
+
 namespace quaverly {
 
 /**
@@ -26,8 +28,8 @@ private:
 
     void run(Direction direction, const Category *category);
     [[nodiscard]] QString warning(const Words &words) const;
-    /** The number of assignments that were made or taken away. */
-    [[nodiscard]] qint64 change(Direction direction, qint64 number);
+    /** The number of assignments that were made or taken away; nothing when the command is to stop. */
+    [[nodiscard]] std::optional<qint64> change(Direction direction, qint64 number);
     void tellStatistics(const Words &words, const QString &name, qint64 displayed, qint64 changed);
 
     const CategoryParts &m_parts;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
+
 #include <functional>
 
 namespace quaverly {
@@ -21,8 +23,9 @@ struct CategoryParts
     MainScreen &mainScreen;
     Desktop &desktop;
     Options &options;
-    /** Runs between the user's OK and the first change; a bulk command that it answers false stops there. */
-    std::function<bool()> beforeBulk;
+    /** Runs between the user's OK and the first change; a bulk command that it answers false stops
+     * there. @p command names it in the list of copies. */
+    std::function<bool(const QString &command)> beforeBulk;
 };
 
 } // namespace quaverly

@@ -219,10 +219,14 @@ void NameList::Form_Unload()
             savePlace(*this, m_session.optionsStore());
     });
     m_spokes->unload();
+    m_session.shutDown().leaveMainScreen();
+}
+
+void NameList::unbind()
+{
     m_ui->Table1->unbind();
     m_session.displayedSet().setScreen(nullptr);
     m_session.displayedSet().Data1().Close();
-    m_session.shutDown().leaveMainScreen();
 }
 
 void NameList::closeEvent(QCloseEvent *event)
@@ -244,7 +248,9 @@ void NameList::closeEvent(QCloseEvent *event)
     if (m_unloadedAlready)
         return;
     m_unloadedAlready = true;
+    // What went wrong is told over the list as it was.
     handle([this] { Form_Unload(); });
+    unbind();
     m_unloaded();
 }
 

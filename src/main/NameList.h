@@ -121,6 +121,7 @@ private:
     void Form_Load();
     void Form_Activate();
     void Form_Unload();
+    void unbind();
     void showEmptyState();
     void showCurrentSong();
     void fitLines();
@@ -138,6 +139,7 @@ private:
     void GridEditMenu_Click();
     void mnuFileFont_Click();
     void DataBaseLocation_Click();
+    void mnuPassword_Click();
     void mnuRestoreBackup_Click();
     void OphanedPictures_Click();
     void EmptyDeletedPicturesFolder_Click();

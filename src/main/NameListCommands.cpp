@@ -5,6 +5,7 @@
 #include "catalogue/CatalogueCommands.h"
 #include "catalogue/frmDatabaseLocation.h"
 #include "catalogue/frmFontForm.h"
+#include "catalogue/frmPassword.h"
 #include "desktop/About.h"
 #include "desktop/Guard.h"
 #include "desktop/Icons.h"
@@ -75,6 +76,7 @@ void NameList::wireListCommands()
     on(m_ui->SelectionCriteria, &QAction::triggered, &NameList::SelectionCriteria_Click);
     on(m_ui->mnuFileFont, &QAction::triggered, &NameList::mnuFileFont_Click);
     on(m_ui->DataBaseLocation, &QAction::triggered, &NameList::DataBaseLocation_Click);
+    on(m_ui->mnuPassword, &QAction::triggered, &NameList::mnuPassword_Click);
     on(m_ui->AboutBox, &QAction::triggered, &NameList::AboutBox_Click);
 }
 
@@ -87,6 +89,7 @@ void NameList::wireOptions()
     on(m_ui->OpenDatabase, m_catalogueCommands, &CatalogueCommands::OpenDatabase_Click);
     on(m_ui->mnuCompactDatabase, m_catalogueCommands, &CatalogueCommands::mnuCompactDatabase_Click);
     on(m_ui->mnuDeleteAll, m_catalogueCommands, &CatalogueCommands::mnuDeleteAll_Click);
+    on(m_ui->mnuBackupRoom, m_catalogueCommands, &CatalogueCommands::mnuBackupRoom_Click);
     on(m_ui->SelectColor, m_optionCommands, &OptionCommands::SelectColor_Click);
     on(m_ui->RestoreColor, m_optionCommands, &OptionCommands::RestoreColor_Click);
     on(m_ui->TabletMode, m_optionCommands, &OptionCommands::TabletMode_Click);
@@ -256,6 +259,12 @@ void NameList::DataBaseLocation_Click()
                                     m_session.lastFolder());
     (new frmDatabaseLocation(m_session.desktop(), location, m_session.options().TabletActive, this))
         ->showModally();
+}
+
+void NameList::mnuPassword_Click()
+{
+    const PasswordChange change(m_session.desktop(), m_session.catalogue());
+    (new frmPassword(m_session.desktop(), change, m_session.options().TabletActive, this))->showModally();
 }
 
 void NameList::AboutBox_Click()

@@ -18,7 +18,9 @@ void NameList::buildSpokes()
 {
     m_spokes = std::make_unique<Spokes>(
         m_session, SpokeHooks{m_player, *this, *this,
-                              [this] { return m_catalogueCommands.backups().beforeBulkCommand(); },
+                              [this](const QString &command) {
+                                  return m_catalogueCommands.backups().beforeBulkCommand(command);
+                              },
                               [this](const EditedSong &song, const EditorScreens &screens) {
                                   m_playCommands->playFromEditor(song, screens);
                               },

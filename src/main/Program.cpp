@@ -42,7 +42,7 @@ StartContext startContext(const QString &commandLine, const shell::Shell &shell,
 Program::Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance,
                  const QStringList &arguments, std::function<void()> quit, media::MediaOptions sound)
     : m_session(desktop, store, std::move(sound)), m_instance(instance), m_quit(std::move(quit)),
-      m_catalogueCommands(desktop, m_session.catalogue(), m_session.engine(), catalogueHooks()),
+      m_catalogueCommands(desktop, m_session.catalogue(), m_session.engine(), store, catalogueHooks()),
       m_playForms(playFormParts())
 {
     const StartHooks hooks{

@@ -28,8 +28,8 @@ struct SpokeHooks
     /** The main screen, over which the screens open, and for what may be asked of it. */
     QWidget &owner;
     MainScreen &mainScreen;
-    /** Makes a copy of the catalogue before many records change; false stops the command. */
-    std::function<bool()> beforeBulk;
+    /** Makes a copy of the catalogue before many records change; false stops the command of that name. */
+    std::function<bool(const QString &command)> beforeBulk;
     std::function<void(const EditedSong &, const EditorScreens &)> playFromEditor;
     std::function<void()> focusCmdPictures;
 };

@@ -32,7 +32,7 @@ bool BulkChange::run(const Work &work)
 BulkChange::End BulkChange::begin(const Work &work)
 {
     const ScreenAtRest atRest(m_parts.mainScreen, m_parts.busy);
-    if (!m_parts.beforeBulk())
+    if (work.changesRows && !m_parts.beforeBulk(work.command))
         return End::NotBegun;
     const Hourglass hourglass(m_parts.desktop);
     const auto wait = m_parts.desktop.ShowWorkingForm(work.caption, u"Please wait..."_s, true);

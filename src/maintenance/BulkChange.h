@@ -24,10 +24,14 @@ public:
     {
         /** Caption of the wait window. */
         QString caption;
+        /** As it stands in the menu: so the copy is named that is kept before it. */
+        QString command;
         /** Asks the function that it is given often; false once that said so. */
         std::function<bool(const dao::GoesOn &)> change;
         /** Brings the screen up to date, while the window still stands. */
         std::function<void()> showResult;
+        /** False when every row will stay as it is: no copy is kept then. */
+        bool changesRows = true;
     };
 
     /**

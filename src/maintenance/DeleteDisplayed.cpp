@@ -59,6 +59,7 @@ void DeleteDisplayed::run()
     const QString recordSource = list.RecordSource();
     const bool done = BulkChange(m_parts).run({
         .caption = u"Deleting Displayed Records"_s,
+        .command = u"Delete All Displayed Records"_s,
         .change =
             [&](const dao::GoesOn &goesOn) {
                 return deleteSongs(*m_parts.catalogue.CatalogueDb, list.Recordset(), goesOn);

@@ -31,6 +31,7 @@ struct DuplicateCommands::Rule
 {
     const char16_t *toDelete;
     const char16_t *behindCount;
+    const char16_t *command;
 };
 
 DuplicateCommands::DuplicateCommands(MaintenanceParts parts) : m_parts(std::move(parts))
@@ -65,7 +66,8 @@ void DuplicateCommands::mnuDeleteDuplicates_Click()
               "Song Name, Artist, and File Size.  All except one will be deleted.  This will not delete the "
               "actual music files from your computer.  To see which records will be deleted, respond NO, "
               "then choose \r\n\"Show Duplicate Songs to Delete\" from the Edit menu.\r\n\r\nAre you SURE "
-              "you want to delete these duplicates?"});
+              "you want to delete these duplicates?",
+              u"Delete Duplicate Songs"});
 }
 
 void DuplicateCommands::mnuDeleteDuplicatesAlbum_Click()
@@ -74,7 +76,8 @@ void DuplicateCommands::mnuDeleteDuplicatesAlbum_Click()
               u" duplicate songs within the same album from Quaverly.  Duplicates are defined as two or "
               "more songs with the same Song Name, Artist, and Album Name.  All except one will be deleted.  "
               "This will not delete the actual music files from your computer.\r\n\r\nAre you SURE you want "
-              "to delete duplicates?"});
+              "to delete duplicates?",
+              u"Delete Duplicate Songs in Albums"});
 }
 
 void DuplicateCommands::showView(const View &view)
@@ -119,7 +122,7 @@ void DuplicateCommands::deleteBy(const Rule &rule)
         }
         const qint64 songs = m_parts.set.Data1().Recordset().RecordCount();
         // After a No the rows stay shown, with every button as it was, and that is meant.
-        if (!confirmed(rule, songs) || !deleteShown())
+        if (!confirmed(rule, songs) || !deleteShown(rule))
             return;
         m_parts.desktop.MessageBox(QString::number(songs) +
                                        u" Duplicates Deleted from the Quaverly database.  This does not "
@@ -130,10 +133,11 @@ void DuplicateCommands::deleteBy(const Rule &rule)
     });
 }
 
-bool DuplicateCommands::deleteShown()
+bool DuplicateCommands::deleteShown(const Rule &rule)
 {
     return BulkChange(m_parts).run({
         .caption = u"Deleting Duplicate Records"_s,
+        .command = QString::fromUtf16(rule.command),
         .change =
             [this](const dao::GoesOn &goesOn) {
                 return deleteSongs(*m_parts.catalogue.CatalogueDb, m_parts.set.Data1().Recordset(), goesOn);

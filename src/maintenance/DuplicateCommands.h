@@ -33,7 +33,7 @@ private:
     void deleteBy(const Rule &rule);
     [[nodiscard]] bool confirmed(const Rule &rule, qint64 songs);
     /** False when the command was stopped before. */
-    [[nodiscard]] bool deleteShown();
+    [[nodiscard]] bool deleteShown(const Rule &rule);
     void disableListCommands();
     void tellNone(const QString &message);
 

@@ -160,6 +160,7 @@ bool LocationChange::make(const std::vector<TextChange> &changes)
 {
     return BulkChange(m_parts).run({
         .caption = u"Changing File Names"_s,
+        .command = u"Change Music File Locations"_s,
         .change =
             [&](const dao::GoesOn &goesOn) {
                 return std::ranges::all_of(changes, [&](const TextChange &change) {
@@ -167,6 +168,8 @@ bool LocationChange::make(const std::vector<TextChange> &changes)
                 });
             },
         .showResult = [this] { m_parts.set.Data1().Refresh(); },
+        .changesRows = std::ranges::any_of(
+            changes, [this](const TextChange &change) { return changesRows(database(), change); }),
     });
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
+
 #include <functional>
 
 namespace quaverly {
@@ -22,7 +24,7 @@ struct MaintenanceParts
     /** True while one of them lets events run: the main screen may not go before that has ended. */
     bool &busy;
     /** Runs between the user's last Yes and the first change; a command that it answers false stops there. */
-    std::function<bool()> beforeBulk;
+    std::function<bool(const QString &command)> beforeBulk;
 };
 
 } // namespace quaverly

@@ -73,8 +73,10 @@ bool SearchAndReplace::run(ReplaceRequest &request)
         return false;
     const bool done = BulkChange(m_parts).run({
         .caption = u"Search and Replace"_s,
+        .command = u"Find and Replace Text"_s,
         .change = [&](const dao::GoesOn &goesOn) { return changeTexts(database(), change, goesOn); },
         .showResult = [this] { m_parts.set.Data1().Refresh(); },
+        .changesRows = changesRows(database(), change),
     });
     if (!done)
         return false;

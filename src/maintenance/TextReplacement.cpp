@@ -238,6 +238,13 @@ qint64 countRows(dao::Database &database, const TextChange &change)
                                  change.condition);
 }
 
+bool changesRows(dao::Database &database, const TextChange &change)
+{
+    return numRecs(database, u"Select count(*) as NumRecs from "_s + change.place.table + u" Where ("_s +
+                                 change.condition + u") And StrComp(Nz("_s + change.place.field + u"), "_s +
+                                 change.expression + u", 0) <> 0"_s) > 0;
+}
+
 bool changeTexts(dao::Database &database, const TextChange &change, const dao::GoesOn &goesOn)
 {
     return TextChanger(database, change, goesOn).run();

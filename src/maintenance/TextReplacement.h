@@ -54,6 +54,9 @@ struct TextChange
 /** Rows that the change is about. @throws dao::DaoError */
 [[nodiscard]] qint64 countRows(dao::Database &database, const TextChange &change);
 
+/** False when each of these rows would stay as it is, to the letter. @throws dao::DaoError */
+[[nodiscard]] bool changesRows(dao::Database &database, const TextChange &change);
+
 /**
  * Changes the rows, within the caller's transaction. False when @p goesOn gave it up, with some of them
  * changed. @throws dao::DaoError, naming the song, when a text outgrows the field, or two songs would have

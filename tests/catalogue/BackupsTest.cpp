@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/Backups.h"
+#include "catalogue/BackupLimit.h"
 #include "catalogue/CatalogueSchema.h"
 #include "catalogue/frmRestoreBackup.h"
+#include "platform/options/OptionsStore.h"
 #include "support/Files.h"
 #include "support/Limits.h"
 #include "support/ScriptedDesktop.h"
@@ -38,18 +40,20 @@ protected:
 
     StoreFixture data;
     ScriptedDesktop desktop;
-    Backups backups{desktop, data.catalogue(), data.engine()};
+    OptionsStore options{data.path(u"options.ini"_s)};
+    Backups backups{desktop, data.catalogue(), data.engine(), options};
 };
 
 TEST_F(TheCopies, HoldWhatTheCatalogueHeld)
 {
     // Pending in the log, not yet in the file.
     data.addSong(Song(u"the last"_s));
-    ASSERT_TRUE(backups.beforeBulkCommand());
+    ASSERT_TRUE(backups.beforeBulkCommand(u"Find and Replace Text"_s));
     data.db().Execute(u"Delete * from tblContacts"_s);
-    ASSERT_TRUE(backups.beforeBulkCommand());
+    ASSERT_TRUE(backups.beforeBulkCommand(u"Find and Replace Text"_s));
     const std::vector<Backup> list = backups.list();
     ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0].command, u"Find and Replace Text"_s);
     EXPECT_EQ(list[0].songs, 0);
     EXPECT_EQ(list[1].songs, 6);
     EXPECT_LE(list[1].made.secsTo(QDateTime::currentDateTime()), 60);
@@ -73,16 +77,51 @@ TEST_F(TheCopies, AreThinnedToTenAndTheFirstOfEachDay)
     writeFile(at(u"QVdata 2020-02-03 08.00.00.mdb.part"_s));
     const qsizetype before = names().size();
     // From 11.00 on there are the ten newest.
-    ASSERT_TRUE(backups.beforeBulkCommand(at(u"QVdata 2020-02-01 23.59.59.mdb"_s)));
+    ASSERT_TRUE(backups.beforeBulkCommand(u"Test"_s, at(u"QVdata 2020-02-01 23.59.59.mdb"_s)));
     const QStringList left = names();
     EXPECT_EQ(left.size(), before + 1 - 4);
     for (const auto &gone : {u"2020-02-01 08.00.00 (2).mdb"_s, u"2020-02-03 10.00.00.mdb"_s,
                              u"2020-02-03 10.30.00.mdb"_s, u"2020-02-03 08.00.00.mdb.part"_s})
         EXPECT_FALSE(left.contains(u"QVdata "_s + gone)) << qPrintable(gone);
     EXPECT_TRUE(left.contains(u"QVdata 2020-02-01 23.59.59.mdb"_s)) << "spared";
-    ASSERT_TRUE(backups.beforeBulkCommand());
+    ASSERT_TRUE(backups.beforeBulkCommand(u"Find and Replace Text"_s));
     EXPECT_FALSE(names().contains(u"QVdata 2020-02-01 23.59.59.mdb"_s));
     EXPECT_EQ(backups.list().size(), 12U);
+}
+
+TEST_F(TheCopies, TakeNoMoreRoomThanTheyMayButTheLastOneStays)
+{
+    data.addSong(Song(u"large"_s).with(u"Notes"_s, QString(2'000'000, u'x')));
+    ASSERT_TRUE(backups.beforeBulkCommand(u"Test"_s));
+    const qint64 size = backups.list()[0].bytes;
+    QFile::remove(backups.list()[0].path);
+    EXPECT_EQ(BackupLimit(options).bytes(1000, 200'000), 10'000);
+    EXPECT_EQ(BackupLimit(options).bytes(1000, 20'000), 2'000);
+    for (const QString &wrong : {u"-1"_s, u"1.5"_s, u"many"_s}) {
+        desktop.willType(wrong).willSee(u"Type a whole number of megabytes."_s);
+        askForBackupLimit(desktop, options, backups);
+    }
+    const QString old = u"2020-02-0%1 10.00.00"_s;
+    for (int day = 1; day <= 4; ++day)
+        writeFile(at(u"QVdata %1.mdb"_s.arg(old.arg(day))), QByteArray(size, 'x'));
+    // Two old ones and the new one fit.
+    const qint64 megabytes = 3 * size / (1024 * 1024) + 1;
+    ASSERT_LT(megabytes * 1024 * 1024, 4 * size);
+    desktop.willType(QString::number(megabytes));
+    askForBackupLimit(desktop, options, backups);
+    EXPECT_TRUE(desktop.lastCall().text.contains(u"There are 4 copies"_s))
+        << qPrintable(desktop.lastCall().text);
+    EXPECT_EQ(names().size(), 4) << "none goes before there is a new one";
+    ASSERT_TRUE(backups.beforeBulkCommand(u"Test"_s));
+    EXPECT_EQ(names().size(), 3);
+    EXPECT_FALSE(names().contains(u"QVdata %1.mdb"_s.arg(old.arg(2))));
+    data.addSong(Song(u"larger"_s).with(u"Notes"_s, QString(megabytes * 1024 * 1024, u'x')));
+    ASSERT_TRUE(backups.beforeBulkCommand(u"Test"_s));
+    ASSERT_EQ(backups.list().size(), 1U);
+    EXPECT_EQ(backups.list()[0].songs, 7);
+    desktop.willType(u"0"_s);
+    askForBackupLimit(desktop, options, backups);
+    EXPECT_EQ(BackupLimit(options).chosenMegabytes(), 0);
 }
 
 TEST_F(TheCopies, AreAskedForWhenTheyCannotBeMade)
@@ -90,7 +129,7 @@ TEST_F(TheCopies, AreAskedForWhenTheyCannotBeMade)
     const auto expectQuestion = [this](const QString &why) {
         for (const Answer answer : {Answer::No, Answer::Yes}) {
             desktop.willAnswer(answer, why);
-            EXPECT_EQ(backups.beforeBulkCommand(), answer == Answer::Yes);
+            EXPECT_EQ(backups.beforeBulkCommand(u"Find and Replace Text"_s), answer == Answer::Yes);
             EXPECT_TRUE(desktop.lastCall().text.startsWith(u"No copy of the database could be made"_s));
             EXPECT_EQ(desktop.lastCall().defaultAnswer, Answer::No);
             EXPECT_FALSE(desktop.isHourglassOn());
@@ -113,7 +152,7 @@ TEST_F(TheCopies, AreAskedForWhenTheyCannotBeMade)
     data.close();
     const LockedFolder locked(data.catalogue().DatabaseFile, data.folder(), QFile::ReadOwner);
     data.open();
-    EXPECT_TRUE(backups.beforeBulkCommand()) << "nothing will change in it";
+    EXPECT_TRUE(backups.beforeBulkCommand(u"Find and Replace Text"_s)) << "nothing will change in it";
     EXPECT_EQ(names(), QStringList());
 }
 
@@ -121,8 +160,8 @@ TEST_F(TheCopies, AreListedForTheUserToChooseASoundOne)
 {
     frmRestoreBackup none(desktop, RestoreBackup(desktop, backups), true);
     EXPECT_TRUE(child<QLabel>(none, u"lblMessage"_s)->text().startsWith(u"There are no copies"_s));
-    ASSERT_TRUE(backups.beforeBulkCommand());
-    ASSERT_TRUE(backups.beforeBulkCommand());
+    ASSERT_TRUE(backups.beforeBulkCommand(u"Find and Replace Text"_s));
+    ASSERT_TRUE(backups.beforeBulkCommand(u"Find and Replace Text"_s));
     damage(backups.list()[0].path);
     fake(u"2020-02-03 10.00.00"_s);
     QList<Backup> wanted;
@@ -133,8 +172,10 @@ TEST_F(TheCopies, AreListedForTheUserToChooseASoundOne)
     auto *list = child<QTreeWidget>(screen, u"listBackups"_s);
     auto *restore = child<QWidget>(screen, u"cmdRestore"_s);
     ASSERT_EQ(list->topLevelItemCount(), 3);
-    EXPECT_EQ(list->topLevelItem(1)->text(1), u"5"_s);
-    EXPECT_EQ(list->topLevelItem(2)->text(1), u"cannot be read"_s);
+    EXPECT_EQ(list->topLevelItem(1)->text(1), u"Find and Replace Text"_s);
+    EXPECT_EQ(list->topLevelItem(1)->text(2), u"5"_s);
+    EXPECT_EQ(list->topLevelItem(2)->text(1), QString());
+    EXPECT_EQ(list->topLevelItem(2)->text(2), u"cannot be read"_s);
     for (const int bad : {0, 2}) {
         list->setCurrentItem(list->topLevelItem(bad));
         desktop.willSee(u"This copy cannot be restored."_s);

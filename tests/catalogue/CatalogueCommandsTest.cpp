@@ -100,7 +100,7 @@ protected:
                     instance,
                     {},
                     {[this] { does(u"show "_s + data.catalogue().DatabaseFile); }, {}}};
-    CatalogueCommands commands{desktop, data.catalogue(), data.engine(), hooks()};
+    CatalogueCommands commands{desktop, data.catalogue(), data.engine(), store, hooks()};
 };
 
 const QStringList Changed = {u"show all"_s, u"forget lists"_s, u"unload player"_s, u"unload"_s};
@@ -214,7 +214,7 @@ protected:
     {
         desktop.willSee(u"Database compacted."_s);
         commands.mnuCompactDatabase_Click();
-        ASSERT_TRUE(commands.backups().beforeBulkCommand());
+        ASSERT_TRUE(commands.backups().beforeBulkCommand(u"Test"_s));
         acts.clear();
     }
 };

@@ -69,7 +69,7 @@ protected:
     bool backupWorks = true;
     QWidget window;
     CategoryCommands commands{{store.catalogue(), store.settings(), set, screen, desktop, options,
-                               [this] {
+                               [this](const QString &) {
                                    ++backups;
                                    return backupWorks;
                                }},

@@ -32,7 +32,7 @@ TEST_F(TheBulkScreen, AssignsAndRemovesWhatIsDisplayed)
     confirm(u"cmdDelete"_s, u"Number of Songs removed from Category \"Jazz\" (0).\n"
                             "Number of Songs not found assigned to this Category (2)."_s);
     EXPECT_EQ(songsOf(jazz).size(), 5);
-    EXPECT_EQ(backups, 4);
+    EXPECT_EQ(backups, 2) << "where nothing changes there is no copy";
     EXPECT_TRUE(isOpen());
 }
 

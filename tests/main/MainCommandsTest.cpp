@@ -180,6 +180,20 @@ TEST_F(MainCommandsTest, OptionsThatCannotBeKeptSayWhyAndStayAsTheyAre)
     EXPECT_TRUE(child<QAction>(screen(), u"TabletMode"_s)->isEnabled());
 }
 
+TEST_F(MainCommandsTest, WhatFailsAtTheEndIsToldOverTheListAsItWas)
+{
+    addSongs(3);
+    start();
+    dao::DBEngine elsewhere(catalogueSchema());
+    const auto locking = elsewhere.OpenDatabase(path());
+    const dao::Transaction held(locking->workspace());
+    m_desktop.willSee(u"currently locked"_s).meanwhile([this] {
+        EXPECT_EQ(grid().model()->rowCount(), 3);
+        EXPECT_FALSE(child<QWidget>(screen(), u"cmdEmptyState"_s)->isVisible());
+    });
+    close();
+}
+
 } // namespace
 
 } // namespace quaverly::test

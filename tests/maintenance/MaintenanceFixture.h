@@ -64,7 +64,7 @@ public:
                            .desktop = desktop,
                            .options = options,
                            .busy = busy,
-                           .beforeBulk = [this] {
+                           .beforeBulk = [this](const QString &) {
                                ++backups;
                                duringBackup();
                                return backupWorks;

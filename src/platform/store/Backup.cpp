@@ -105,6 +105,24 @@ QString verdictOn(Connection &connection)
 
 } // namespace
 
+bool DatabaseImpl::cloneTo(const QString &target)
+{
+    // Tried at once: only where blocks can be shared is it worth bringing the log home.
+    if (!m_file.writable || !m_cloneSource.cloneTo(target))
+        return false;
+    const QVariant before = m_connection->scalar("PRAGMA data_version");
+    m_walks.finish();
+    Statement home = m_connection->prepare("PRAGMA wal_checkpoint(PASSIVE)");
+    const bool complete = home.step() && home.integer(1) == home.integer(2);
+    home.reset();
+    // Nobody may write while the file is cloned, nor have written since.
+    m_connection->execute("BEGIN IMMEDIATE");
+    const bool cloned =
+        complete && m_connection->scalar("PRAGMA data_version") == before && m_cloneSource.cloneTo(target);
+    m_connection->execute("ROLLBACK");
+    return cloned;
+}
+
 bool Database::backupTo(const QString &path, const GoesOn &progress)
 {
     if (workspace().depth() > 0)
@@ -113,7 +131,9 @@ bool Database::backupTo(const QString &path, const GoesOn &progress)
     refuseExisting(path);
     NewFile part(path + u".part"_s);
     QFile::remove(part.path());
-    {
+    if (progress && !progress(0, 0))
+        return false;
+    if (!m_impl->cloneTo(part.path())) {
         Connection target(part.path(), Connection::Mode::Create);
         // A copy that is not finished goes; no journal need keep it whole.
         target.execute("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");

@@ -235,7 +235,8 @@ public:
     /** Fields of a table in their order. @throws 3078. */
     [[nodiscard]] QList<Field> TableDefs(const QString &table) const;
 
-    /** Keeps the program out without the password; it encrypts nothing. @throws 3031. */
+    [[nodiscard]] bool hasPassword() const;
+    /** Keeps the program out without the password; it encrypts nothing. Empty takes it away. @throws 3031. */
     void NewPassword(const QString &oldPassword, const QString &newPassword);
 
     [[nodiscard]] Workspace &workspace();

@@ -221,6 +221,11 @@ QList<Field> Database::TableDefs(const QString &table) const
     return fields;
 }
 
+bool Database::hasPassword() const
+{
+    return m_impl->hasPassword();
+}
+
 void Database::NewPassword(const QString &oldPassword, const QString &newPassword)
 {
     m_impl->setPassword(oldPassword, newPassword);

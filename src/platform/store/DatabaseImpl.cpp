@@ -124,7 +124,8 @@ void createTables(Connection &connection, const Schema &schema, bool withIndexes
 
 DatabaseImpl::DatabaseImpl(const QString &path, const Schema &schema, Workspace &workspace,
                            const QString &password)
-    : m_schema(schema), m_workspace(workspace), m_file(CatalogueFile::examine(path, schema))
+    : m_schema(schema), m_workspace(workspace), m_file(CatalogueFile::examine(path, schema)),
+      m_cloneSource(path)
 {
     const auto mode = m_file.writable ? Connection::Mode::ReadWrite : Connection::Mode::ReadOnly;
     m_connection = std::make_unique<Connection>(locationOf(m_file), mode);
@@ -196,6 +197,11 @@ void DatabaseImpl::checkPassword(const QString &password)
     const QString hash = metaValue(*m_connection, MetaPassword);
     if (!hash.isEmpty() && !passwordMatches(hash, password))
         throw DaoError(InvalidPassword, u"Not a valid password."_s);
+}
+
+bool DatabaseImpl::hasPassword()
+{
+    return !metaValue(*m_connection, MetaPassword).isEmpty();
 }
 
 void DatabaseImpl::setPassword(const QString &oldPassword, const QString &newPassword)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/store/CloneSource.h"
 #include "platform/store/Dao.h"
 #include "platform/store/KeyWalk.h"
 #include "platform/store/Scope.h"
@@ -46,6 +47,8 @@ public:
     [[nodiscard]] Connection &connection() { return *m_connection; }
     /** A second connection that sees one moment for as long as it lives; null while changes are pending. */
     [[nodiscard]] std::unique_ptr<Connection> frozenReader();
+    /** A whole copy without a byte written, where the file system can; nothing is left where it can't. */
+    [[nodiscard]] bool cloneTo(const QString &target);
     /** For counting on another thread; ends with this object. @throws 3024 */
     [[nodiscard]] std::shared_ptr<ProbeConnection> newProbe();
     [[nodiscard]] const QString &path() const { return m_file.path; }
@@ -74,6 +77,7 @@ public:
     bool bulkStep();
     void endBulk();
 
+    [[nodiscard]] bool hasPassword();
     void setPassword(const QString &oldPassword, const QString &newPassword);
 
     /** Lets statements name a table that came later than the opening. */
@@ -100,6 +104,7 @@ private:
     const Schema &m_schema;
     Workspace &m_workspace;
     CatalogueFile m_file;
+    CloneSource m_cloneSource;
     std::unique_ptr<Connection> m_connection;
     std::vector<Level> m_levels;
     OpenWalks m_walks;
