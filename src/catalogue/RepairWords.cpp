@@ -19,19 +19,23 @@ constexpr std::pair<const char *, const char *> Contents[] = {
     {"tblSettings", "Filters, notes and options"},
 };
 
-/** Rows that are missing for certain; nothing when it can't be told. */
+/** Rows that there were; nothing when it can't be told. */
+std::optional<qint64> before(const dao::RepairedTable &table)
+{
+    return table.saved == table.rowsAtMost ? table.rowsAtMost : table.rowsBefore;
+}
+
 std::optional<qint64> lostOf(const dao::RepairedTable &table)
 {
-    if (!table.rowsBefore)
-        return {};
-    return std::max<qint64>(*table.rowsBefore - table.saved, 0);
+    const auto rows = before(table);
+    return rows ? std::optional(std::max<qint64>(*rows - table.saved, 0)) : std::nullopt;
 }
 
 QString lineOf(const dao::RepairedTable &table, const QString &name)
 {
     QString line = name + u": "_s + groupedNumber(table.saved) + u" saved"_s;
     if (const auto lost = lostOf(table))
-        line = name + u": "_s + groupedNumber(table.saved) + u" of "_s + groupedNumber(*table.rowsBefore) +
+        line = name + u": "_s + groupedNumber(table.saved) + u" of "_s + groupedNumber(*before(table)) +
                u" saved, "_s + groupedNumber(*lost) + u" lost"_s;
     else if (table.rowsAtMost)
         line = name + u": "_s + groupedNumber(table.saved) + u" saved, of "_s +

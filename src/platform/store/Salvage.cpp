@@ -181,22 +181,25 @@ private:
         m_insert.step();
         m_insert.reset();
         m_counts.saved += m_target.changes();
-        m_counts.cutShort += m_cut ? m_target.changes() : 0;
+        m_counts.cutShort += m_damagedValues > 0 ? m_target.changes() : 0;
     }
 
-    /** The row's values, as far as they can be what was stored; nothing when none of them is. */
+    /** The row's values, as far as they can be what was stored; nothing when most of them can't. */
     std::optional<QVariantList> readable(const Statement &row)
     {
-        m_cut = false;
-        bool holdsSomething = false;
+        m_damagedValues = 0;
+        int sound = 0;
         QVariantList values;
         for (std::size_t i = 0; i < m_kinds.size(); ++i) {
             const int column = static_cast<int>(i) + 1;
+            const int damagedBefore = m_damagedValues;
             const QVariant value = row.isNull(column) ? QVariant() : readable(row, column, m_kinds[i]);
             values.append(value);
-            holdsSomething |= m_kinds[i] != Kind::Key && quaverly::isGreaterThanBlank(value.toString());
+            if (m_kinds[i] != Kind::Key && m_damagedValues == damagedBefore &&
+                quaverly::isGreaterThanBlank(value.toString()))
+                ++sound;
         }
-        return holdsSomething ? std::optional(values) : std::nullopt;
+        return sound > 0 && sound >= m_damagedValues ? std::optional(values) : std::nullopt;
     }
 
     QVariant readable(const Statement &row, int column, Kind kind)
@@ -206,7 +209,7 @@ private:
         const bool right = kind == Kind::Text || kind == Kind::Date ? isText : row.isNumber(column);
         if (right && !text.contains('\0') && text.isValidUtf8())
             return row.variant(column);
-        m_cut = true;
+        ++m_damagedValues;
         if (kind != Kind::Text || !isText)
             return {};
         const qsizetype end = text.indexOf('\0');
@@ -224,7 +227,7 @@ private:
     qint64 m_high = std::numeric_limits<qint64>::max();
     qint64 m_highestIndexed = 0;
     Statement m_insert;
-    bool m_cut = false;
+    int m_damagedValues = 0;
     RepairedTable m_counts;
 };
 
