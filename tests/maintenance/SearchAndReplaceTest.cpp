@@ -82,7 +82,8 @@ TEST_P(TheReplacement, CountsAsksAndChangesEveryRecord)
 
     press(u"cmdOK"_s);
 
-    EXPECT_EQ(backups, found ? 1 : 0);
+    const bool tries = given.before != given.after || !given.error.isEmpty();
+    EXPECT_EQ(backups, found && tries ? 1 : 0);
     EXPECT_EQ(isOpen(), !found || !given.error.isEmpty());
     EXPECT_EQ(values(field), given.after);
 }
@@ -101,6 +102,11 @@ const Replacement Replacements[] = {
     {"WildcardsFindWhatTheyDoNotReplace", u"optComposer Composer"_s, u"B?ch"_s, u"X"_s,
      u"is: 2.|replace this part of the selected field with  X "_s, u"Bach|the b?ch|Bch|~"_s,
      u"Bach|the X|Bch|~"_s},
+    {"ForItself", u"optComposer Composer"_s, u"Bach"_s, u"Bach"_s,
+     u"is: 2.|replace this part of the selected field with  Bach "_s, u"Bach|C. P. E. Bach|~"_s,
+     u"Bach|C. P. E. Bach|~"_s},
+    {"ForItsOtherCase", u"optComposer Composer"_s, u"bach"_s, u"Bach"_s,
+     u"is: 1.|replace this part of the selected field with  Bach "_s, u"bach|~"_s, u"Bach|~"_s},
     {"NotFound", u"optMisc2Desc MiscField2_Desc"_s, u"xyz"_s, u"X"_s, {}, u"a||~|b"_s, u"a||~|b"_s},
     {"DoubleQuotesAreDropped", u"optArtistName Artist"_s, u"\"a\" or \"\"=\""_s, u"\"b\""_s,
      u"is: 1.|replace this part of the selected field with  b "_s, u"a or =|\"a\"|or|~"_s, u"b|\"a\"|or|~"_s},
