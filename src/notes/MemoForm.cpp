@@ -2,20 +2,18 @@
 #include "notes/MemoForm.h"
 
 #include "catalogue/Options.h"
-#include "desktop/ColorNumber.h"
 #include "desktop/Desktop.h"
 #include "desktop/Guard.h"
 #include "desktop/Printing.h"
 #include "desktop/ScreenLook.h"
+#include "notes/NoteFormats.h"
 #include "notes/NoteText.h"
 #include "platform/richtext/RichText.h"
-#include "platform/text/Text.h"
 #include "ui_MemoForm.h"
 
 #include <QFile>
 #include <QLineEdit>
 #include <QScopeGuard>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStandardPaths>
 
@@ -26,7 +24,6 @@ namespace quaverly {
 namespace {
 
 constexpr int AutosaveMilliseconds = 30'000;
-constexpr qsizetype ShownOfDraft = 100;
 
 } // namespace
 
@@ -36,6 +33,8 @@ MemoForm::MemoForm(NoteBook book, NoteDrafts drafts, Desktop &desktop, const Opt
       m_note(book, std::move(drafts)), m_desktop(desktop), m_search(desktop)
 {
     m_ui->setupUi(this);
+    const NoteFormats::Boxes boxes{*m_ui->chkBold, *m_ui->chkItalic, *m_ui->chkUnderline};
+    m_formats = std::make_unique<NoteFormats>(*m_ui->txtNotes, boxes);
     m_autosave.setSingleShot(true);
     m_autosave.setInterval(AutosaveMilliseconds);
     Form_Load(options);
@@ -62,32 +61,14 @@ void MemoForm::wire()
     connect(m_ui->cmdPreview, &QPushButton::clicked, this, &MemoForm::cmdPreview_Click);
     connect(m_ui->cmdPrint, &QPushButton::clicked, this, &MemoForm::cmdPrint_Click);
     connect(m_ui->cmdExit, &QPushButton::clicked, this, &MemoForm::cmdExit_Click);
-    connect(m_ui->cmdFontColor, &QPushButton::clicked, this, &MemoForm::cmdFontColor_Click);
+    connect(m_ui->cmdFontColor, &QPushButton::clicked, this,
+            [this] { handle([this] { m_formats->cmdFontColor_Click(m_desktop); }); });
     connect(m_ui->cmdPicture, &QPushButton::clicked, this, &MemoForm::cmdPicture_Click);
     connect(m_ui->ImageKeyboard, &QPushButton::clicked, this, &MemoForm::ImageKeyboard_Click);
     connect(m_ui->txtNotes, &QTextEdit::textChanged, this, &MemoForm::txtNotes_Change);
     connect(m_ui->txtNotes, &NoteText::left, this, &MemoForm::saveQuietly);
     connect(&m_autosave, &QTimer::timeout, this, &MemoForm::saveQuietly);
-    wireFormat();
     QTimer::singleShot(0, this, [this] { handle([this] { offerDrafts(); }); });
-}
-
-void MemoForm::wireFormat()
-{
-    const auto on = [this](QCheckBox *box, QKeySequence::StandardKey key, auto apply) {
-        connect(box, &QCheckBox::clicked, this, [this, apply](bool checked) {
-            m_ui->txtNotes->applyFormat([&](QTextCharFormat &format) { apply(format, checked); });
-        });
-        connect(new QShortcut(key, m_ui->txtNotes), &QShortcut::activated, box, &QCheckBox::click);
-    };
-    on(m_ui->chkBold, QKeySequence::Bold, [](QTextCharFormat &format, bool checked) {
-        format.setFontWeight(checked ? QFont::Bold : QFont::Normal);
-    });
-    on(m_ui->chkItalic, QKeySequence::Italic,
-       [](QTextCharFormat &format, bool checked) { format.setFontItalic(checked); });
-    on(m_ui->chkUnderline, QKeySequence::Underline,
-       [](QTextCharFormat &format, bool checked) { format.setFontUnderline(checked); });
-    connect(m_ui->txtNotes, &QTextEdit::currentCharFormatChanged, this, &MemoForm::showFormat);
 }
 
 bool MemoForm::handle(const std::function<void()> &handler)
@@ -139,7 +120,7 @@ void MemoForm::showNote(const QString &title)
              m_ui->chkItalic, m_ui->chkUnderline, m_ui->cmdFontColor, m_ui->cmdPicture, m_ui->cmdPreview,
              m_ui->cmdPrint})
         control->setEnabled(!title.isEmpty());
-    showFormat(m_ui->txtNotes->currentCharFormat());
+    m_formats->show();
 }
 
 void MemoForm::showText(const QString &rtf)
@@ -154,19 +135,8 @@ void MemoForm::showText(const QString &rtf)
 void MemoForm::offerDrafts()
 {
     for (const NoteDraft &draft : m_drafts.all()) {
-        QTextDocument text;
-        static_cast<void>(richtext::readRtfText(draft.rtf, text));
-        QString beginning = text.toPlainText().simplified();
-        if (beginning.size() > ShownOfDraft)
-            beginning = beginning.first(ShownOfDraft) + u'…';
-        const QString question =
-            (draft.kind == NoteDraft::Kind::Typed
-                 ? u"On %1 the note \"%2\" could not be saved.  What was typed was kept:"_s
-                 : u"On %1 the note \"%2\" could not be put back as it was.  Its text from before was kept:"_s)
-                .arg(shortDate(draft.kept.toLocalTime()), draft.title) +
-            u"\n\n"_s + beginning +
-            u"\n\nYes puts it into the note, where Cancel takes it back.  No deletes it.\n\nUse this text?"_s;
-        if (m_desktop.MessageBox(question, windowTitle(), Icon::Question, Buttons::YesNo) == Answer::Yes)
+        if (m_desktop.MessageBox(questionAbout(draft), windowTitle(), Icon::Question, Buttons::YesNo) ==
+            Answer::Yes)
             showDraft(draft);
         else
             m_drafts.forget(draft);
@@ -176,9 +146,9 @@ void MemoForm::offerDrafts()
 void MemoForm::showDraft(const NoteDraft &draft)
 {
     saveNote();
-    if (!m_book.titles().contains(draft.title, Qt::CaseInsensitive))
+    if (m_book.placeOf(draft.title) < 0)
         m_book.add(draft.title);
-    showTitles(static_cast<int>(m_book.titles().indexOf(draft.title)));
+    showTitles(m_book.placeOf(draft.title));
     showText(draft.rtf);
     m_ui->txtNotes->document()->setModified(true);
     m_autosave.start();
@@ -312,7 +282,7 @@ void MemoForm::cmdAdd_Click()
         if (tellFault(fault, title))
             return;
         m_book.add(title);
-        showTitles(static_cast<int>(m_book.titles().indexOf(title)));
+        showTitles(m_book.placeOf(title));
         m_ui->txtNotes->setFocus();
     });
 }
@@ -384,23 +354,6 @@ void MemoForm::reject()
     QDialog::reject();
 }
 
-void MemoForm::cmdFontColor_Click()
-{
-    handle([this] {
-        const QTextCharFormat now = m_ui->txtNotes->currentCharFormat();
-        const QFont font = now.font();
-        const FontChoice start{font.family(), font.pointSizeF(), colorNumber(now.foreground().color())};
-        const auto chosen = m_desktop.ShowFont(u"Choose font and color"_s, start);
-        if (!chosen)
-            return;
-        m_ui->txtNotes->applyFormat([&](QTextCharFormat &format) {
-            format.setFontFamilies({chosen->family});
-            format.setFontPointSize(chosen->pointSize);
-            format.setForeground(colorOf(chosen->color));
-        });
-    });
-}
-
 void MemoForm::cmdPicture_Click()
 {
     handle([this] {
@@ -433,13 +386,6 @@ void MemoForm::ImageKeyboard_Click()
 {
     m_ui->txtNotes->setFocus();
     m_desktop.ShowKeyboard();
-}
-
-void MemoForm::showFormat(const QTextCharFormat &format)
-{
-    m_ui->chkBold->setChecked(format.fontWeight() >= QFont::Bold);
-    m_ui->chkItalic->setChecked(format.fontItalic());
-    m_ui->chkUnderline->setChecked(format.fontUnderline());
 }
 
 } // namespace quaverly

@@ -10,15 +10,13 @@
 #include <functional>
 #include <memory>
 
-class QCheckBox;
-class QTextCharFormat;
-
 namespace Ui {
 class MemoForm;
 }
 
 namespace quaverly {
 
+class NoteFormats;
 struct Options;
 
 /**
@@ -41,7 +39,6 @@ public:
 
 private:
     void wire();
-    void wireFormat();
     void Form_Load(const Options &options);
     void cmbTitle_Click(int index);
     void cmbTitle_Validate();
@@ -53,11 +50,9 @@ private:
     void cmdExit_Click();
     void cmdPreview_Click();
     void cmdPrint_Click();
-    void cmdFontColor_Click();
     void cmdPicture_Click();
     void ImageKeyboard_Click();
     void txtNotes_Change();
-    void showFormat(const QTextCharFormat &format);
 
     /** The notes' titles anew, and that one's note. */
     void showTitles(int index);
@@ -82,6 +77,7 @@ private:
     Desktop &m_desktop;
     TextSearch m_search;
     QTimer m_autosave;
+    std::unique_ptr<NoteFormats> m_formats;
     /** A typed title was refused a moment ago. */
     bool m_titleRefused = false;
 };

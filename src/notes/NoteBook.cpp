@@ -5,6 +5,8 @@
 #include "catalogue/SettingsRows.h"
 #include "platform/text/Text.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -36,6 +38,14 @@ QStringList NoteBook::titles() const
     for (qint64 row = 0; row < rows->RecordCount(); ++row)
         titles.append(NullToEmpty(rows->valueAt(row, 0)));
     return titles;
+}
+
+int NoteBook::placeOf(const QString &title) const
+{
+    const QStringList all = titles();
+    const auto isThat = [&](const QString &each) { return each.compare(title, Qt::CaseInsensitive) == 0; };
+    const auto found = std::ranges::find_if(all, isThat);
+    return found == all.end() ? -1 : static_cast<int>(found - all.begin());
 }
 
 void NoteBook::repairTitles()

@@ -26,6 +26,8 @@ public:
 
     /** In their order. */
     [[nodiscard]] QStringList titles() const;
+    /** Among the titles; -1 for none of that title. */
+    [[nodiscard]] int placeOf(const QString &title) const;
     /** Puts a backquote in place of each apostrophe that a title holds from older days. */
     void repairTitles();
     /** @p current is the title that may stay as it is: that of the note itself. */

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "notes/NoteDrafts.h"
 
+#include "platform/richtext/RichText.h"
+#include "platform/text/Text.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -8,6 +11,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QTextDocument>
 
 #include <utility>
 
@@ -18,6 +22,7 @@ namespace quaverly {
 namespace {
 
 constexpr qsizetype NameDigits = 16;
+constexpr qsizetype ShownOfDraft = 100;
 
 bool write(const QString &path, const QByteArray &bytes)
 {
@@ -100,6 +105,21 @@ QList<NoteDraft> NoteDrafts::all() const
         }
     }
     return found;
+}
+
+QString questionAbout(const NoteDraft &draft)
+{
+    QTextDocument text;
+    static_cast<void>(richtext::readRtfText(draft.rtf, text));
+    QString beginning = text.toPlainText().simplified();
+    if (beginning.size() > ShownOfDraft)
+        beginning = beginning.first(ShownOfDraft) + u'…';
+    const QString kept =
+        draft.kind == NoteDraft::Kind::Typed
+            ? u"On %1 the note \"%2\" could not be saved.  What was typed was kept:"_s
+            : u"On %1 the note \"%2\" could not be put back as it was.  Its text from before was kept:"_s;
+    return kept.arg(shortDate(draft.kept.toLocalTime()), draft.title) + u"\n\n"_s + beginning +
+           u"\n\nYes puts it into the note, where Cancel takes it back.  No deletes it.\n\nUse this text?"_s;
 }
 
 } // namespace quaverly

@@ -50,4 +50,7 @@ private:
     QString m_catalogue;
 };
 
+/** Asks whether the draft is to be put into its note; shows how it begins. */
+[[nodiscard]] QString questionAbout(const NoteDraft &draft);
+
 } // namespace quaverly

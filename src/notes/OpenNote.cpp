@@ -7,7 +7,7 @@ namespace quaverly {
 
 QString OpenNote::open(const QString &title)
 {
-    const QString text = title.isEmpty() ? QString() : m_book.text(title);
+    QString text = title.isEmpty() ? QString() : m_book.text(title);
     m_title = title;
     m_openedText = text;
     m_savedSinceOpened = false;
