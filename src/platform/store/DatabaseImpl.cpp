@@ -305,6 +305,7 @@ void DatabaseImpl::assertPresent() const
 
 void DatabaseImpl::change(const std::function<void()> &run)
 {
+    // A statement in the middle of its rows may or may not come upon what its own connection changes.
     m_walks.finish();
     const bool ownTransaction = !m_connection->inTransaction();
     if (ownTransaction) {

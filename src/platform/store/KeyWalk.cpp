@@ -38,6 +38,8 @@ bool KeyWalk::readOn(qint64 count)
         }
         return true;
     } catch (const DaoError &error) {
+        // Kept for whoever needs the keys: here it is the idle event loop that reads, or a change that goes
+        // on.
         m_failure = error;
         m_rows = Statement();
         return false;
@@ -101,6 +103,7 @@ void OpenWalks::abandon()
 // A little at a time, so that a key or a click need not wait.
 void OpenWalks::goOn()
 {
+    // The list opened last is the one on the screen.
     const auto open = m_walks.empty() ? nullptr : m_walks.back().lock();
     if (open && open->readOn(KeysAtATime))
         return m_timer.start(0);

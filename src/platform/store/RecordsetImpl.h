@@ -44,7 +44,6 @@ public:
     [[nodiscard]] std::optional<qint64> keyBehind(qint64 key, const QStringList &columns) const;
     /** The base row's stored values in the order of its fields; nothing when it is gone. */
     [[nodiscard]] std::optional<QVariantList> freshRow(qint64 key) const;
-    [[nodiscard]] const QStringList &baseFields() const { return m_baseFields; }
 
     /** Another order for a table's rows, from the next load on. */
     void setOrder(const QByteArray &columns);
@@ -86,6 +85,7 @@ private:
     mutable std::shared_ptr<KeyWalk> m_walk;
     quint64 m_openedAt = 0;
     mutable Statement m_fetch;
+    /** Some screens' worth of rows, by their keys. */
     mutable QCache<qint64, QVariantList> m_cache{1024};
     mutable qint64 m_cachedChanges = -1;
 };

@@ -74,6 +74,7 @@ void RecordsetRows::load()
     chooseColumns();
     m_set.held.resize(static_cast<std::size_t>(m_heldOutputs.size()));
     Statement rows = connection().prepare(m_plan.sql(m_plan.readColumns(m_heldOutputs)));
+    // Only of a whole table is it known, before its keys are read, how many there will be.
     const bool mayWait =
         m_type == RecordsetType::Dynaset && m_heldOutputs.isEmpty() && m_plan.showsWholeTable();
     while (rows.step()) {
@@ -124,6 +125,7 @@ qint64 RecordsetRows::keyAt(qint64 position) const
 
 qint64 RecordsetRows::positionOf(qint64 key) const
 {
+    // Right after the opening it is a row in sight that is asked for: the other keys need not be read for it.
     if (m_walk) {
         for (qint64 i = 0; i < std::min(m_set.keys.size(), FirstKeys); ++i) {
             if (m_set.keys.at(i) == key)
@@ -192,6 +194,8 @@ std::optional<QVariantList> RecordsetRows::freshRow(qint64 key) const
 
 const QVariantList *RecordsetRows::cachedRow(qint64 key) const
 {
+    // Whatever was changed, by whom on this connection: a few rows are soon read again, and a stale one would
+    // be shown or written back.
     const qint64 changes = connection().totalChanges();
     if (changes != m_cachedChanges)
         m_cache.clear();

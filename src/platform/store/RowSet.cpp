@@ -70,9 +70,11 @@ void KeySet::buildPlaces() const
     const auto [low, high] = std::minmax_element(m_keys.begin(), m_keys.end());
     m_lowest = *low;
     const auto span = static_cast<quint64>(*high) - static_cast<quint64>(*low);
+    // Keys are given one after the other: a place for each number costs little until most of them are gone.
     m_direct = span < 4 * m_keys.size() + 1024;
     if (m_direct) {
         m_places.assign(span + 1, Nowhere);
+        // From the end, so that of a key that comes twice the first place stays.
         for (std::size_t i = m_keys.size(); i-- > 0;)
             m_places[static_cast<std::size_t>(m_keys[i] - m_lowest)] = static_cast<quint32>(i);
         return;
