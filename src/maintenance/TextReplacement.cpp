@@ -241,8 +241,9 @@ qint64 countRows(dao::Database &database, const TextChange &change)
 bool changesRows(dao::Database &database, const TextChange &change)
 {
     return numRecs(database, u"Select count(*) as NumRecs from "_s + change.place.table + u" Where ("_s +
-                                 change.condition + u") And ("_s + change.place.field + u" Is Null Or StrComp("_s +
-                                 change.place.field + u", "_s + change.expression + u", 0) <> 0)"_s) > 0;
+                                 change.condition + u") And ("_s + change.place.field +
+                                 u" Is Null Or StrComp("_s + change.place.field + u", "_s +
+                                 change.expression + u", 0) <> 0)"_s) > 0;
 }
 
 bool changeTexts(dao::Database &database, const TextChange &change, const dao::GoesOn &goesOn)

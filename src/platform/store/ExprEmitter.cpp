@@ -138,8 +138,9 @@ Emitted ExprEmitter::name(const Expr &expr)
     }
     if (found->column != nullptr && !found->column->field.isEmpty())
         m_fieldsUsed.append(found->column->field.toLower());
-    const bool isText = found->type == ValueType::Text;
-    return {found->sql, found->type, isText && found->column != nullptr};
+    // What an expression made compares to the letter wherever SQLite is not told otherwise.
+    const bool isStored = found->column != nullptr && !found->column->field.isEmpty();
+    return {found->sql, found->type, isStored && found->type == ValueType::Text};
 }
 
 Emitted ExprEmitter::literalDate(const Expr &expr) const

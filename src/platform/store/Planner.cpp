@@ -53,6 +53,33 @@ bool aggregates(const Expr *expr)
     return std::ranges::any_of(expr->args, [](const ast::ExprPtr &arg) { return aggregates(arg.get()); });
 }
 
+/** One query further in, for the length of a scope. */
+class Deeper final
+{
+public:
+    explicit Deeper(int &depth) : m_depth(depth)
+    {
+        if (m_depth >= DeepestQueries)
+            throw DaoError(TooComplex, u"Query is too complex: stored queries name each other too deeply."_s);
+        ++m_depth;
+    }
+    ~Deeper() { --m_depth; }
+    Deeper(const Deeper &) = delete;
+    Deeper &operator=(const Deeper &) = delete;
+
+private:
+    int &m_depth;
+};
+
+/** An output as ORDER BY takes it: a bare number would name a column there, and a made text has no collation.
+ */
+QByteArray sortable(const Output &output)
+{
+    if (!output.column.field.isEmpty() || output.column.type == FieldType::Date)
+        return output.sql;
+    return output.column.type == FieldType::Text ? output.sql + " COLLATE DAO" : "(0 + " + output.sql + ")";
+}
+
 } // namespace
 
 void Planner::collect(const Expr *expr, Mentions &mentions)
@@ -63,6 +90,7 @@ void Planner::collect(const Expr *expr, Mentions &mentions)
         mentions.names.insert(expr->text.toLower());
     for (const auto &arg : expr->args)
         collect(arg.get(), mentions);
+    // A name in a nested statement may mean a source out here.
     if (expr->select)
         mentions.names.unite(mentionsOf(*expr->select).names);
 }
@@ -106,8 +134,7 @@ ExprEmitter::SelectWriter Planner::subselectWriter()
 
 SelectPlan Planner::select(const ast::Select &select, const Scope *outer)
 {
-    if (++m_depth > DeepestQueries)
-        throw DaoError(TooComplex, u"Query is too complex: stored queries name each other too deeply."_s);
+    const Deeper deeper(m_depth);
     SelectPlan plan;
     plan.scope.outer = outer;
     plan.from = from(*select.from, plan, mentionsOf(select));
@@ -127,7 +154,6 @@ SelectPlan Planner::select(const ast::Select &select, const Scope *outer)
     takeBase(plan, select);
     order(select, plan, emitter);
     plan.fieldsUsed = emitter.fieldsUsed();
-    --m_depth;
     return plan;
 }
 
@@ -222,6 +248,7 @@ Source Planner::querySource(const ast::Select &select, const QString &alias, con
     source.baseTable = plan.baseTable;
     if (plan.isKeyed())
         source.key = quotedName(alias) + '.' + quotedName(KeyName);
+    // A stored query's order holds for a statement over it that asks for none; SQLite drops it in a source.
     for (const auto &item : select.orderBy) {
         if (item.expr->kind == ExprKind::Name && source.column(item.expr->text) != nullptr)
             source.order.append({source.column(item.expr->text)->name, item.descending});
@@ -254,6 +281,7 @@ void Planner::starOutputs(const ast::SelectItem &item, SelectPlan &plan)
         found = true;
         for (Column column : source.columns) {
             Output output{column, quotedName(source.alias) + '.' + quotedName(column.name)};
+            // The second field of a name bears its table's in front, and is reached by that.
             const bool taken = std::ranges::any_of(
                 plan.outputs, [&](const Output &o) { return sameName(o.column.name, column.name); });
             if (taken)
@@ -276,6 +304,9 @@ void Planner::outputs(const ast::Select &select, SelectPlan &plan, ExprEmitter &
         const Emitted emitted = emitter.emit(*item.expr);
         Output output;
         output.sql = emitted.sql;
+        // A stored text brings its collation along; of made ones DISTINCT would keep "a" and "A".
+        if (select.distinct && fieldTypeOf(emitted.type) == FieldType::Text && !emitted.isColumn)
+            output.sql = "(" + emitted.sql + " COLLATE DAO)";
         output.column.type = fieldTypeOf(emitted.type);
         if (item.expr->kind == ExprKind::Name) {
             if (const auto found = plan.scope.resolve(item.expr->qualifier, item.expr->text, m_names);
@@ -300,12 +331,13 @@ QByteArray Planner::orderExpression(const ast::OrderItem &item, const SelectPlan
         if (place < 1 || place > plan.outputs.size())
             throw DaoError(SyntaxError,
                            u"ORDER BY names column %1, which the query doesn't have."_s.arg(expr.text));
-        return plan.outputs[place - 1].sql;
+        return sortable(plan.outputs[place - 1]);
     }
     if (expr.kind == ExprKind::Name && expr.qualifier.isEmpty()) {
         for (const Output &output : plan.outputs) {
-            if (sameName(output.column.name, expr.text) && output.column.field.isEmpty())
-                return output.sql;
+            // A field under its own name is looked up like any other: it may be an index's.
+            if (sameName(output.column.name, expr.text) && !sameName(output.column.field, expr.text))
+                return sortable(output);
         }
     }
     return emitter.emitCollated(expr);
