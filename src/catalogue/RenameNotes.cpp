@@ -65,6 +65,7 @@ void RenameNotes::keep(qint64 recordId, const SongFile &from, const SongFile &to
     note->setValue(u"NewPathName"_s, to.PathName);
     note->setValue(u"NewFileName"_s, to.FileName);
     note->Update();
+    // A note that still waited in a transaction would die with the process it is kept for.
     database.workspace().settle();
 }
 

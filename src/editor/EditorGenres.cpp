@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/EditorGenres.h"
 
-#include "intake/GenreTable.h"
+#include "catalogue/GenreTable.h"
 
 #include <algorithm>
 

@@ -222,7 +222,7 @@ Verdict checkPickedFolder(const QString &pathName, const EditedRow &row)
 
 QString renamedFile(const QString &typed, const QString &fileName)
 {
-    const QString answer = withoutEndBlanks(typed);
+    QString answer = withoutEndBlanks(typed);
     constexpr qsizetype Ending = 4;
     if (answer.isEmpty() || answer.right(Ending) == fileName.right(Ending))
         return answer;

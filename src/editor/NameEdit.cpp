@@ -2,13 +2,19 @@
 #include "editor/NameEdit.h"
 
 #include "catalogue/Options.h"
-#include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
+#include "desktop/Icons.h"
 #include "desktop/ScreenLook.h"
-#include "editor/ControlTexts.h"
 #include "editor/EditorState.h"
-#include "editor/LeaveGate.h"
-#include "lists/PlayerState.h"
+#include "editor/FieldGate.h"
+#include "editor/FieldKeys.h"
+#include "editor/FileFields.h"
+#include "editor/LabelEdit.h"
+#include "editor/OpenLink.h"
+#include "editor/PictureButtons.h"
+#include "editor/PlayListChoice.h"
+#include "editor/ShownRecord.h"
+#include "editor/SongControls.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/text/Text.h"
 #include "songlist/DisplayedSet.h"
@@ -23,7 +29,6 @@
 
 using namespace Qt::StringLiterals;
 
-// The screen's life: made, loaded, placed, unloaded.
 namespace quaverly {
 
 namespace {
@@ -34,27 +39,101 @@ constexpr int HighTopTwips = 10;
 constexpr int LargeDots = 120;
 constexpr int LittleHeight = 800;
 
-QString miscLabel(int number)
-{
-    return u"Misc Field "_s + QString::number(number);
-}
-
 } // namespace
 
 NameEdit::NameEdit(NameEditParts parts, QWidget *parent)
-    : ModalScreen(parent), m_ui(std::make_unique<Ui::NameEdit>()), m_parts(std::move(parts)),
-      m_save({m_parts.desktop, m_parts.set, m_parts.catalogue, m_parts.options, m_parts.state, m_parts.now}),
-      m_walk(m_parts.catalogue, m_parts.set.Data1()),
-      m_template(m_parts.desktop, m_parts.options, m_parts.settings, m_parts.set.Data1()),
-      m_lists(m_parts.catalogue, m_parts.now), m_addToPlayList(m_parts.desktop, m_parts.player, m_lists)
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::NameEdit>()), m_parts(std::move(parts))
 {
     m_ui->setupUi(this);
-    setUpControls();
+    build();
+    setUpLook();
     wire();
     Form_Load();
 }
 
-NameEdit::~NameEdit() = default;
+// What the controls do while they go is nobody's business any more.
+NameEdit::~NameEdit()
+{
+    m_gate->setOpen(true);
+}
+
+void NameEdit::build()
+{
+    const Handle handler = [this](const std::function<void()> &what) { handle(what); };
+    const auto row = [this] { return m_record->row(); };
+    m_controls = std::make_unique<SongControls>(*this, [this] { setRecordDirty(true); });
+    m_gate = std::make_unique<FieldGate>(*this, *m_ui, m_parts.desktop, row, handler);
+    m_files = std::make_unique<FileFields>(*m_ui, *m_controls, *m_gate,
+                                           FileFieldsParts{.desktop = m_parts.desktop,
+                                                           .catalogue = m_parts.catalogue,
+                                                           .state = m_parts.state,
+                                                           .MusicFolder = m_parts.MusicFolder,
+                                                           .row = row,
+                                                           .handle = handler});
+    m_playLists = std::make_unique<PlayListChoice>(*m_ui, m_parts.desktop, m_parts.set, m_parts.catalogue,
+                                                   m_parts.player, m_parts.now, handler);
+    m_record =
+        std::make_unique<ShownRecord>(*this, *m_ui, *m_controls,
+                                      ShownRecordParts{.desktop = m_parts.desktop,
+                                                       .set = m_parts.set,
+                                                       .catalogue = m_parts.catalogue,
+                                                       .settings = m_parts.settings,
+                                                       .options = m_parts.options,
+                                                       .state = m_parts.state,
+                                                       .now = m_parts.now,
+                                                       .canPlay = m_parts.hooks.playFromEditor != nullptr,
+                                                       .modeShown = [this] { m_files->showButtons(); },
+                                                       .unload = [this] { unload(); },
+                                                       .handle = handler});
+}
+
+void NameEdit::wire()
+{
+    std::function<void(int)> showPicture;
+    if (m_parts.hooks.showPicture)
+        showPicture = [this](int slot) { handle([&] { m_parts.hooks.showPicture(*this, slot); }); };
+    m_pictures = std::make_unique<PictureButtons>(*this, showPicture);
+    // Looks at keys before the gate does, which was made first.
+    new FieldKeys(
+        *this, *m_ui,
+        {.enlargeNotes = [this] { txtNotes_DblClick(); },
+         .openLink = [this](const QString &text) { handle([&] { OpenLink(m_parts.desktop, text); }); },
+         .showMenu = [this](const QWidget &control, QPoint place) { return showMenu(control, place); }});
+    const auto on = [this](QPushButton *button, auto handler) {
+        connect(button, &QPushButton::clicked, this, handler);
+    };
+    on(m_ui->cmdSave, &NameEdit::cmdSave_Click);
+    on(m_ui->cmdCancel, &NameEdit::reject);
+    on(m_ui->cmdPlay, &NameEdit::cmdPlay_Click);
+    on(m_ui->cmdCategories, &NameEdit::cmdCategories_Click);
+    on(m_ui->ImageKeyboard, &NameEdit::ImageKeyboard_Click);
+    on(m_ui->cmdWebLookup, [this] { handle([this] { m_parts.hooks.cmdWebLookup(*this); }); });
+}
+
+void NameEdit::setUpLook()
+{
+    m_ui->cmdPlay->setIcon(icon(u"play"_s));
+    m_ui->cmdDelete->setIcon(icon(u"delete"_s));
+    m_ui->cmdAddNew->setIcon(icon(u"add"_s));
+    QPalette linked = palette();
+    linked.setColor(QPalette::Text, linked.color(QPalette::Link));
+    m_ui->cmbHeader->setPalette(linked);
+    for (QLabel *faint :
+         {m_ui->lblNotes, m_ui->lblUpdated, m_ui->lblDateUpdated, m_ui->lblToday, m_ui->lblTodaysDate})
+        scaleFont(*faint, CaptionScale);
+    if (!m_parts.options.TabletActive)
+        return;
+    sizeForFingers(*this);
+    for (auto *label : findChildren<LabelEdit *>())
+        label->setMinimumHeight(0);
+}
+
+void NameEdit::enableHooks()
+{
+    const NameEditHooks &hooks = m_parts.hooks;
+    m_ui->cmdCategories->setEnabled(hooks.ShowCategoryAssign != nullptr);
+    m_ui->cmdWebLookup->setEnabled(hooks.cmdWebLookup != nullptr);
+}
 
 void NameEdit::showModally(std::function<void()> closed)
 {
@@ -91,7 +170,6 @@ void NameEdit::Form_Load()
         m_ui->cmdSave->setEnabled(false);
         m_ui->cmdAddNew->setEnabled(false);
     }
-    loadPlayLists();
     m_ui->ImageKeyboard->setVisible(options.TabletActive);
     hideForList();
     m_ui->lblTodaysDate->setText(shortDate(m_parts.now().date().startOfDay(Qt::UTC)));
@@ -99,20 +177,8 @@ void NameEdit::Form_Load()
     m_parts.state.NewRecordSaved = false;
     setRecordDirty(false);
     enableHooks();
-    loadScreen();
+    m_record->loadScreen();
     m_ui->txtSongName->setFocus();
-}
-
-void NameEdit::loadScreen()
-{
-    if (!m_parts.state.EditMode) {
-        loadNewRecord();
-        return;
-    }
-    DataControl &displayed = m_parts.set.Data1();
-    displayed.findRecord(displayed.Recordset().value(u"RecordID"_s).toLongLong());
-    showMode(true);
-    loadExisting();
 }
 
 // What such a list shows is no place to add to, or to delete from.
@@ -126,112 +192,32 @@ void NameEdit::hideForList()
         m_ui->cmdAddNew->hide();
 }
 
-void NameEdit::loadPlayLists()
-{
-    m_playLists = std::make_unique<AddToPlayListBox>(*m_ui->cmbHeader, *m_ui->txtSongAddedToPlaylist);
-    m_playLists->showLists(m_lists.lists(), m_parts.player.CurrentPlayListName);
-    showPlayListTip();
-}
-
-void NameEdit::LoadFormFromData()
-{
-    m_loaded = textsOf(m_parts.set.Data1().Recordset());
-    for (auto control = m_controls.cbegin(); control != m_controls.cend(); ++control)
-        setControlText(*control.value(), m_loaded.value(control.key()));
-    showUpdated(m_loaded.value(u"DateUpdated"_s));
-    setRecordDirty(false);
-}
-
-void NameEdit::loadExisting()
-{
-    LoadFormFromData();
-    constexpr int MiscFields = 3;
-    for (int number = 1; number <= MiscFields; ++number) {
-        const QString field = u"MiscField%1_Desc"_s.arg(number);
-        if (text(field).isEmpty())
-            setText(field, miscLabel(number));
-    }
-    setRecordDirty(false);
-}
-
-void NameEdit::loadNewRecord()
-{
-    showMode(false);
-    showUpdated({});
-    if (m_template.isSet() && m_template.find())
-        loadFromTemplate();
-}
-
-// Clearing these makes the new record a changed one at once, and leaves out more than the message about
-// templates says: both are meant. The file is the other song's.
-void NameEdit::loadFromTemplate()
-{
-    LoadFormFromData();
-    for (const auto &field : {u"SongName"_s, u"ID"_s, u"BPM"_s, u"PathName"_s, u"FileName"_s})
-        setText(field, {});
-    m_ui->cmbGenre->setCurrentIndex(-1);
-    m_ui->cmbGenre->clearEditText();
-    showUpdated({});
-}
-
-void NameEdit::showUpdated(const QString &date)
-{
-    m_ui->lblDateUpdated->setText(date);
-    m_ui->lblUpdated->setVisible(!date.isEmpty());
-}
-
-void NameEdit::showMode(bool existing)
-{
-    m_parts.state.EditMode = existing;
-    m_ui->cmdCategories->setVisible(existing);
-    m_ui->cmdWebLookup->setVisible(existing);
-    m_ui->cmdPlay->setEnabled(existing && m_parts.hooks.playFromEditor);
-    showCaption();
-    showFileButtons();
-}
-
-void NameEdit::showCaption()
-{
-    const QString caption =
-        m_parts.state.EditMode ? u"View/Edit an Existing Record"_s : u"Add a New Record"_s;
-    setWindowTitle(m_parts.state.RecordDirty ? u"• "_s + caption : caption);
-}
-
 void NameEdit::setRecordDirty(bool dirty)
 {
-    m_parts.state.RecordDirty = dirty;
-    showCaption();
+    m_record->setDirty(dirty);
 }
 
 QString NameEdit::text(const QString &field) const
 {
-    QWidget *control = m_controls.value(field);
-    // An untouched note is kept to the letter, with the line ends that it came with.
-    if (control == m_ui->txtNotes && !m_ui->txtNotes->document()->isModified() && m_loaded.contains(field))
-        return m_loaded.value(field);
-    return control == nullptr ? QString() : controlText(*control);
+    return m_controls->text(field);
 }
 
 void NameEdit::setText(const QString &field, const QString &text)
 {
-    if (QWidget *control = m_controls.value(field))
-        setControlText(*control, text);
-    if (field == u"Notes"_s)
-        m_ui->txtNotes->document()->setModified();
-    setRecordDirty(true);
+    m_controls->setText(field, text);
 }
 
 qint64 NameEdit::recordID() const
 {
-    return m_parts.state.EditMode ? m_parts.set.Data1().currentText(u"RecordID"_s).toLongLong() : 0;
+    return m_record->recordID();
 }
 
-SongTexts NameEdit::texts() const
+void NameEdit::cmdSave_Click()
 {
-    SongTexts all;
-    for (const EditedField &edited : editedFields())
-        all[edited.field] = text(edited.field);
-    return all;
+    handle([this] {
+        if (m_record->save() != SaveOutcome::Refused)
+            unload();
+    });
 }
 
 void NameEdit::reject()
@@ -277,27 +263,13 @@ bool NameEdit::Form_Unload()
         state.PictureChanged = false;
     }
     state.RecordDirty = false;
-    giveUpRename();
+    m_record->leave();
     if (!state.RecordSaved)
         return true;
-    state.PictureChanged = false;
-    m_walk.refreshForList(state.CurrentRecordID);
     m_parts.desktop.letEventsRun();
     m_assignCategory = std::exchange(state.NewRecordSaved, false) &&
                        m_parts.options.AssignCategoryOnAdd == 1 && !text(u"SongName"_s).trimmed().isEmpty();
     return true;
-}
-
-// The record is to be as it was before the save that was refused; what came of it is settled here and not
-// only at the next start, since until then the list would name a file that isn't there.
-void NameEdit::giveUpRename()
-{
-    const auto told = m_save.giveUp();
-    if (!told)
-        return;
-    m_walk.refreshForList(m_parts.set.Data1().currentText(u"RecordID"_s).toLongLong());
-    if (!told->isEmpty())
-        m_parts.desktop.MessageBox(*told, u"Renamed files"_s, Icon::Exclamation);
 }
 
 bool NameEdit::mayLoseChanges()
@@ -312,6 +284,61 @@ bool NameEdit::mayLoseChanges()
             "this picture link.\r\rLose your changes?"_s,
             u" Warning - Picture was changed"_s, Answer::No);
     return ask(u"Lose any changes?"_s, u"Confirmation"_s, {});
+}
+
+bool NameEdit::showMenu(const QWidget &control, QPoint globalPlace)
+{
+    const QString name = control.objectName();
+    if (name == u"cmdWebLookup"_s && m_parts.hooks.showWebLookupMenu) {
+        handle([&] { m_parts.hooks.showWebLookupMenu(*this, globalPlace); });
+        return true;
+    }
+    const int slot = PictureButtons::slotOf(control);
+    if (slot == 0 || !m_parts.hooks.showPictureMenu)
+        return false;
+    handle([&] { m_parts.hooks.showPictureMenu(*this, slot, globalPlace); });
+    return true;
+}
+
+void NameEdit::cmdPlay_Click()
+{
+    handle([this] {
+        const EditedSong song{text(u"PathName"_s), text(u"FileName"_s), m_parts.state.EditMode};
+        m_parts.hooks.playFromEditor(song, {[this] {
+                                                m_gate->setOpen(true);
+                                                hide();
+                                            },
+                                            m_parts.hooks.hideNameList,
+                                            [this] {
+                                                show();
+                                                m_gate->setOpen(false);
+                                            }});
+    });
+}
+
+void NameEdit::cmdCategories_Click()
+{
+    handle([this] { m_parts.hooks.ShowCategoryAssign(*this); });
+}
+
+void NameEdit::txtNotes_DblClick()
+{
+    if (!m_parts.hooks.showNotesForm)
+        return;
+    handle([this] {
+        const QString before = text(u"Notes"_s);
+        m_parts.hooks.showNotesForm(*this, before, [this, before](const QString &notes) {
+            if (notes != before)
+                setText(u"Notes"_s, notes);
+            m_ui->txtNotes->moveCursor(QTextCursor::Start);
+        });
+    });
+}
+
+void NameEdit::ImageKeyboard_Click()
+{
+    if (m_parts.options.TabletActive)
+        m_parts.desktop.ShowKeyboard();
 }
 
 void NameEdit::handle(const std::function<void()> &handler)

@@ -2,18 +2,12 @@
 #pragma once
 
 #include "desktop/ModalScreen.h"
-#include "editor/FieldChecks.h"
-#include "editor/SongSave.h"
-#include "editor/SongWalk.h"
-#include "editor/TemplateRecord.h"
-#include "player/AddToPlayListBox.h"
 #include "player/PlayCommands.h"
+
+#include <QDateTime>
 
 #include <functional>
 #include <memory>
-
-class QComboBox;
-class QLineEdit;
 
 namespace Ui {
 class NameEdit;
@@ -22,12 +16,17 @@ class NameEdit;
 namespace quaverly {
 
 class DisplayedSet;
-class LeaveGate;
+class FieldGate;
+class FileFields;
 class MainScreen;
 class NameEdit;
+class PictureButtons;
+class PlayListChoice;
 class SettingsRows;
+class ShownRecord;
+class SongControls;
 struct EditorState;
-struct Leave;
+struct Options;
 
 /** What the editor leads to. A button whose hook is empty is disabled. */
 struct NameEditHooks
@@ -44,7 +43,6 @@ struct NameEditHooks
     /** A picture of slot 1 to PictureSlots, by its button or its menu. */
     std::function<void(NameEdit &, int slot)> showPicture;
     std::function<void(NameEdit &, int slot, QPoint globalPlace)> showPictureMenu;
-    std::function<void(NameEdit &)> cmdEditTags;
     std::function<void(NameEdit &)> cmdWebLookup;
     std::function<void(NameEdit &, QPoint globalPlace)> showWebLookupMenu;
 };
@@ -83,11 +81,8 @@ public:
 
     void showModally(std::function<void()> closed);
 
-    /** Asks for a picture's file; nothing on cancel. */
-    [[nodiscard]] std::optional<QString> GetFileName();
     /** Closes the screen when it was the button that asked for it. */
     void cmdSave_Click();
-    [[nodiscard]] bool SaveAccepted() const { return m_save.SaveAccepted(); }
 
     /** Text of the control that shows a field of the song. */
     [[nodiscard]] QString text(const QString &field) const;
@@ -102,92 +97,36 @@ public:
     void reject() override;
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void Form_Load();
-    [[nodiscard]] bool Form_Unload();
-    void giveUpRename();
-    [[nodiscard]] bool mayLoseChanges();
+    void build();
     void wire();
-    void wireFields();
-    void setUpControls();
     void setUpLook();
-    void loadPlayLists();
     void enableHooks();
     void hideForList();
     void placeScreen();
-    void loadScreen();
-    void loadNewRecord();
-    void LoadFormFromData();
-    void loadExisting();
-    void loadFromTemplate();
-    void clearScreen();
-    void showMode(bool existing);
-    void showCaption();
-    void showUpdated(const QString &date);
-    void showFileButtons();
-    void showPlayListTip();
+    void Form_Load();
+    [[nodiscard]] bool Form_Unload();
+    [[nodiscard]] bool mayLoseChanges();
+    void unload();
 
-    [[nodiscard]] bool Form_KeyDown(QWidget &control, const QKeyEvent &key);
-    [[nodiscard]] bool rightButtonDown(const QWidget &control, QPoint globalPlace);
-    void doubleClick(const QWidget &control);
-    [[nodiscard]] bool enlargeNotes(const QWidget &control);
-    [[nodiscard]] bool focusLabel(const QWidget &field);
-    [[nodiscard]] bool capitalise(QLineEdit &field, const QKeyEvent &key) const;
-    [[nodiscard]] Leave field_Validate(QWidget &field);
-    [[nodiscard]] Verdict check(const QLineEdit &field) const;
-    [[nodiscard]] Leave settle(QLineEdit &field, const Verdict &verdict);
-    [[nodiscard]] EditedRow row() const;
-
-    void cmdBrowseFile_Click();
-    void cmdBrowsePath_Click();
-    void browseForFile();
-    void renameFile();
-    void cmdNext_Click();
-    void cmdPrev_Click();
-    void step(void (SongWalk::*goOn)());
-    [[nodiscard]] bool mayStep();
-    void tellNoRecords();
-    void cmdDelete_Click();
-    [[nodiscard]] bool mayDelete();
-    void cmdAddNew_Click();
-    void cmdMakeDefault_Click();
-    void cmdClearDefault_Click();
+    [[nodiscard]] bool showMenu(const QWidget &control, QPoint globalPlace);
     void cmdPlay_Click();
-    void cmdAddToPlaylist_Click();
-    void cmbHeader_Click();
     void cmdCategories_Click();
     void txtNotes_DblClick();
     void ImageKeyboard_Click();
-    void showPicture(int slot);
-
     /** Runs a handler; whatever it throws is shown under the screen's title. */
     void handle(const std::function<void()> &handler);
-    /** The same for moving about in the set, whose failures are dropped. */
-    void handleMove(const std::function<void()> &handler);
-    [[nodiscard]] SaveOutcome save();
-    /** True when the record on the screen may go: written, or nothing to write. */
-    [[nodiscard]] bool saveForMove();
-    void unload();
-    [[nodiscard]] SongTexts texts() const;
-    /** Puts a picked text in, unless it is too long: that is told. */
-    bool take(const QString &field, const QString &what, const QString &text);
 
     std::unique_ptr<Ui::NameEdit> m_ui;
     NameEditParts m_parts;
-    SongSave m_save;
-    SongWalk m_walk;
-    TemplateRecord m_template;
-    PlayListStore m_lists;
-    AddToPlayList m_addToPlayList;
-    std::unique_ptr<AddToPlayListBox> m_playLists;
-    /** By their fields. */
-    QMap<QString, QWidget *> m_controls;
-    LeaveGate *m_gate = nullptr;
-    /** The record's texts as they were loaded. */
-    SongTexts m_loaded;
+    std::unique_ptr<SongControls> m_controls;
+    std::unique_ptr<FieldGate> m_gate;
+    std::unique_ptr<FileFields> m_files;
+    std::unique_ptr<PlayListChoice> m_playLists;
+    std::unique_ptr<ShownRecord> m_record;
+    std::unique_ptr<PictureButtons> m_pictures;
     bool m_unloaded = false;
     bool m_assignCategory = false;
 };

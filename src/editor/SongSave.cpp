@@ -220,6 +220,7 @@ void SongSave::MoveFormToData(const SongTexts &texts)
     songs->Update();
     songs->setBookmark(songs->LastModified());
     state.CurrentRecordID = songs->value(u"RecordID"_s).toLongLong();
+    // The note goes with the row's own transaction: a death leaves both or neither.
     if (state.EditMode && fileOf(texts) != before)
         m_files.rowWritten(state.CurrentRecordID);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "intake/M4aAtoms.h"
 
-#include "intake/GenreTable.h"
+#include "catalogue/GenreTable.h"
 #include "intake/NewSong.h"
 #include "intake/ScanReport.h"
 #include "intake/VorbisComment.h"

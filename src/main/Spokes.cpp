@@ -128,9 +128,6 @@ NameEditHooks Spokes::nameEditHooks()
     hooks.showPictureMenu = [this](NameEdit &editor, int slot, QPoint place) {
         pictures.showPictureMenu(pictureEditor(editor), slot, place, &editor);
     };
-    hooks.cmdEditTags = [this](NameEdit &editor) {
-        m_webLookup.cmdEditTags_Click(editor.text(u"PathName"_s));
-    };
     hooks.cmdWebLookup = [this](NameEdit &editor) { m_webLookup.cmdWebLookup_Click(lookupSong(editor)); };
     hooks.showWebLookupMenu = [this](NameEdit &editor, QPoint place) { showWebLookupMenu(editor, place); };
     return hooks;

@@ -2,7 +2,6 @@
 #include "player/WebLookup.h"
 
 #include "desktop/Desktop.h"
-#include "desktop/FileHelpers.h"
 #include "player/WebSearch.h"
 
 using namespace Qt::StringLiterals;
@@ -44,20 +43,6 @@ void WebLookup::mnuWebLookupImages_Click(const LookupSong &song) const
 void WebLookup::mnuWebLookupCoverVersions_Click(const LookupSong &song) const
 {
     open(plainQuery(), u"cover+song+"_s + searchWords(song.songName));
-}
-
-void WebLookup::cmdEditTags_Click(const QString &pathName) const
-{
-    const QString folder = pathName.trimmed();
-    if (folder.isEmpty() || !FolderExists(folder))
-        return;
-    static_cast<void>(m_desktop.ShowOpenDialog(
-        {u"Music files in this song's folder"_s,
-         u"Music files "
-         u"(*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac)|*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac"
-         "|All Files (*.*)|*.*"_s,
-         folder,
-         {}}));
 }
 
 } // namespace quaverly

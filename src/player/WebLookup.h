@@ -29,12 +29,6 @@ public:
     void mnuWebLookupImages_Click(const LookupSong &song) const;
     void mnuWebLookupCoverVersions_Click(const LookupSong &song) const;
 
-    /**
-     * A file dialog over the song's folder, from which the desktop leads on to a file's tags; what is chosen
-     * in it is passed over. Nothing without that folder.
-     */
-    void cmdEditTags_Click(const QString &pathName) const;
-
 private:
     void open(const QString &query, const QString &words) const;
 

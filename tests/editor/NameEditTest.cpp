@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/EditorFields.h"
 #include "editor/EditorFixture.h"
 
 #include <QPlainTextEdit>
@@ -21,7 +22,7 @@ protected:
     qint64 arrival = 0, sos = 0, waterloo = 0;
 };
 
-TEST_F(TheEditor, ShowsARecordAndClosesWithoutAQuestion)
+TEST_F(TheEditor, ShowsARecordAndAsksBeforeChangesAreLost)
 {
     store.db().Execute(u"Update tblContacts Set Genre='Pop', Rating='****', PurchaseDate=#2020-03-04#, "
                        "MiscField2_Desc='Lent to', Notes='One' Where RecordID="_s +
@@ -35,15 +36,14 @@ TEST_F(TheEditor, ShowsARecordAndClosesWithoutAQuestion)
                 !shown(u"txtPurchaseDate"_s).contains(u'T'));
     EXPECT_EQ(shown(u"txtMiscField1_Desc"_s), u"Misc Field 1"_s);
     EXPECT_EQ(shown(u"txtMiscField2_Desc"_s), u"Lent to"_s);
+    desktop.willOpen(music(u"dropped.mp3"_s));
+    press(u"cmdEditTags"_s);
+    EXPECT_EQ(desktop.lastCall().startFolder, music());
     EXPECT_FALSE(state.RecordDirty);
     press(u"cmdSave"_s);
     EXPECT_FALSE(isOpen());
-    reopen();
     EXPECT_TRUE(store.songValue(sos, u"DateUpdated"_s).isNull());
-}
 
-TEST_F(TheEditor, AsksBeforeChangesAreLost)
-{
     edit(sos);
     enter(u"txtAlbum"_s, u"Abba"_s);
     EXPECT_EQ(form->windowTitle(), u"• View/Edit an Existing Record"_s);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/SongSave.h"
 #include "catalogue/DuplicateQueries.h"
 #include "catalogue/RenameNotes.h"
 #include "editor/EditorFixture.h"
@@ -88,29 +89,33 @@ protected:
     qint64 sos = 0, other = 0, list = 0;
 };
 
-TEST_F(TheSave, RenamesTheFileAndItsTracksOnly)
-{
-    rename(music(), u"S.O.S. \"live\".mp3"_s.remove(u'"'));
-    reopen();
-    EXPECT_EQ(files(), QStringList({u"Other.mp3"_s, u"S.O.S. live.mp3"_s}));
-    EXPECT_EQ(bytesOf(row()), "SOS");
-    EXPECT_EQ(tracks(),
-              QStringList({music(u"S.O.S. live.mp3"_s), music(u"sos.mp3"_s), music(u"Other.mp3"_s)}));
-    EXPECT_EQ(notes(), 0);
-}
-
-TEST_F(TheSave, MovesTheFileFromAFolderWhoseNameHoldsQuotes)
+TEST_F(TheSave, RenamesAndMovesTheFileAndItsTracksOnly)
 {
     const QString folder = music(u"it's \"12\\inch\"/"_s);
     QDir().mkpath(folder);
-    rename(folder, u"SOS.mp3"_s);
-    EXPECT_EQ(bytesOf(row()), "SOS");
-    rename(music(u"new"_s), u"back.mp3"_s);
+    const std::pair<QString, QString> places[] = {
+        {music(), u"S.O.S. live.mp3"_s}, {folder, u"S.O.S. live.mp3"_s}, {music(u"new/"_s), u"back.mp3"_s}};
+    for (const auto &[path, name] : places) {
+        rename(path, name);
+        EXPECT_EQ(row(), path + name);
+        EXPECT_EQ(bytesOf(row()), "SOS");
+        EXPECT_EQ(tracks(), QStringList({row(), music(u"sos.mp3"_s), music(u"Other.mp3"_s)}));
+        EXPECT_EQ(notes(), 0);
+    }
+    edit(sos);
+    desktop.willType(u"Save Our Souls"_s).willPassWarning(true);
+    press(u"cmdBrowseFile"_s);
+    EXPECT_EQ(desktop.lastCall().offered, u"SOS"_s);
+    EXPECT_EQ(shown(u"txtFileName"_s), u"Save Our Souls.mp3"_s);
+    press(Qt::Key_Tab);
+    desktop.willBrowse(music()).willPassWarning(true);
+    press(u"cmdBrowsePath"_s);
+    EXPECT_EQ(MusicFolder, music(u"new/"_s));
+    press(u"cmdSave"_s);
     reopen();
-    EXPECT_EQ(row(), music(u"new/back.mp3"_s));
+    EXPECT_EQ(row(), music(u"Save Our Souls.mp3"_s));
     EXPECT_EQ(bytesOf(row()), "SOS");
-    EXPECT_EQ(tracks().first(), row());
-    EXPECT_EQ(files(), QStringList(u"Other.mp3"_s));
+    EXPECT_EQ(files(), QStringList({u"Other.mp3"_s, u"Save Our Souls.mp3"_s}));
 }
 
 TEST_F(TheSave, KeepsTheFileWhenTheOtherFileSystemIsFull)
@@ -433,23 +438,6 @@ TEST_F(TheSave, SavesNothingFromADuplicateView)
     press(u"cmdCancel"_s);
     reopen();
     EXPECT_EQ(store.valueOf(u"Select Count(*) From tblContacts Where AlbumName > ''"_s), 0);
-}
-
-TEST_F(TheSave, RenamesToWhatThePromptSays)
-{
-    edit(sos);
-    desktop.willType(u"Save Our Souls"_s).willPassWarning(true);
-    press(u"cmdBrowseFile"_s);
-    EXPECT_EQ(desktop.lastCall().offered, u"SOS"_s);
-    EXPECT_EQ(shown(u"txtFileName"_s), u"Save Our Souls.mp3"_s);
-    press(Qt::Key_Tab);
-    desktop.willBrowse(music(u"new/"_s)).willPassWarning(true);
-    press(u"cmdBrowsePath"_s);
-    EXPECT_EQ(MusicFolder, music());
-    press(u"cmdSave"_s);
-    reopen();
-    EXPECT_EQ(bytesOf(music(u"new/Save Our Souls.mp3"_s)), "SOS");
-    EXPECT_EQ(row(), music(u"new/Save Our Souls.mp3"_s));
 }
 
 } // namespace

@@ -38,11 +38,6 @@ TEST(WebLookup, SendsTheSongsNames)
     for (qsizetype i = 0; i < queries.size(); ++i)
         EXPECT_EQ(desktop.urls().at(i).toString(QUrl::FullyEncoded),
                   u"https://search.example/search?"_s + queries.at(i));
-    lookup.cmdEditTags_Click({});
-    lookup.cmdEditTags_Click(folder.filePath(u"none/"_s));
-    desktop.willOpen(u"/dropped.mp3"_s);
-    lookup.cmdEditTags_Click(folder.path());
-    EXPECT_EQ(desktop.lastCall().startFolder, folder.path());
 }
 
 } // namespace quaverly::test

@@ -134,6 +134,7 @@ void moveByCopy(const FilePath &from, const FilePath &to)
     const SourceFile source(from);
     TemporaryCopy copy(to);
     static_cast<void>(copy.fill(source, {}));
+    // The copy is whole, on the disk and named before its original goes: at each moment one of them is there.
     copy.finish(source);
     copy.compare(source);
     copy.takeName(false);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "intake/GenreTable.h"
+#include "catalogue/GenreTable.h"
 
 #include <QStringView>
 
