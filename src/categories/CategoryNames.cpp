@@ -18,6 +18,11 @@ std::optional<qint64> CategoryNames::add()
     const QString name = form ? answer.trimmed() : answer;
     if (name.isEmpty())
         return std::nullopt;
+    if (form && name.contains(u'"')) {
+        m_desktop.MessageBox(u"The name of a Category can't hold double quotes."_s, u"Not added"_s,
+                             Icon::Exclamation);
+        return std::nullopt;
+    }
     if (form && m_store.isTaken(name)) {
         m_desktop.MessageBox(u"Category with this name already exists."_s, u"Not added"_s, Icon::Exclamation);
         return std::nullopt;

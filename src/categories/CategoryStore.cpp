@@ -92,7 +92,10 @@ void CategoryStore::remove(qint64 number)
 qint64 CategoryStore::songsIn(qint64 number) const
 {
     const auto count = database().OpenRecordset(
-        numbered(u"Select count(*) as CountRecs from tblCategoryID Where CategoryNumber="_s, number),
+        numbered(
+            u"Select count(*) as CountRecs from tblCategoryID Inner Join tblContacts On tblCategoryID.ID = "
+            "tblContacts.RecordID Where CategoryNumber="_s,
+            number),
         dao::RecordsetType::Snapshot);
     return count->value(u"CountRecs"_s).toLongLong();
 }

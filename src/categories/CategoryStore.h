@@ -32,8 +32,7 @@ public:
     [[nodiscard]] QList<Category> categories() const;
     /** The first whose name begins with that letter, in any case. */
     [[nodiscard]] std::optional<qint64> firstWith(QChar letter) const;
-    /** In any case. The name goes into the criteria as it is, so that the store may refuse one with quotes.
-     */
+    /** In any case. @p name is one without double quotes. */
     [[nodiscard]] bool isTaken(const QString &name) const;
     /** @throws 3167 unless there is such a category. */
     void requireCategory(qint64 number) const;
@@ -43,6 +42,7 @@ public:
     void rename(qint64 number, const QString &name);
     /** Its assignments with it, or nothing; the songs stay. */
     void remove(qint64 number);
+    /** Songs of the catalogue, without assignments that a deleted one left. */
     [[nodiscard]] qint64 songsIn(qint64 number) const;
 
     /** In the order of their names; one that is gone has an empty name. */

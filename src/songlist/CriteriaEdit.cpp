@@ -2,6 +2,7 @@
 #include "songlist/CriteriaEdit.h"
 
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QTextDocument>
 
 namespace quaverly {
@@ -31,6 +32,15 @@ void CriteriaEdit::keyPressEvent(QKeyEvent *event)
         Q_EMIT entered();
     else
         QPlainTextEdit::keyPressEvent(event);
+}
+
+void CriteriaEdit::insertFromMimeData(const QMimeData *source)
+{
+    const qsizetype kept = document()->characterCount() - textCursor().selectedText().size();
+    if (kept + source->text().size() > LongestCriteria)
+        Q_EMIT refusedPaste();
+    else
+        QPlainTextEdit::insertFromMimeData(source);
 }
 
 bool isPlainEnter(const QKeyEvent &key)

@@ -5,6 +5,9 @@
 
 namespace quaverly {
 
+/** Most characters of a criteria text: a layout of more would hold the screen up. */
+inline constexpr qsizetype LongestCriteria = 200'000;
+
 /** The field for a criteria text. Enter, which would break the line, says that the text is ready. */
 class CriteriaEdit final : public QPlainTextEdit
 {
@@ -20,9 +23,12 @@ public:
 
 Q_SIGNALS:
     void entered();
+    /** What was pasted or dropped would make the text too long, and was left out. */
+    void refusedPaste();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void insertFromMimeData(const QMimeData *source) override;
 };
 
 /** True for Enter on either part of the keyboard, without a second key. */

@@ -13,8 +13,11 @@
 #include "songlist/MainScreen.h"
 #include "ui_CriteriaForm.h"
 
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QListView>
+#include <QLocale>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QTextDocument>
 
@@ -28,6 +31,8 @@ namespace {
 
 constexpr QSize FirstSize(820, 640);
 constexpr int MostStars = 5;
+/** A filter that takes longer gets a wait window. */
+constexpr qint64 QuietMs = 400;
 
 /** Errors of the file or the machine, which no other text would mend. */
 bool isOfTheFile(const dao::DaoError &error)
@@ -41,9 +46,17 @@ bool isOfTheFile(const dao::DaoError &error)
 QString plainToolTip(const QString &text)
 {
     constexpr qsizetype LongestUnfolded = 72;
+    constexpr qsizetype Longest = 1000;
     if (text.size() <= LongestUnfolded && !Qt::mightBeRichText(text))
         return text;
-    return u"<p>"_s + text.toHtmlEscaped() + u"</p>"_s;
+    const QString shown = text.size() > Longest ? text.left(Longest) + u"..."_s : text;
+    return u"<p>"_s + shown.toHtmlEscaped() + u"</p>"_s;
+}
+
+QString tooLongText(const QString &what)
+{
+    return what + u" is too long.  Criteria can be up to %1 characters long."_s.arg(
+                      QLocale(QLocale::English).toString(LongestCriteria));
 }
 
 } // namespace
@@ -73,6 +86,7 @@ void CriteriaForm::wire()
     on(m_ui->cmbRating, &QComboBox::currentTextChanged, &CriteriaForm::cmbRating_Change);
     on(m_ui->txtCriteria, &QPlainTextEdit::textChanged, &CriteriaForm::txtCriteria_Change);
     on(m_ui->txtCriteria, &CriteriaEdit::entered, &CriteriaForm::cmdApplyCriteria_Click);
+    on(m_ui->txtCriteria, &CriteriaEdit::refusedPaste, &CriteriaForm::txtCriteria_RefusedPaste);
     on(m_ui->cmdAddCriteria, &QPushButton::clicked, &CriteriaForm::cmdAddCriteria_Click);
     on(m_ui->cmdCurrentAlbum, &QPushButton::clicked, &CriteriaForm::cmdCurrentAlbum_Click);
     on(m_ui->cmdRestore, &QPushButton::clicked, &CriteriaForm::cmdRestore_Click);
@@ -190,7 +204,11 @@ void CriteriaForm::listFilters_Click()
             return;
         m_ui->cmdDeleteFilter->setEnabled(true);
         m_ui->cmdRenameFilter->setEnabled(true);
-        if (const auto kept = m_filters.criteria(name)) {
+        const auto kept = m_filters.criteria(name);
+        if (kept && kept->size() > LongestCriteria) {
+            m_ui->txtCriteria->clear();
+            showState(tooLongText(u"The filter \""_s + name + u'"'));
+        } else if (kept) {
             m_ui->txtCriteria->setPlainText(*kept);
             m_ui->cmdClear->setEnabled(true);
         }
@@ -276,8 +294,11 @@ void CriteriaForm::cmdSaveFilter_Click()
             m_ui->cmdSaveFilter->setEnabled(false);
             return;
         }
-        if (const auto name = m_filters.save(criteria(), selectedFilter()))
+        if (const auto name = m_filters.save(criteria(), selectedFilter())) {
             showFilters(*name);
+            m_ui->cmdRenameFilter->setEnabled(true);
+            m_ui->cmdDeleteFilter->setEnabled(true);
+        }
     });
 }
 
@@ -316,24 +337,65 @@ void CriteriaForm::cmdExit_Click()
 
 void CriteriaForm::reject()
 {
+    if (m_applying)
+        return;
     m_set.setLastFilterCriteria(criteria());
     QDialog::reject();
 }
 
 void CriteriaForm::cmdApplyCriteria_Click()
 {
+    if (m_applying)
+        return;
+    const QScopedValueRollback applying(m_applying, true);
     handle([this] {
         try {
-            if (m_set.filterApplied(criteria()))
-                accept();
-            else
-                m_ui->txtCriteria->setFocus();
+            apply();
         } catch (const dao::DaoError &error) {
             if (isOfTheFile(error))
                 throw;
             tellInvalid();
         }
     });
+}
+
+void CriteriaForm::apply()
+{
+    std::optional<dao::ReadRows> songs;
+    if (!criteria().isEmpty()) {
+        songs = readSongs();
+        if (!songs) {
+            m_ui->txtCriteria->setFocus();
+            return;
+        }
+    }
+    if (m_set.filterApplied(criteria(), songs ? &*songs : nullptr))
+        accept();
+    else
+        m_ui->txtCriteria->setFocus();
+}
+
+std::optional<dao::ReadRows> CriteriaForm::readSongs()
+{
+    const Hourglass hourglass(m_desktop);
+    std::unique_ptr<WorkingWindow> wait;
+    QElapsedTimer since;
+    since.start();
+    return m_probe->read(criteria(), [&] {
+        if (!wait && since.elapsed() > QuietMs) {
+            wait = m_desktop.ShowWorkingForm(u"Looking for the Songs"_s, u"Please wait..."_s, false);
+            wait->offerCancel();
+        }
+        if (wait)
+            m_desktop.letEventsRun();
+        return !wait || !wait->isClosed();
+    });
+}
+
+void CriteriaForm::txtCriteria_RefusedPaste()
+{
+    m_desktop.MessageBox(tooLongText(u"The text that would be put in"_s), u"Criteria too long"_s,
+                         Icon::Exclamation);
 }
 
 void CriteriaForm::tellInvalid()

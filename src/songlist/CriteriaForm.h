@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/store/ReadProbe.h"
 #include "songlist/SavedFilters.h"
 
 #include <QDialog>
@@ -56,6 +57,7 @@ private:
     void cmbGenre_Change(const QString &text);
     void cmbRating_Change(const QString &text);
     void txtCriteria_Change();
+    void txtCriteria_RefusedPaste();
     void cmdAddCriteria_Click();
     void cmdCurrentAlbum_Click();
     void cmdRestore_Click();
@@ -77,6 +79,9 @@ private:
     void enableChoice(const QString &text);
     void clearChoices();
     void tellInvalid();
+    void apply();
+    /** The songs that the criteria show; nothing when the user didn't wait for them. @throws dao::DaoError */
+    [[nodiscard]] std::optional<dao::ReadRows> readSongs();
     [[nodiscard]] QString criteria() const;
     [[nodiscard]] QString selectedFilter() const;
 
@@ -89,6 +94,7 @@ private:
     CriteriaProbe *m_probe;
     bool m_tabletActive = false;
     bool m_firstActivation = true;
+    bool m_applying = false;
 };
 
 } // namespace quaverly

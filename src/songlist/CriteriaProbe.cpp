@@ -6,7 +6,7 @@
 #include "songlist/CriteriaText.h"
 #include "songlist/ListTexts.h"
 
-#include <optional>
+#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +15,7 @@ namespace quaverly {
 namespace {
 
 constexpr std::chrono::milliseconds Pause(300);
+constexpr std::chrono::milliseconds BetweenLooks(50);
 
 /** Neither of the two when the count was ended. */
 struct Verdict
@@ -38,9 +39,26 @@ QString faultIn(const QString &criteria, const dao::DaoError &error)
                                               : u"Syntax error in the criteria."_s;
 }
 
+/** One that can't be read is left to the store, which has the whole statement to judge by. */
+void requireComparisons(const QString &criteria)
+{
+    const QString condition = conditionOf(criteria);
+    try {
+        dao::ReadProbe::checkSyntax(condition);
+    } catch (const dao::DaoError &) {
+        return;
+    }
+    dao::ReadProbe::checkComparisons(condition);
+}
+
 Verdict judge(dao::ReadProbe &store, const QString &statement, const QString &criteria,
               const std::stop_token &stop)
 {
+    try {
+        requireComparisons(criteria);
+    } catch (const dao::DaoError &error) {
+        return {std::nullopt, error.description};
+    }
     try {
         return {store.count(statement, stop), {}};
     } catch (const dao::DaoError &error) {
@@ -77,11 +95,40 @@ void CriteriaProbe::setCriteria(const QString &criteria)
         m_pause.stop();
 }
 
+std::shared_ptr<dao::ReadProbe> CriteriaProbe::store()
+{
+    if (!m_store && m_catalogue.CatalogueDb)
+        m_store = m_catalogue.CatalogueDb->probe();
+    return m_store;
+}
+
+std::optional<dao::ReadRows> CriteriaProbe::read(const QString &criteria, const std::function<bool()> &goesOn)
+{
+    setCriteria({});
+    if (!store())
+        return std::nullopt;
+    ListTexts texts = m_texts;
+    m_stop = std::stop_source();
+    const auto reading = std::make_shared<std::packaged_task<std::optional<dao::ReadRows>()>>(
+        [store = m_store, statement = composeFilter(texts, criteria), criteria, stop = m_stop.get_token()] {
+            requireComparisons(criteria);
+            return store->rows(statement, stop);
+        });
+    auto rows = reading->get_future();
+    m_thread.start([reading] { (*reading)(); });
+    while (rows.wait_for(BetweenLooks) != std::future_status::ready) {
+        if (goesOn())
+            continue;
+        m_stop.request_stop();
+        return std::nullopt;
+    }
+    return rows.get();
+}
+
 void CriteriaProbe::pause_Timeout()
 {
     try {
-        if (!m_store && m_catalogue.CatalogueDb)
-            m_store = m_catalogue.CatalogueDb->probe();
+        static_cast<void>(store());
     } catch (const dao::DaoError &error) {
         Q_EMIT refused(error.description);
     }

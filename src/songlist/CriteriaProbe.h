@@ -5,12 +5,15 @@
 #include <QThreadPool>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <stop_token>
 
 namespace dao {
 class ReadProbe;
-}
+class ReadRows;
+} // namespace dao
 
 namespace quaverly {
 
@@ -33,6 +36,13 @@ public:
 
     /** A blank text is not counted. */
     void setCriteria(const QString &criteria);
+    /**
+     * The rows that the criteria would show, read on the same thread; a count is ended first. Asks @p goesOn
+     * while that takes its time, some twenty times a second: nothing once it says no.
+     * @throws dao::DaoError as opening the list would.
+     */
+    [[nodiscard]] std::optional<dao::ReadRows> read(const QString &criteria,
+                                                    const std::function<bool()> &goesOn);
 
 Q_SIGNALS:
     /** The songs that the text set last would show. */
@@ -42,6 +52,8 @@ Q_SIGNALS:
 
 private:
     void pause_Timeout();
+    /** Null while no catalogue is open. */
+    [[nodiscard]] std::shared_ptr<dao::ReadProbe> store();
 
     Catalogue &m_catalogue;
     const ListTexts &m_texts;

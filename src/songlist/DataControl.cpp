@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "songlist/DataControl.h"
 
+#include "platform/store/ReadProbe.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -40,7 +41,7 @@ void DataControl::finishTyping()
         listener->finishTyping();
 }
 
-void DataControl::Refresh()
+void DataControl::Refresh(dao::ReadRows *read)
 {
     try {
         finishTyping();
@@ -57,7 +58,9 @@ void DataControl::Refresh()
         return;
     }
     try {
-        m_recordset = m_catalogue.CatalogueDb->OpenRecordset(m_recordSource, dao::RecordsetType::Dynaset);
+        dao::Database &database = *m_catalogue.CatalogueDb;
+        m_recordset = read != nullptr ? database.OpenRecordset(m_recordSource, std::move(*read))
+                                      : database.OpenRecordset(m_recordSource, dao::RecordsetType::Dynaset);
     } catch (...) {
         m_recordSource = m_openedSource;
         throw;

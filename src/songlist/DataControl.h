@@ -40,9 +40,10 @@ public:
     void finishTyping();
     /**
      * Opens RecordSource anew, behind finishTyping(); the first row becomes the current one. When the store
-     * refuses it, the rows shown so far stay and RecordSource is their text again. @throws dao::DaoError.
+     * refuses it, the rows shown so far stay and RecordSource is their text again. @p read is what a probe
+     * read of it just now; it is used up. @throws dao::DaoError.
      */
-    void Refresh();
+    void Refresh(dao::ReadRows *read = nullptr);
     /** Takes the statement without opening it until somebody asks for its rows: a list that another one
      * follows at once costs nothing. Only for one that shows every song. */
     void openWhenAsked(const QString &sql);

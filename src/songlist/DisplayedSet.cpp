@@ -44,10 +44,10 @@ void DisplayedSet::compose(const std::function<void()> &composition)
     }
 }
 
-void DisplayedSet::open(const QString &source)
+void DisplayedSet::open(const QString &source, dao::ReadRows *read)
 {
     m_data.setRecordSource(source);
-    m_data.Refresh();
+    m_data.Refresh(read);
 }
 
 void DisplayedSet::restoreSource(const QString &source, std::optional<dao::Bookmark> row)
@@ -194,7 +194,7 @@ void DisplayedSet::categoryCleared()
     m_screen->set_lblFilterMsg({});
 }
 
-bool DisplayedSet::filterApplied(const QString &criteria)
+bool DisplayedSet::filterApplied(const QString &criteria, dao::ReadRows *read)
 {
     if (criteria.isEmpty()) {
         m_texts.ListFilterText.clear();
@@ -203,7 +203,7 @@ bool DisplayedSet::filterApplied(const QString &criteria)
     const auto row = currentRow();
     {
         const Hourglass hourglass(m_desktop);
-        compose([&] { open(composeFilter(m_texts, criteria)); });
+        compose([&] { open(composeFilter(m_texts, criteria), read); });
         m_texts.ListFilterText.clear();
     }
     if (!m_data.hasRows()) {

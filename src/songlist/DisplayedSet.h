@@ -58,9 +58,9 @@ public:
     void setLastFilterCriteria(const QString &criteria) { m_lastFilterCriteria = criteria; }
     /**
      * Limits the list by criteria in the store's SQL. False when they are empty, or find nothing: that
-     * is told, and the list before the filter comes back.
+     * is told, and the list before the filter comes back. @p read is what a probe read of them just now.
      */
-    bool filterApplied(const QString &criteria);
+    bool filterApplied(const QString &criteria, dao::ReadRows *read = nullptr);
 
     /** Find Any Text over all fields of all songs. An empty result is told and stays. */
     void find(const QString &answer);
@@ -109,7 +109,7 @@ private:
 
     /** Runs a composition; when it throws, the texts are those of before. */
     void compose(const std::function<void()> &composition);
-    void open(const QString &source);
+    void open(const QString &source, dao::ReadRows *read = nullptr);
     void restoreSource(const QString &source, std::optional<dao::Bookmark> row);
     [[nodiscard]] std::optional<dao::Bookmark> currentRow();
     void hideFilterMessage();

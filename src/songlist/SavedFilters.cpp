@@ -87,7 +87,16 @@ std::optional<QString> SavedFilters::rename(const QString &name)
     }
     const QString newName = askName(
         u"Enter a new name for this Filter, then press the OK button to save it."_s, {}, LongestRenamed);
-    if (!isGreaterThanBlank(newName) || !m_settings.rename(kind(), name, newName))
+    if (!isGreaterThanBlank(newName))
+        return std::nullopt;
+    // Another one's, that is: the same name in other letters may be given.
+    if (const auto other = m_settings.find(kind(), newName);
+        other && other->Name.compare(name, Qt::CaseInsensitive) != 0) {
+        m_desktop.MessageBox(u"There is another Filter of this name."_s, u"Filter not renamed"_s,
+                             Icon::Exclamation);
+        return std::nullopt;
+    }
+    if (!m_settings.rename(kind(), name, newName))
         return std::nullopt;
     return newName;
 }

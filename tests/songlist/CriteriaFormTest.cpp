@@ -4,9 +4,11 @@
 #include "SongListFixture.h"
 #include "catalogue/Options.h"
 #include "platform/store/ReadProbe.h"
+#include "songlist/CriteriaEdit.h"
 #include "support/UserActs.h"
 
 #include <QAbstractItemView>
+#include <QClipboard>
 #include <QDir>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -189,8 +191,9 @@ TEST_F(TheFilterScreen, AppliesWithinTheCategoryAndClosesForGood)
 TEST_F(TheFilterScreen, StaysOpenWhenTheTextFindsNothingOrIsWrong)
 {
     const S source = data().RecordSource();
-    for (const auto &wrong : {u"Artist = = 1"_s, u"Loudness > 3"_s, u"Artist like \"[\" or (("_s, u" "_s,
-                              u"Artist = \"a"_s, u"100%"_s, u"a\0b"_s, u"SongName) ; Drop table x"_s}) {
+    for (const auto &wrong :
+         {u"Artist = = 1"_s, u"Not Genre"_s, u"Loudness > 3"_s, u"Artist like \"[\" or (("_s, u" "_s,
+          u"Artist = \"a"_s, u"100%"_s, u"a\0b"_s, u"SongName) ; Drop table x"_s}) {
         desktop.willSee(u"The criteria you specified are invalid.  Try again."_s);
         apply(wrong);
     }
@@ -220,6 +223,7 @@ TEST_F(TheFilterScreen, KeepsFiltersUnderAnyName)
                                      {u"No\0ne"_s, u"None"_s},
                                      {S(100, u'q') + u"''"_s, S(100, u'q')}};
     for (const auto &[typed, name] : names) {
+        EXPECT_EQ(isOn(u"cmdDeleteFilter"_s), kept().size() > 1);
         desktop.willType(typed);
         if (typed.size() > 100)
             desktop.willSee(u"has been truncated to the maximum length of 100 characters."_s);
@@ -251,6 +255,16 @@ TEST_F(TheFilterScreen, ReplacesAndRenamesFilters)
     EXPECT_EQ(kept(), QStringList(S(50, u'r') + u"|Year > \"1\""_s));
     desktop.willType({});
     click(*form, u"cmdRenameFilter"_s);
+    addFilter(u"Other"_s, u"x"_s);
+    desktop.willType(u"OTHER"_s).willSee(u"There is another Filter of this name."_s);
+    click(*form, u"cmdRenameFilter"_s);
+    desktop.willType(S(50, u'R'));
+    click(*form, u"cmdRenameFilter"_s);
+    EXPECT_TRUE(kept().contains(S(50, u'R') + u"|Year > \"1\""_s)) << "its own name in other letters";
+    desktop.willType(S(50, u'r'));
+    click(*form, u"cmdRenameFilter"_s);
+    store.db().Execute(u"Delete * from tblSettings Where Name='Other'"_s);
+    open();
     EXPECT_EQ(listed(u"listFilters"_s), QStringList(S(50, u'r')));
 }
 
@@ -276,6 +290,17 @@ TEST_F(TheFilterScreen, SurvivesDamagedFiltersAndFailedSaves)
     addFilter({}, u"nameless"_s);
     addFilter(u""_s, {});
     addFilter(u"empty"_s, {});
+    addFilter(u"huge"_s, S(2'000'000, u'x'));
+    open();
+    clickItem(u"listFilters"_s, u"Abba's"_s);
+    clickItem(u"listFilters"_s, u"huge"_s);
+    EXPECT_EQ(criteria(), S());
+    EXPECT_EQ(state(), u"The filter \"huge\" is too long.  Criteria can be up to 200,000 characters long."_s);
+    write(u"x"_s);
+    QGuiApplication::clipboard()->setText(S(LongestCriteria, u'y'));
+    desktop.willSee(u"would be put in is too long."_s);
+    text().paste();
+    store.db().Execute(u"Delete * from tblSettings Where Name='huge'"_s);
     open();
     EXPECT_EQ(listed(u"listFilters"_s), QStringList({u"Abba's"_s, u"empty"_s}));
     write(u"x"_s);
@@ -305,6 +330,8 @@ TEST_F(TheFilterScreen, SaysHowManySongsWouldBeShown)
         {u"Artist = \"a"_s, u"Syntax error in string in query expression at character 10, near '\"a'."_s},
         {u"Loudness > 3"_s, u"There is no field named 'Loudness'."_s},
         {u"Artist > \"a\" order by"_s, u"Syntax error in the order of the criteria."_s},
+        {u"ID "_s, u"(missing comparison) in query expression at character 1, behind 'ID'."_s},
+        {u"Year > \"1\" And (Genre)"_s, u"behind 'Genre'."_s},
         {u"Artist > \"a\";"_s, u"Syntax error in the criteria."_s},
     };
     for (const auto &[typed, said] : texts) {
@@ -328,6 +355,17 @@ TEST_F(TheFilterScreen, NeverWaitsForACount)
     ASSERT_TRUE(QTest::qWaitFor([&] { return thread->activeThreadCount() == 1; }));
     write(u"Artist = \"Abba\""_s);
     EXPECT_TRUE(stateBecomes(u"2 songs would be shown."_s));
+    // Applied, it is waited for in a window that the user can close.
+    const S source = data().RecordSource();
+    desktop.atEvents(desktop.eventsRun() + 3, [this] {
+        EXPECT_TRUE(desktop.isHourglassOn());
+        form->reject();
+        click(*form, u"cmdApplyCriteria"_s);
+        desktop.closeWorkingForm();
+    });
+    apply(endless());
+    EXPECT_TRUE(form->isVisible() && text().hasFocus());
+    EXPECT_EQ(data().RecordSource(), source);
     text().setPlainText(endless());
     ASSERT_TRUE(QTest::qWaitFor([&] { return thread->activeThreadCount() == 1; }));
     form.reset();
