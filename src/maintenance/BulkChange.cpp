@@ -4,11 +4,11 @@
 #include "catalogue/Catalogue.h"
 #include "desktop/Desktop.h"
 #include "maintenance/ScreenAtRest.h"
-#include "maintenance/TextReplacement.h"
 #include "platform/store/RowKeys.h"
 #include "songlist/DisplayedSet.h"
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +18,32 @@ namespace {
 
 /** Songs deleted between two looks at the wait window: about a fifth of a second. */
 constexpr qsizetype Portion = 3000;
+
+/** The store empties a table at once, but takes single rows out of each of its indexes. */
+bool areAllSongs(dao::Recordset &songs, dao::Database &database)
+{
+    const dao::RowKeys keys(database, songs);
+    // A snapshot would be read through a connection that doesn't know the keys.
+    const auto others = database.OpenRecordset(
+        u"Select Top 1 RecordID From tblContacts Where RecordID Not In (Select RowKey From tmpRowKeys)"_s,
+        dao::RecordsetType::Dynaset);
+    return others->isEmpty();
+}
+
+bool deleteByKey(dao::Recordset &songs, dao::Database &database, const dao::GoesOn &goesOn)
+{
+    const dao::RowKeys keys(database, songs);
+    qint64 done = 0;
+    for (const auto &[low, high] : keys.portions(Portion)) {
+        database.Execute(u"Delete * From tblContacts Where RecordID In (Select RowKey From tmpRowKeys Where "
+                         "RowKey Between %1 And %2)"_s.arg(low)
+                             .arg(high));
+        done += Portion;
+        if (!goesOn(std::min<qint64>(done, keys.count()), keys.count()))
+            return false;
+    }
+    return true;
+}
 
 } // namespace
 
@@ -53,14 +79,16 @@ BulkChange::End BulkChange::begin(const Work &work)
 
 bool BulkChange::change(const Work &work, WorkingWindow &wait)
 {
-    dao::Transaction transaction(m_parts.catalogue.CatalogueDb->workspace());
+    std::optional<dao::Transaction> transaction;
+    if (!work.isOneStatement)
+        transaction.emplace(m_parts.catalogue.CatalogueDb->workspace());
     const bool isDone = work.change([&](qint64 done, qint64 all) {
         wait.setBar(static_cast<int>(done * FullBarTwips / std::max<qint64>(all, 1)));
         m_parts.desktop.letEventsRun();
         return !wait.isClosed();
     });
-    if (isDone)
-        transaction.commit();
+    if (isDone && transaction)
+        transaction->commit();
     return isDone;
 }
 
@@ -80,26 +108,16 @@ QString waysBack()
     return u"To bring the songs back, choose Restore From Backup in the File menu."_s;
 }
 
-bool deleteSongs(dao::Database &database, dao::Recordset &songs, const dao::GoesOn &goesOn)
+BulkChange::Work deletionOf(dao::Recordset &songs, dao::Database &database)
 {
-    const dao::RowKeys keys(database, songs);
-    const QString chosen = u" From tblContacts Where RecordID In (Select RowKey From tmpRowKeys)"_s;
-    const qint64 there = numRecs(database, u"Select count(*) as NumRecs"_s + chosen);
-    // The store empties a table at once, but takes single rows out of each of its indexes.
-    if (there == numRecs(database, u"Select count(*) as NumRecs From tblContacts"_s)) {
-        database.Execute(u"Delete * From tblContacts"_s);
-        return true;
-    }
-    qint64 done = 0;
-    for (const auto &[low, high] : keys.portions(Portion)) {
-        database.Execute(u"Delete * From tblContacts Where RecordID In (Select RowKey From tmpRowKeys Where "
-                         "RowKey Between %1 And %2)"_s.arg(low)
-                             .arg(high));
-        done += Portion;
-        if (!goesOn(std::min<qint64>(done, keys.count()), keys.count()))
-            return false;
-    }
-    return true;
+    if (areAllSongs(songs, database))
+        return {.change =
+                    [&database](const dao::GoesOn & /*goesOn*/) {
+                        database.Execute(u"Delete * From tblContacts"_s);
+                        return true;
+                    },
+                .isOneStatement = true};
+    return {.change = [&](const dao::GoesOn &goesOn) { return deleteByKey(songs, database, goesOn); }};
 }
 
 } // namespace quaverly

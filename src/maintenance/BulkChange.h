@@ -23,13 +23,15 @@ public:
     struct Work
     {
         /** Caption of the wait window. */
-        QString caption;
+        QString caption{};
         /** As it stands in the menu: so the copy is named that is kept before it. */
-        QString command;
+        QString command{};
         /** Asks the function that it is given often; false once that said so. */
         std::function<bool(const dao::GoesOn &)> change;
+        /** For a change that is one statement, which needs no transaction to be whole. */
+        bool isOneStatement = false;
         /** Brings the screen up to date, while the window still stands. */
-        std::function<void()> showResult;
+        std::function<void()> showResult{};
         /** False when every row will stay as it is: no copy is kept then. */
         bool changesRows = true;
     };
@@ -53,9 +55,9 @@ private:
 [[nodiscard]] QString waysBack();
 
 /**
- * Takes the songs of these rows out of the catalogue, whatever their statement would find by now. False when
- * @p goesOn gave it up, with some of them gone. @throws dao::DaoError.
+ * What takes the songs of these rows out of the catalogue, whatever their statement would find by now. Both
+ * outlive it. @throws dao::DaoError.
  */
-[[nodiscard]] bool deleteSongs(dao::Database &database, dao::Recordset &songs, const dao::GoesOn &goesOn);
+[[nodiscard]] BulkChange::Work deletionOf(dao::Recordset &songs, dao::Database &database);
 
 } // namespace quaverly

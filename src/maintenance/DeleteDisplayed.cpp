@@ -57,16 +57,11 @@ void DeleteDisplayed::run()
     if (records == 0 || !isConfirmed(records))
         return;
     const QString recordSource = list.RecordSource();
-    const bool done = BulkChange(m_parts).run({
-        .caption = u"Deleting Displayed Records"_s,
-        .command = u"Delete All Displayed Records"_s,
-        .change =
-            [&](const dao::GoesOn &goesOn) {
-                return deleteSongs(*m_parts.catalogue.CatalogueDb, list.Recordset(), goesOn);
-            },
-        .showResult = [&] { showWhatIsLeft(recordSource); },
-    });
-    if (done)
+    BulkChange::Work work = deletionOf(list.Recordset(), *m_parts.catalogue.CatalogueDb);
+    work.caption = u"Deleting Displayed Records"_s;
+    work.command = u"Delete All Displayed Records"_s;
+    work.showResult = [&] { showWhatIsLeft(recordSource); };
+    if (BulkChange(m_parts).run(work))
         m_parts.desktop.MessageBox(u"Records Deleted.\n\n"_s + waysBack(), u"Delete Records"_s);
 }
 

@@ -135,15 +135,11 @@ void DuplicateCommands::deleteBy(const Rule &rule)
 
 bool DuplicateCommands::deleteShown(const Rule &rule)
 {
-    return BulkChange(m_parts).run({
-        .caption = u"Deleting Duplicate Records"_s,
-        .command = QString::fromUtf16(rule.command),
-        .change =
-            [this](const dao::GoesOn &goesOn) {
-                return deleteSongs(*m_parts.catalogue.CatalogueDb, m_parts.set.Data1().Recordset(), goesOn);
-            },
-        .showResult = [this] { m_parts.mainScreen.ShowAllMenu_Click(); },
-    });
+    BulkChange::Work work = deletionOf(m_parts.set.Data1().Recordset(), *m_parts.catalogue.CatalogueDb);
+    work.caption = u"Deleting Duplicate Records"_s;
+    work.command = QString::fromUtf16(rule.command);
+    work.showResult = [this] { m_parts.mainScreen.ShowAllMenu_Click(); };
+    return BulkChange(m_parts).run(work);
 }
 
 bool DuplicateCommands::confirmed(const Rule &rule, qint64 songs)
