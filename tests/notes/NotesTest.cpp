@@ -283,6 +283,10 @@ TEST_F(TheNotes, ThatCantBePutBackAreOfferedAsTheyWere)
     open();
     EXPECT_TRUE(QTest::qWaitFor([this] { return draftCount() == 0; }));
     EXPECT_TRUE(text().toPlainText().contains(u"never"_s));
+    choose(u"Bands"_s);
+    const FullDisk full(2000);
+    click(*form, u"cmdExit"_s);
+    EXPECT_FALSE(form->isVisible()) << "the place of the next time is no reason to stay";
 }
 
 TEST_F(TheNotes, SurviveTheirRowBeingDeletedElsewhere)
