@@ -110,17 +110,22 @@ bool DatabaseImpl::cloneTo(const QString &target)
     // Tried at once: only where blocks can be shared is it worth bringing the log home.
     if (!m_file.writable || !m_cloneSource.cloneTo(target))
         return false;
-    const QVariant before = m_connection->scalar("PRAGMA data_version");
     m_walks.finish();
-    Statement home = m_connection->prepare("PRAGMA wal_checkpoint(PASSIVE)");
-    const bool complete = home.step() && home.integer(1) == home.integer(2);
-    home.reset();
-    // Nobody may write while the file is cloned, nor have written since.
-    m_connection->execute("BEGIN IMMEDIATE");
-    const bool cloned =
-        complete && m_connection->scalar("PRAGMA data_version") == before && m_cloneSource.cloneTo(target);
-    m_connection->execute("ROLLBACK");
-    return cloned;
+    try {
+        const QVariant before = m_connection->scalar("PRAGMA data_version");
+        Statement home = m_connection->prepare("PRAGMA wal_checkpoint(PASSIVE)");
+        const bool complete = home.step() && home.integer(1) == home.integer(2);
+        home.reset();
+        // Nobody may write while the file is cloned, nor have written since.
+        const WriteTransaction alone(*m_connection);
+        if (complete && m_connection->scalar("PRAGMA data_version") == before &&
+            m_cloneSource.cloneTo(target))
+            return true;
+    } catch (const DaoError &) {
+        // Another program writes: page by page it can be copied all the same.
+    }
+    QFile::remove(target);
+    return false;
 }
 
 bool Database::backupTo(const QString &path, const GoesOn &progress)

@@ -183,7 +183,7 @@ void Database::Execute(const QString &sql)
         m_impl->connection().execute(statement);
         m_recordsAffected = m_impl->connection().changes();
     });
-    m_impl->everythingTouched();
+    m_impl->stamps().everythingTouched();
 }
 
 qint64 Database::RecordsAffected() const

@@ -18,10 +18,6 @@ namespace dao {
 
 namespace {
 
-/** A bulk load puts its rows on the disk at least so often. */
-constexpr int CommitMilliseconds = 500;
-constexpr qint64 CommitRows = 1000;
-
 const QString MetaCollation = u"collation"_s;
 const QString MetaPassword = u"password"_s;
 
@@ -106,7 +102,7 @@ QString indexNameOf(const QString &statement)
 
 void createTables(Connection &connection, const Schema &schema, bool withIndexes)
 {
-    connection.execute("BEGIN");
+    WriteTransaction transaction(connection);
     connection.execute(
         "CREATE TABLE sysMeta (Name TEXT PRIMARY KEY, Value TEXT) WITHOUT ROWID;"
         "CREATE TABLE sysQueries (Name TEXT PRIMARY KEY COLLATE NOCASE, SQL TEXT) WITHOUT ROWID;");
@@ -119,7 +115,7 @@ void createTables(Connection &connection, const Schema &schema, bool withIndexes
         if (withIndexes)
             connection.execute(index.toUtf8());
     }
-    connection.execute("COMMIT");
+    transaction.commit();
 }
 
 DatabaseImpl::DatabaseImpl(const QString &path, const Schema &schema, Workspace &workspace,
@@ -179,16 +175,10 @@ void DatabaseImpl::migrate()
 {
     const int present = m_connection->scalar("PRAGMA user_version").toInt();
     for (int version = present + 1; version <= m_schema.version(); ++version) {
-        m_connection->execute("BEGIN IMMEDIATE");
-        try {
-            m_connection->execute(m_schema.migrations[version - 1].toUtf8());
-            m_connection->execute("PRAGMA user_version = " + QByteArray::number(version));
-            m_connection->execute("COMMIT");
-        } catch (...) {
-            if (m_connection->inTransaction())
-                m_connection->execute("ROLLBACK");
-            throw;
-        }
+        WriteTransaction transaction(*m_connection);
+        m_connection->execute(m_schema.migrations[version - 1].toUtf8());
+        m_connection->execute("PRAGMA user_version = " + QByteArray::number(version));
+        transaction.commit();
     }
 }
 
@@ -222,10 +212,10 @@ void DatabaseImpl::refreshCollation()
 {
     if (isInPresentOrder(*m_connection))
         return;
-    m_connection->execute("BEGIN IMMEDIATE");
+    WriteTransaction transaction(*m_connection);
     m_connection->execute("REINDEX DAO");
     setMetaValue(*m_connection, MetaCollation, collationVersion());
-    m_connection->execute("COMMIT");
+    transaction.commit();
 }
 
 QByteArray DatabaseImpl::nextMissingIndex()
@@ -307,49 +297,34 @@ void DatabaseImpl::change(const std::function<void()> &run)
 {
     // A statement in the middle of its rows may or may not come upon what its own connection changes.
     m_walks.finish();
-    const bool ownTransaction = !m_connection->inTransaction();
-    if (ownTransaction) {
+    std::optional<WriteTransaction> own;
+    if (!m_connection->inTransaction()) {
         assertWritable();
-        m_connection->execute("BEGIN IMMEDIATE");
+        own.emplace(*m_connection);
     }
-    try {
-        run();
-        if (ownTransaction && !m_bulk)
-            m_connection->execute("COMMIT");
-        else if (m_workspace.depth() == 0)
-            commitWhenDue();
-    } catch (...) {
-        // A statement that fails undoes itself; a full disk may have rolled everything back already.
-        if (ownTransaction && m_connection->inTransaction())
-            m_connection->execute("ROLLBACK");
-        throw;
-    }
-}
-
-void DatabaseImpl::touched(const QString &table, const QStringList &fields)
-{
-    ++m_stamp;
-    for (const QString &field : fields)
-        m_touched.insert(table.toLower() + u'.' + field.toLower(), m_stamp);
-}
-
-bool DatabaseImpl::unchangedSince(quint64 stamp, const QString &table, const QStringList &fields) const
-{
-    return m_everything <= stamp && std::ranges::all_of(fields, [&](const QString &field) {
-               return m_touched.value(table.toLower() + u'.' + field) <= stamp;
-           });
+    // Within another's transaction a statement that fails undoes itself.
+    run();
+    if (own && !m_bulk.isOn())
+        return own->commit();
+    if (own)
+        own->leaveOpen();
+    if (m_workspace.depth() == 0)
+        commitWhenDue();
 }
 
 void DatabaseImpl::begin(int depth)
 {
     m_walks.finish();
+    std::optional<WriteTransaction> outermost;
     if (!m_connection->inTransaction()) {
         assertWritable();
-        m_connection->execute("BEGIN IMMEDIATE");
+        outermost.emplace(*m_connection);
     }
     Level &level = levelAt(depth);
     level.begin.step();
     level.begin.reset();
+    if (outermost)
+        outermost->leaveOpen();
 }
 
 DatabaseImpl::Level &DatabaseImpl::levelAt(int depth)
@@ -380,7 +355,7 @@ void DatabaseImpl::commit(int depth)
 void DatabaseImpl::rollback(int depth)
 {
     m_walks.finish();
-    everythingTouched();
+    m_stamps.everythingTouched();
     if (!m_connection->inTransaction())
         return;
     const QByteArray name = "level" + QByteArray::number(depth);
@@ -391,25 +366,20 @@ void DatabaseImpl::rollback(int depth)
 
 void DatabaseImpl::commitWhenDue()
 {
-    const bool early = m_bulk && m_sinceCommit.elapsed() < CommitMilliseconds &&
-                       m_connection->totalChanges() - m_rowsAtCommit < CommitRows;
-    if (!early)
+    if (!m_bulk.mayWait(m_connection->totalChanges()))
         commitPhysically();
 }
 
 void DatabaseImpl::commitPhysically()
 {
-    m_sinceCommit.start();
-    m_rowsAtCommit = m_connection->totalChanges();
+    m_bulk.committed(m_connection->totalChanges());
     if (!m_connection->inTransaction())
         return;
     m_walks.finish();
     try {
-        m_connection->execute("COMMIT");
+        WriteTransaction::commitPending(*m_connection);
     } catch (...) {
-        if (m_connection->inTransaction())
-            m_connection->execute("ROLLBACK");
-        everythingTouched();
+        m_stamps.everythingTouched();
         throw;
     }
 }
@@ -423,17 +393,16 @@ void DatabaseImpl::startBulk(const QString &table)
     const TableInfo *info = this->table(table);
     if (info != nullptr &&
         !m_connection->scalar("SELECT EXISTS (SELECT 1 FROM " + quotedName(info->name) + ")").toBool()) {
-        m_connection->execute("BEGIN IMMEDIATE");
+        WriteTransaction transaction(*m_connection);
         for (const QString &statement : m_schema.indexes) {
             // Unique ones stay: they are what keeps a file from coming in twice.
             if (indexNameOf(statement).startsWith(info->name + u'.') &&
                 !statement.startsWith("CREATE UNIQUE"_L1))
                 m_connection->execute("DROP INDEX IF EXISTS " + quotedName(indexNameOf(statement)));
         }
-        m_connection->execute("COMMIT");
+        transaction.commit();
     }
-    m_bulk = true;
-    m_sinceCommit.start();
+    m_bulk.start();
 }
 
 bool DatabaseImpl::bulkStep()
@@ -449,9 +418,9 @@ bool DatabaseImpl::bulkStep()
 
 void DatabaseImpl::endBulk()
 {
-    if (!m_bulk)
+    if (!m_bulk.isOn())
         return;
-    m_bulk = false;
+    m_bulk.stop();
     while (bulkStep()) {
     }
     m_connection->execute("PRAGMA synchronous = FULL; PRAGMA wal_autocheckpoint = 1000");

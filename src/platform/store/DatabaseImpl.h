@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/store/ChangeStamps.h"
 #include "platform/store/CloneSource.h"
 #include "platform/store/Dao.h"
+#include "platform/store/GatheredCommits.h"
 #include "platform/store/KeyWalk.h"
 #include "platform/store/Scope.h"
 #include "platform/store/Sqlite.h"
 
-#include <QElapsedTimer>
-#include <QHash>
-
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace dao {
@@ -62,11 +62,8 @@ public:
     /** Runs one changing statement: in the pending transaction, or in one of its own. @throws 3027, 3024. */
     void change(const std::function<void()> &run);
 
-    /** Stamps count the changes of fields, so that a recordset knows whether its order still holds. */
-    [[nodiscard]] quint64 stamp() const { return m_stamp; }
-    void touched(const QString &table, const QStringList &fields);
-    void everythingTouched() { m_everything = ++m_stamp; }
-    [[nodiscard]] bool unchangedSince(quint64 stamp, const QString &table, const QStringList &fields) const;
+    /** To be told of every change that is not made through this object. */
+    [[nodiscard]] ChangeStamps &stamps() { return m_stamps; }
 
     void begin(int depth);
     void commit(int depth);
@@ -111,12 +108,8 @@ private:
     quint64 m_inode = 0;
     LoadedNames m_names;
     std::vector<std::weak_ptr<ProbeConnection>> m_probes;
-    quint64 m_stamp = 1;
-    quint64 m_everything = 0;
-    QHash<QString, quint64> m_touched;
-    bool m_bulk = false;
-    qint64 m_rowsAtCommit = 0;
-    QElapsedTimer m_sinceCommit;
+    ChangeStamps m_stamps;
+    GatheredCommits m_bulk;
 };
 
 /** Where SQLite finds a file that nobody writes to: it is read as it stands, and nothing beside it. */

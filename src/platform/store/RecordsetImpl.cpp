@@ -257,7 +257,7 @@ void RecordsetImpl::update()
     }
     cancelUpdate();
     if (!added)
-        database.touched(rows.plan().baseTable, changed);
+        database.stamps().touched(rows.plan().baseTable, changed);
     else if (type != RecordsetType::Table)
         rows.appendKey(lastModified.key);
     if (added && place == Place::Behind && rows.count() == 1)

@@ -61,7 +61,7 @@ void RecordsetRows::forgetRows()
     m_walk.reset();
     m_set = {};
     m_cache.clear();
-    m_openedAt = m_database.stamp();
+    m_openedAt = m_database.stamps().now();
 }
 
 void RecordsetRows::load()
@@ -297,7 +297,7 @@ std::vector<qint64> RecordsetRows::findKeyed(const QString &criteria, bool first
     completeKeys();
     const bool inOrder =
         m_plan.top < 0 &&
-        (m_reader || m_database.unchangedSince(m_openedAt, m_plan.baseTable, m_plan.fieldsUsed));
+        (m_reader || m_database.stamps().unchangedSince(m_openedAt, m_plan.baseTable, m_plan.fieldsUsed));
     SelectPlan plan = m_plan;
     plan.top = -1;
     std::vector<qint64> positions;

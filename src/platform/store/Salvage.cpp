@@ -309,7 +309,7 @@ QList<RepairedTable> salvage(const QString &damaged, Connection &target, const S
     if (tablesOf(source).isEmpty())
         throw DaoError(CannotOpenFile, u"Nothing can be read of '%1'.  It was left as it is."_s.arg(damaged));
     QList<RepairedTable> tables;
-    target.execute("BEGIN");
+    WriteTransaction transaction(target);
     for (const QString &table : tablesOf(target))
         tables.append(TableCopy(source, target, table).run());
     copyOwnTables(source, target);
@@ -318,7 +318,7 @@ QList<RepairedTable> salvage(const QString &damaged, Connection &target, const S
             dropRepeatedKeys(target, index, tables);
         target.execute(index.toUtf8());
     }
-    target.execute("COMMIT");
+    transaction.commit();
     return tables;
 }
 

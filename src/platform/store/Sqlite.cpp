@@ -295,4 +295,37 @@ bool Connection::inTransaction() const
     return sqlite3_get_autocommit(m_db.get()) == 0;
 }
 
+namespace {
+
+void rollBack(Connection &connection)
+{
+    // A full disk may have done so already.
+    if (connection.inTransaction())
+        sqlite3_exec(connection.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+} // namespace
+
+WriteTransaction::~WriteTransaction()
+{
+    if (m_open)
+        rollBack(m_connection);
+}
+
+void WriteTransaction::commit()
+{
+    m_open = false;
+    commitPending(m_connection);
+}
+
+void WriteTransaction::commitPending(Connection &connection)
+{
+    try {
+        connection.execute("COMMIT");
+    } catch (...) {
+        rollBack(connection);
+        throw;
+    }
+}
+
 } // namespace dao

@@ -78,6 +78,30 @@ private:
     std::unique_ptr<sqlite3, CloseDb> m_db;
 };
 
+/** A transaction that writes, for the length of a scope: rolled back unless it was committed or left open. */
+class WriteTransaction final
+{
+public:
+    explicit WriteTransaction(Connection &connection) : m_connection(connection)
+    {
+        m_connection.execute("BEGIN IMMEDIATE");
+    }
+    ~WriteTransaction();
+    WriteTransaction(const WriteTransaction &) = delete;
+    WriteTransaction &operator=(const WriteTransaction &) = delete;
+
+    /** What can't be committed is rolled back. @throws DaoError */
+    void commit();
+    /** For one that is committed later, with others. */
+    void leaveOpen() { m_open = false; }
+    /** Commits what was left open, or rolls it back. @throws DaoError */
+    static void commitPending(Connection &connection);
+
+private:
+    Connection &m_connection;
+    bool m_open = true;
+};
+
 /** The one place where SQLite's errors become the store's. */
 [[noreturn]] void throwDaoError(sqlite3 *db, int code);
 
