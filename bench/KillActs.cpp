@@ -53,7 +53,7 @@ Program::Program(const QString &folder)
                    set.Data1().Refresh();
                },
                {}}),
-      commands(desktop, catalogue, engine, hooks())
+      commands(desktop, catalogue, engine, store, hooks())
 {
     catalogue.DatabaseFile = folder + u"QVdata.mdb"_s;
     catalogue.DatabaseFolder = folder;
@@ -297,7 +297,7 @@ void Acts::restore()
     // More copies than are kept, in less than a second, would not be in order.
     QDir(m_program.catalogue.DatabaseFolder + u"Backups"_s).removeRecursively();
     expect(u"restore"_s, {before, changed, before});
-    require(backups.beforeBulkCommand(), "the copy");
+    require(backups.beforeBulkCommand(u"Replace"_s), "the copy");
     const std::vector<Backup> copies = backups.list();
     editOne(song, changed.songs[song].code);
     m_program.commands.restoreBackup(copies.front());
