@@ -126,7 +126,13 @@ public:
     MaintenanceCommands &commands() { return m_commands; }
     [[nodiscard]] CategoryParts categoryParts()
     {
-        return {m_catalogue, m_settings, m_set, m_screen, m_desktop, m_options, [] { return true; }};
+        return {.catalogue = m_catalogue,
+                .settings = m_settings,
+                .set = m_set,
+                .mainScreen = m_screen,
+                .desktop = m_desktop,
+                .options = m_options,
+                .beforeBulk = [](const QString & /*command*/) { return true; }};
     }
 
 private:
@@ -145,7 +151,7 @@ private:
                              .desktop = m_desktop,
                              .options = m_options,
                              .busy = m_busy,
-                             .beforeBulk = [] { return true; }};
+                             .beforeBulk = [](const QString & /*command*/) { return true; }};
     MaintenanceCommands m_commands{m_parts, [] {}, [] {}};
 };
 

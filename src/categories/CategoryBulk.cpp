@@ -59,24 +59,26 @@ struct CategoryBulk::Words
 const CategoryBulk::Words &CategoryBulk::wordsOf(Direction direction)
 {
     static const Words in{
-        u"Assign Many Records to Category"_s,
-        u"All displayed Songs will be assigned to this Category, not just the "_s,
-        u" you have selected.  To assign just the selected records"_s,
-        u"Click on the OK button to assign ALL displayed Songs to this Category, or Cancel if this is not "
-        "what you want."_s,
-        u"Assignment Statistics"_s,
-        u"Number of Songs assigned to Category "_s,
-        u"Number of Songs already assigned to this Category ("_s,
+        .command = u"Assign Many Records to Category"_s,
+        .assigned = u"All displayed Songs will be assigned to this Category, not just the "_s,
+        .selected = u" you have selected.  To assign just the selected records"_s,
+        .all = u"Click on the OK button to assign ALL displayed Songs to this Category, or Cancel if this is "
+               u"not "
+               "what you want."_s,
+        .title = u"Assignment Statistics"_s,
+        .done = u"Number of Songs assigned to Category "_s,
+        .others = u"Number of Songs already assigned to this Category ("_s,
     };
     static const Words out{
-        u"Remove Many Records from Category"_s,
-        u"All displayed Songs will be removed from this Category, not just the "_s,
-        u" you have selected.  To un-assign just the selected Songs"_s,
-        u"Click on the OK button to remove ALL displayed Songs from this Category, or Cancel if this is not "
-        "what you want."_s,
-        u"Un-Assignment Statistics"_s,
-        u"Number of Songs removed from Category "_s,
-        u"Number of Songs not found assigned to this Category ("_s,
+        .command = u"Remove Many Records from Category"_s,
+        .assigned = u"All displayed Songs will be removed from this Category, not just the "_s,
+        .selected = u" you have selected.  To un-assign just the selected Songs"_s,
+        .all = u"Click on the OK button to remove ALL displayed Songs from this Category, or Cancel if this "
+               u"is not "
+               "what you want."_s,
+        .title = u"Un-Assignment Statistics"_s,
+        .done = u"Number of Songs removed from Category "_s,
+        .others = u"Number of Songs not found assigned to this Category ("_s,
     };
     return direction == Direction::In ? in : out;
 }

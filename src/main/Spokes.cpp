@@ -36,8 +36,13 @@ LookupSong lookupSong(const NameEdit &editor)
 
 Spokes::Spokes(Session &session, const SpokeHooks &hooks)
     : m_session(session), m_hooks(hooks), m_webLookup(session.desktop(), session.optionsStore()),
-      categories({session.catalogue(), session.settings(), session.displayedSet(), hooks.mainScreen,
-                  session.desktop(), session.options(), hooks.beforeBulk},
+      categories({.catalogue = session.catalogue(),
+                  .settings = session.settings(),
+                  .set = session.displayedSet(),
+                  .mainScreen = hooks.mainScreen,
+                  .desktop = session.desktop(),
+                  .options = session.options(),
+                  .beforeBulk = hooks.beforeBulk},
                  hooks.owner),
       viewer(session.desktop(), session.options(), m_reportState),
       reports(session.desktop(), session.displayedSet(), session.catalogue(), session.options(),

@@ -39,45 +39,54 @@ DuplicateCommands::DuplicateCommands(MaintenanceParts parts) : m_parts(std::move
 
 void DuplicateCommands::mnuShowDuplicates_Click()
 {
-    showView({u"qryDuplicateSongs", u"Showing All Songs With Duplicates", NoneFound});
+    showView(
+        {.query = u"qryDuplicateSongs", .caption = u"Showing All Songs With Duplicates", .empty = NoneFound});
 }
 
 void DuplicateCommands::mnuShowDuplicatesToDelete_Click()
 {
-    showView(
-        {u"qryShowDuplicatesToBeDeleted", u"Showing Duplicate Songs To Delete from Quaverly", NoneToDelete});
+    showView({.query = u"qryShowDuplicatesToBeDeleted",
+              .caption = u"Showing Duplicate Songs To Delete from Quaverly",
+              .empty = NoneToDelete});
 }
 
 void DuplicateCommands::mnuShowDuplicatesAlbum_Click()
 {
-    showView({u"qryDuplicateSongsAlbum", u"Showing All Songs With Duplicates in Albums", NoneFound});
+    showView({.query = u"qryDuplicateSongsAlbum",
+              .caption = u"Showing All Songs With Duplicates in Albums",
+              .empty = NoneFound});
 }
 
 void DuplicateCommands::mnuShowDuplicatesToDeleteAlbum_Click()
 {
-    showView({u"qryShowDuplicatesToBeDeletedAlbum",
-              u"Showing Duplicate Songs To Delete in Albums from Quaverly", NoneToDelete});
+    showView({.query = u"qryShowDuplicatesToBeDeletedAlbum",
+              .caption = u"Showing Duplicate Songs To Delete in Albums from Quaverly",
+              .empty = NoneToDelete});
 }
 
 void DuplicateCommands::mnuDeleteDuplicates_Click()
 {
-    deleteBy({u"qryShowDuplicatesToBeDeleted",
-              u" duplicate songs from Quaverly.  Duplicates are defined as two or more songs with the same "
-              "Song Name, Artist, and File Size.  All except one will be deleted.  This will not delete the "
-              "actual music files from your computer.  To see which records will be deleted, respond NO, "
-              "then choose \r\n\"Show Duplicate Songs to Delete\" from the Edit menu.\r\n\r\nAre you SURE "
-              "you want to delete these duplicates?",
-              u"Delete Duplicate Songs"});
+    deleteBy(
+        {.toDelete = u"qryShowDuplicatesToBeDeleted",
+         .behindCount =
+             u" duplicate songs from Quaverly.  Duplicates are defined as two or more songs with the same "
+             "Song Name, Artist, and File Size.  All except one will be deleted.  This will not delete the "
+             "actual music files from your computer.  To see which records will be deleted, respond NO, "
+             "then choose \r\n\"Show Duplicate Songs to Delete\" from the Edit menu.\r\n\r\nAre you SURE "
+             "you want to delete these duplicates?",
+         .command = u"Delete Duplicate Songs"});
 }
 
 void DuplicateCommands::mnuDeleteDuplicatesAlbum_Click()
 {
-    deleteBy({u"qryShowDuplicatesToBeDeletedAlbum",
-              u" duplicate songs within the same album from Quaverly.  Duplicates are defined as two or "
-              "more songs with the same Song Name, Artist, and Album Name.  All except one will be deleted.  "
-              "This will not delete the actual music files from your computer.\r\n\r\nAre you SURE you want "
-              "to delete duplicates?",
-              u"Delete Duplicate Songs in Albums"});
+    deleteBy(
+        {.toDelete = u"qryShowDuplicatesToBeDeletedAlbum",
+         .behindCount =
+             u" duplicate songs within the same album from Quaverly.  Duplicates are defined as two or "
+             "more songs with the same Song Name, Artist, and Album Name.  All except one will be deleted.  "
+             "This will not delete the actual music files from your computer.\r\n\r\nAre you SURE you want "
+             "to delete duplicates?",
+         .command = u"Delete Duplicate Songs in Albums"});
 }
 
 void DuplicateCommands::showView(const View &view)

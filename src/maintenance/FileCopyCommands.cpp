@@ -159,7 +159,7 @@ void FileCopyCommands::copyOne(const QString &source, const QString &target, Wor
                                Result &result)
 {
     try {
-        if (shell::copyFile(source, target, {false, [&](qint64, qint64) { return goesOn(wait); }}))
+        if (shell::copyFile(source, target, {.progress = [&](qint64, qint64) { return goesOn(wait); }}))
             ++result.count;
         else
             result.isOver = true;
@@ -220,7 +220,7 @@ void FileCopyCommands::copyCurrent()
             grow(*wait, done, all);
             return goesOn(*wait);
         };
-        if (!shell::copyFile(file.path(), folder + file.fileName, {true, show}))
+        if (!shell::copyFile(file.path(), folder + file.fileName, {.overwrite = true, .progress = show}))
             return;
     }
     m_parts.desktop.MessageBox(u"File "_s + file.fileName + u"\ncopied to folder\n"_s + folder,

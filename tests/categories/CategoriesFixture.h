@@ -68,11 +68,17 @@ protected:
     int backups = 0;
     bool backupWorks = true;
     QWidget window;
-    CategoryCommands commands{{store.catalogue(), store.settings(), set, screen, desktop, options,
-                               [this](const QString &) {
-                                   ++backups;
-                                   return backupWorks;
-                               }},
+    CategoryCommands commands{{.catalogue = store.catalogue(),
+                               .settings = store.settings(),
+                               .set = set,
+                               .mainScreen = screen,
+                               .desktop = desktop,
+                               .options = options,
+                               .beforeBulk =
+                                   [this](const QString &) {
+                                       ++backups;
+                                       return backupWorks;
+                                   }},
                               window};
     QPointer<QDialog> dialog;
 };
