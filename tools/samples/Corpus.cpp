@@ -132,7 +132,7 @@ private:
         tags.beats = oneIn(2) ? 60 + below(120) : 0;
         const QString number = QString::number(tags.track).rightJustified(2, u'0');
         const QString path = folder + u'/' + number + u' ' + fileName(tags.title) + u'.' + type;
-        m_maker.makeSong(path, oneIn(25) ? SongTags() : tags);
+        m_maker.makeSong(path, tags);
         ++m_made;
     }
 
