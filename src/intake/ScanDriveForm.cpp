@@ -12,6 +12,7 @@
 #include "ui_ScanDriveForm.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -168,6 +169,14 @@ bool ScanDriveForm::Form_Unload()
     m_desktop.MessageBox(u"You must press the Cancel button to cancel the scan before closing this window"_s,
                          u"Can not close"_s);
     return false;
+}
+
+// Enter in the open list reaches the window too, where it would press the default button.
+void ScanDriveForm::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isEnter || focusWidget() != m_ui->cmbDrive)
+        ScanWindow::keyPressEvent(event);
 }
 
 void ScanDriveForm::closeEvent(QCloseEvent *event)

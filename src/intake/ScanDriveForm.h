@@ -38,6 +38,7 @@ public:
     void setExitCaption(const QString &caption) override;
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:

@@ -117,6 +117,11 @@ TEST_F(ScanDriveTest, ScansTheDriveAndCloses)
     const auto *cmbDrive = child<QComboBox>(*driveForm(), u"cmbDrive"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return cmbDrive->view()->isVisible(); })) << "the list opens by itself";
     EXPECT_FALSE(button(u"cmdLoad"_s)->isEnabled());
+    key(cmbDrive->view(), Qt::Key_Down);
+    key(cmbDrive->view(), Qt::Key_Return);
+    EXPECT_EQ(text(u"lblDriveChosen"_s), music().chopped(1) + u" drive selected"_s);
+    EXPECT_EQ(m_desktop.eventsRun(), 0) << "Enter only chooses";
+    choose(u"/"_s);
     choose(music().chopped(1));
     EXPECT_EQ(text(u"lblDriveChosen"_s), music().chopped(1) + u" drive selected"_s);
     m_desktop.atEvents(8, [&] {
