@@ -37,6 +37,11 @@ public:
             std::fprintf(stderr, "%s\n", qPrintable(text));
         return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
     }
+    bool MessageWithMore(const QString & /*text*/, const QString & /*title*/, Icon /*icon*/,
+                         const QString & /*more*/) override
+    {
+        return false;
+    }
     QString InputPrompt(const QString & /*prompt*/, const QString & /*title*/, const QString & /*text*/,
                         bool /*password*/) override
     {

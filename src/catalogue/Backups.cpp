@@ -110,9 +110,11 @@ void Backups::makeFolder() const
     if (!place.mkpath(u"."_s))
         throw dao::DaoError(dao::PathFileAccess, u"Path/File access error: '%1'."_s.arg(folder()));
     // What a copy left that was cut off.
-    for (const QString &left : place.entryList({u"*.part"_s}, QDir::Files)) {
-        if (namesOf(file).match(left.chopped(5)).hasMatch())
-            place.remove(left);
+    for (const QString &ending : {u".part"_s, u".part-journal"_s}) {
+        for (const QString &left : place.entryList({u'*' + ending}, QDir::Files)) {
+            if (namesOf(file).match(left.chopped(ending.size())).hasMatch())
+                place.remove(left);
+        }
     }
 }
 

@@ -27,4 +27,12 @@ struct Catalogue
     bool SwitchingCatalogue = false;
 };
 
+/** What a catalogue without its indexes means to the user. */
+[[nodiscard]] inline QString slowerText()
+{
+    return QStringLiteral(
+        "There is no room for all indexes of the database, so that sorting and searching are slower.  "
+        "Make room on the disk and start Quaverly again: it then builds them.");
+}
+
 } // namespace quaverly

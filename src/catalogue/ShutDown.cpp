@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/ShutDown.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -21,8 +23,9 @@ void ShutDown::closeCatalogue()
 {
     if (!m_catalogue.CatalogueDb)
         return;
-    m_catalogue.CatalogueDb->Close();
-    m_catalogue.CatalogueDb.reset();
+    // Whatever is thrown, it is closed.
+    const auto closing = std::move(m_catalogue.CatalogueDb);
+    closing->Close();
 }
 
 } // namespace quaverly

@@ -22,6 +22,7 @@ public:
     /** True when the unload ends the process: no other catalogue is wanted and none is compacted. */
     [[nodiscard]] bool endsProcess(bool compactingCatalogue) const;
 
+    /** @throws dao::DaoError when it is closed, but in two files. */
     void closeCatalogue();
 
 private:

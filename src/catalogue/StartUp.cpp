@@ -129,6 +129,7 @@ StartResult StartUp::openAndShow()
             if (openCatalogue() == Opened::GivenUp)
                 return StartResult::End;
             prepareCatalogue();
+            tellIfSlower();
             m_hooks.showNameList();
             return StartResult::Running;
         } catch (const dao::DaoError &error) {
@@ -218,6 +219,12 @@ void StartUp::tellRenamed(const QStringList &sentences)
     if (sentences.size() > MostTold)
         told += u"... and %1 more."_s.arg(sentences.size() - MostTold);
     m_desktop.MessageBox(told.join(u"\r\r"_s), u"Renamed files"_s, Icon::Exclamation);
+}
+
+void StartUp::tellIfSlower()
+{
+    if (m_catalogue.CatalogueDb->Updatable() && m_catalogue.CatalogueDb->lacksIndexes())
+        m_desktop.MessageBox(u"The disk is full.  "_s + slowerText(), u"Disk full"_s, Icon::Exclamation);
 }
 
 void StartUp::tellError(const dao::DaoError &error)

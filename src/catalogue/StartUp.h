@@ -73,6 +73,7 @@ private:
     void prepareCatalogue();
     /** Of songs whose file was renamed when the program ended, and whose record could not follow. */
     void tellRenamed(const QStringList &sentences);
+    void tellIfSlower();
     void tellError(const dao::DaoError &error);
     void tellAlreadyRunning();
 

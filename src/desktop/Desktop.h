@@ -82,6 +82,10 @@ public:
                               Buttons buttons = Buttons::Ok,
                               std::optional<Answer> defaultAnswer = std::nullopt) = 0;
 
+    /** A box with OK and one more button, captioned @p more; true when that one was pressed. */
+    virtual bool MessageWithMore(const QString &text, const QString &title, Icon icon,
+                                 const QString &more) = 0;
+
     /** The modal text prompt. Cancel and an empty answer are the same: the empty text. */
     virtual QString InputPrompt(const QString &prompt, const QString &title, const QString &defaultText = {},
                                 bool password = false) = 0;

@@ -4,6 +4,7 @@
 #include "platform/store/DaoError.h"
 #include "platform/text/Text.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <cerrno>
@@ -57,6 +58,11 @@ bool IsValidFileName(const QString &name)
 QString EnsureBackslash(const QString &path)
 {
     return path.endsWith(PathSeparator) ? path : path + PathSeparator;
+}
+
+QString CleanFolder(const QString &path)
+{
+    return EnsureBackslash(QDir::cleanPath(path));
 }
 
 void DeleteFile(const QString &path)

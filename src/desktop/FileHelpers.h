@@ -20,6 +20,9 @@ inline constexpr char16_t IllegalFileNameCharacters[] = u"*\\/:?|<>\"";
 /** Adds the platform's separator unless it is the last character. */
 [[nodiscard]] QString EnsureBackslash(const QString &path);
 
+/** A folder in the form that two spellings of it share: no separator doubled, no dots, one at its end. */
+[[nodiscard]] QString CleanFolder(const QString &path);
+
 /**
  * Removes a file, read-only ones too; a missing one is none to delete.
  * @throws dao::DaoError 70 or 75 when the file is there and stays.

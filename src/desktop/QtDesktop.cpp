@@ -27,6 +27,7 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <QScreen>
 #include <QWindow>
 
@@ -119,6 +120,18 @@ QList<Answer> answersOf(Buttons buttons)
     return {Answer::Ok};
 }
 
+/** What the box says, once its buttons are on it. */
+void fill(QMessageBox &box, const QString &text, const QString &title, Icon icon)
+{
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setIcon(iconOf(icon));
+    arrangeButtons(box);
+    if (auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s))
+        showFolded(*label, text);
+}
+
 /** A handle on the please-wait window, which the user may close first. */
 class WorkingFormHandle final : public WorkingWindow
 {
@@ -184,17 +197,10 @@ Answer QtDesktop::MessageBox(const QString &text, const QString &title, Icon ico
 {
     const PlainPointer pointer;
     QMessageBox box(ownerOfDialogs());
-    box.setWindowTitle(title);
-    box.setTextFormat(Qt::PlainText);
-    box.setText(text);
-    box.setIcon(iconOf(icon));
-
     const QList<Answer> answers = answersOf(buttons);
     for (const Answer answer : answers)
         box.addButton(buttonOf(answer));
-    arrangeButtons(box);
-    if (auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s))
-        showFolded(*label, text);
+    fill(box, text, title, icon);
     box.setDefaultButton(buttonOf(defaultAnswer.value_or(answers.first())));
     if (m_tabletActive)
         sizeForFingers(box);
@@ -205,6 +211,21 @@ Answer QtDesktop::MessageBox(const QString &text, const QString &title, Icon ico
             return answer;
     }
     return answers.last();
+}
+
+bool QtDesktop::MessageWithMore(const QString &text, const QString &title, Icon icon, const QString &more)
+{
+    const PlainPointer pointer;
+    QMessageBox box(ownerOfDialogs());
+    box.addButton(QMessageBox::Ok);
+    const QPushButton *button = box.addButton(more, QMessageBox::ActionRole);
+    fill(box, text, title, icon);
+    box.setDefaultButton(QMessageBox::Ok);
+    box.setEscapeButton(QMessageBox::Ok);
+    if (m_tabletActive)
+        sizeForFingers(box);
+    box.exec();
+    return box.clickedButton() == button;
 }
 
 QString QtDesktop::InputPrompt(const QString &prompt, const QString &title, const QString &defaultText,

@@ -87,6 +87,9 @@ private:
     bool enter(const QString &path)
     {
         const auto identity = m_shell.identity(path);
+        // A pseudo file system has none either, but can be looked at.
+        if (!identity && !FolderExists(path))
+            m_result.unreadable.append(path);
         if (!identity || !m_seen.insert(*identity).second)
             return false;
         m_result.folders.append(path);

@@ -20,6 +20,8 @@ struct GatheredFolders
     qint64 plainFiles = 0;
     /** Full paths of names that the system refuses, as well as they can be shown. */
     QStringList refused;
+    /** Folders that can't be entered. */
+    QStringList unreadable;
 };
 
 /**

@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -38,8 +39,8 @@ struct IntakeParts
     IntakeState &state;
     ScanScreens &screens;
     ScanClock clock;
-    /** Where the list of what was skipped goes; empty for none. */
-    QString reportPath;
+    /** Where the list of what was passed over goes: the first of these places that has room. */
+    QStringList reportPlaces;
     /** Artist of the displayed set's current row, empty for a Null; nothing when no rows are shown. */
     std::function<std::optional<QString>()> currentArtist;
 };

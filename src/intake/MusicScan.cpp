@@ -2,11 +2,13 @@
 #include "intake/MusicScan.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/SongFields.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "intake/IntakeState.h"
 #include "intake/M4aAtoms.h"
 #include "intake/ScanScreen.h"
+#include "intake/ScanSummary.h"
 #include "intake/ShellColumns.h"
 #include "intake/VorbisComment.h"
 #include "platform/shell/Shell.h"
@@ -14,6 +16,7 @@
 #include "songlist/MainScreen.h"
 
 #include <QFile>
+#include <QUrl>
 
 #include <cmath>
 #include <optional>
@@ -34,6 +37,14 @@ int wholeSeconds(const ScanClock &clock)
     return static_cast<int>(std::nearbyint(clock.secondsSinceMidnight()));
 }
 
+/** A path that is cut names no file, and would come in again with every scan. */
+bool isTooLong(const QString &folder, const QString &fileName)
+{
+    static const int pathWidth = songField(u"PathName")->width;
+    static const int fileWidth = songField(u"FileName")->width;
+    return folder.size() > pathWidth || fileName.size() > fileWidth;
+}
+
 void openForReading(QFile &file)
 {
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
@@ -43,8 +54,8 @@ void openForReading(QFile &file)
 } // namespace
 
 MusicScan::MusicScan(const IntakeParts &parts, const QString &path, const QString &oneFile)
-    : m_parts(parts), m_report(parts.reportPath), m_driveScan(!path.endsWith(PathSeparator)),
-      m_path(EnsureBackslash(path)), m_oneFile(oneFile),
+    : m_parts(parts), m_report(parts.reportPlaces), m_songs(parts.catalogue, m_report),
+      m_driveScan(!path.endsWith(PathSeparator)), m_path(CleanFolder(path)), m_oneFile(oneFile),
       m_screen(m_driveScan ? parts.screens.driveScreen() : parts.screens.folderScreen())
 {}
 
@@ -53,11 +64,7 @@ void MusicScan::run()
     m_extensionsHidden = m_parts.shell.hideFileExt();
     m_versionMajor = m_parts.shell.versionMajor();
     m_startSeconds = wholeSeconds(m_parts.clock);
-    m_report.attempt([&] {
-        m_contacts = database().OpenRecordset(u"tblContacts"_s, dao::RecordsetType::Table);
-        m_contacts->setIndex(u"PathFile"_s);
-    });
-    m_report.settle(m_parts.catalogue.DatabaseFile);
+    m_songs.open();
 
     std::optional<shell::ListingsKept> listings(m_parts.shell);
     showStart();
@@ -66,14 +73,10 @@ void MusicScan::run()
     if (m_parts.state.CancelScan)
         return leaveCancelled();
 
-    std::optional<dao::BulkLoad> load;
-    m_report.attempt([&] { load.emplace(database(), u"tblContacts"_s); });
+    m_songs.startLoad();
     const Outcome outcome = loadFolders();
     listings.reset();
-    if (load)
-        settle(*load);
-    load.reset();
-    m_report.settle(m_parts.catalogue.DatabaseFile);
+    settle();
     if (outcome == Outcome::Cancelled)
         leaveCancelled();
     else
@@ -99,9 +102,11 @@ void MusicScan::gather()
         [&] { GatherFolders(m_parts.shell, m_parts.desktop, m_parts.state.CancelScan, m_path, m_gathered); });
     m_report.settle(m_path);
     for (const QString &path : m_gathered.refused) {
-        m_report.note(u"The name is not valid here"_s);
+        m_report.passOver(PassedOver::RefusedName, u"The name is not valid here"_s);
         m_report.settle(path);
     }
+    for (const QString &path : m_gathered.unreadable)
+        passOverFolder(path);
     if (m_driveScan)
         m_screen.setGatheringText({});
     m_parts.desktop.letEventsRun();
@@ -118,8 +123,8 @@ MusicScan::Outcome MusicScan::loadFolders()
     for (qsizetype i = 1; i <= count; ++i) {
         if (m_driveScan && i % CountsShown == 0)
             m_screen.setBarWidth(static_cast<int>(i * ScanBarTwips / count));
-        if (loadFolder(m_gathered.folders[i - 1]) == Outcome::Cancelled)
-            return Outcome::Cancelled;
+        if (const Outcome outcome = loadFolder(m_gathered.folders[i - 1]); outcome != Outcome::Finished)
+            return outcome;
     }
     return Outcome::Finished;
 }
@@ -129,18 +134,21 @@ MusicScan::Outcome MusicScan::loadFolder(const QString &folder)
     std::unique_ptr<shell::Folder> items;
     m_report.attempt([&] { items = m_parts.shell.NameSpace(folder); });
     if (!items) {
-        m_report.note(u"The folder can't be read"_s);
-        m_report.settle(folder);
+        passOverFolder(folder);
         return Outcome::Finished;
     }
-    m_report.attempt([&] { database().workspace().BeginTrans(); });
-    m_report.settle(folder);
+    m_songs.beginFolder();
     // A cancelled scan leaves this folder's transaction pending; the store settles it.
-    if (loadItems(*items, folder) == Outcome::Cancelled)
-        return Outcome::Cancelled;
-    m_report.attempt([&] { database().workspace().CommitTrans(); });
+    const Outcome outcome = loadItems(*items, folder);
+    if (outcome != Outcome::Cancelled)
+        m_songs.endFolder();
+    return m_songs.isDiskFull() ? Outcome::DiskFull : outcome;
+}
+
+void MusicScan::passOverFolder(const QString &folder)
+{
+    m_report.passOver(PassedOver::Folder, u"The folder can't be read"_s);
     m_report.settle(folder);
-    return Outcome::Finished;
 }
 
 MusicScan::Outcome MusicScan::loadItems(shell::Folder &items, const QString &folder)
@@ -149,6 +157,8 @@ MusicScan::Outcome MusicScan::loadItems(shell::Folder &items, const QString &fol
     for (qsizetype i = 0; i < count; ++i) {
         if (m_parts.state.CancelScan)
             return Outcome::Cancelled;
+        if (m_songs.isDiskFull())
+            return Outcome::DiskFull;
         showSongsAdded();
         ++m_filesRead;
         showFilesRead();
@@ -162,8 +172,8 @@ MusicScan::Outcome MusicScan::loadItems(shell::Folder &items, const QString &fol
 
 void MusicScan::showSongsAdded()
 {
-    if (m_songsAdded % CountsShown == 0) {
-        m_screen.setSongsAdded(m_songsAdded);
+    if (m_songs.added() % CountsShown == 0) {
+        m_screen.setSongsAdded(m_songs.added());
         letWaitingEventsRun();
     }
 }
@@ -194,32 +204,26 @@ void MusicScan::loadItem(const shell::Item &item, const QString &folder)
     // Where extensions are hidden, the item's own name is another one.
     const bool exists = m_extensionsHidden ? FileExists(folder + music->FileName) : item.isFile();
     if (!exists) {
-        m_report.note(u"There is no plain file of that name"_s);
+        m_report.passOver(PassedOver::NoFile, u"There is no plain file of that name"_s);
         return;
     }
-    if (isInCatalogue(folder, music->FileName)) {
+    if (isTooLong(folder, music->FileName)) {
+        m_report.passOver(PassedOver::LongPath, u"The path is longer than the database holds"_s);
+        return;
+    }
+    if (m_songs.holds(folder, music->FileName)) {
         ++m_songsSkipped;
         return;
     }
     fillSong(item, *music, folder);
-    addSong();
-}
-
-bool MusicScan::isInCatalogue(const QString &folder, const QString &fileName)
-{
-    bool found = false;
-    m_report.attempt([&] {
-        contacts().Seek(u"="_s, {folder, fileName});
-        found = !contacts().NoMatch();
-    });
-    return found;
+    m_songs.add(m_song, folder + music->FileName);
 }
 
 void MusicScan::fillSong(const shell::Item &item, const MusicItem &music, const QString &folder)
 {
     m_song.clear();
-    m_song.write(u"PathName"_s, keepCharacters(folder, 255));
-    m_song.write(u"FileName"_s, keepCharacters(music.FileName, 255));
+    m_song.write(u"PathName"_s, folder);
+    m_song.write(u"FileName"_s, music.FileName);
     m_song.write(u"FileType"_s, music.fileType());
     m_report.attempt([&] { fillSize(item, m_song); });
     fillTags(item, music, folder + music.FileName);
@@ -250,26 +254,11 @@ void MusicScan::fillTags(const shell::Item &item, const MusicItem &music, const 
     }
 }
 
-void MusicScan::addSong()
+void MusicScan::settle()
 {
-    m_report.attempt([&] { contacts().AddNew(); });
-    for (const auto &entry : m_song)
-        m_report.attempt([&] { contacts().setValue(entry.first, entry.second); });
-    m_report.attempt([&] { contacts().Update(); });
-    if (m_contacts && m_contacts->editing())
-        m_report.attempt([&] { m_contacts->CancelUpdate(); });
-    // A row that the store refused counts as well.
-    ++m_songsAdded;
-}
-
-void MusicScan::settle(dao::BulkLoad &load)
-{
-    bool more = true;
-    while (more) {
-        more = false;
-        m_report.attempt([&] { more = load.finishStep(); });
+    while (m_songs.finishStep())
         letWaitingEventsRun();
-    }
+    m_songs.endLoad();
 }
 
 void MusicScan::leaveCancelled()
@@ -279,6 +268,7 @@ void MusicScan::leaveCancelled()
     m_parts.state.CancelScan = false;
     m_parts.mainScreen.setScreenEnabled(true);
     m_report.attempt([&] { m_parts.mainScreen.ShowAllMenu_Click(); });
+    tellDiskFull();
 }
 
 void MusicScan::close()
@@ -294,7 +284,8 @@ void MusicScan::close()
     m_report.attempt([&] { m_parts.mainScreen.ShowAllMenu_Click(); });
     m_parts.desktop.resetPointer();
     showStatistics();
-    m_contacts.reset();
+    tellDiskFull();
+    m_songs.close();
     m_report.attempt([&] { showArtistButton(); });
 }
 
@@ -303,15 +294,28 @@ void MusicScan::showStatistics()
     int elapsed = wholeSeconds(m_parts.clock) - m_startSeconds;
     if (elapsed < 0)
         elapsed += SecondsPerDay;
-    const QString text =
-        u"Number of songs added to database: "_s + QString::number(m_songsAdded) + u"\r\n"_s +
-        u"Number of songs not added because they were already in database: "_s +
-        QString::number(m_songsSkipped) + u"\r\n\r\n"_s + u"Total elapsed time: "_s +
-        QString::number(elapsed) + (elapsed == 1 ? u" second"_s : u" seconds"_s) + u" (about "_s +
-        QString::number(elapsed / 60) + u" min.)"_s + u"\r\n\r\n"_s +
-        u"After loading many songs, it is a good idea to choose Compact Database from the File menu.  "
-        "This will remove unused space from your database file."_s;
-    m_parts.desktop.MessageBox(text, u"Done"_s);
+    const QString passedOver = passedOverSentence(m_report);
+    tell(doneText({m_songs.added(), m_songsSkipped, elapsed}, passedOver), u"Done"_s, Icon::None,
+         !passedOver.isEmpty());
+}
+
+void MusicScan::tellDiskFull()
+{
+    if (m_songs.isDiskFull())
+        tell(diskFullText(
+                 {m_parts.catalogue.DatabaseFile, m_songs.lost(), m_report.path(), m_songs.lacksIndexes()}),
+             u"Disk full"_s, Icon::Exclamation, m_songs.lost() > 0);
+}
+
+void MusicScan::tell(const QString &text, const QString &title, Icon icon, bool withReport)
+{
+    const QString report = m_report.path();
+    if (!withReport || report.isEmpty())
+        m_parts.desktop.MessageBox(text, title, icon);
+    else if (m_parts.desktop.MessageWithMore(text, title, icon, u"Show &Report"_s) &&
+             !m_parts.desktop.OpenUrl(QUrl::fromLocalFile(report)))
+        m_parts.desktop.MessageBox(u"No program was found to show this file:  "_s + report, title,
+                                   Icon::Exclamation);
 }
 
 void MusicScan::showArtistButton()
@@ -330,20 +334,6 @@ void MusicScan::letWaitingEventsRun()
 {
     if (m_parts.desktop.inputWaiting())
         m_parts.desktop.letEventsRun();
-}
-
-dao::Database &MusicScan::database()
-{
-    if (!m_parts.catalogue.CatalogueDb)
-        throw dao::DaoError(dao::ObjectInvalid, u"No catalogue is open"_s);
-    return *m_parts.catalogue.CatalogueDb;
-}
-
-dao::Recordset &MusicScan::contacts()
-{
-    if (!m_contacts)
-        throw dao::DaoError(dao::ObjectInvalid, u"The song table is not open"_s);
-    return *m_contacts;
 }
 
 } // namespace quaverly

@@ -5,10 +5,8 @@
 #include "intake/MusicItem.h"
 #include "intake/MusicLoader.h"
 #include "intake/NewSong.h"
+#include "intake/ScanCatalogue.h"
 #include "intake/ScanReport.h"
-#include "platform/store/Dao.h"
-
-#include <memory>
 
 namespace shell {
 class Folder;
@@ -18,6 +16,7 @@ class Item;
 namespace quaverly {
 
 class ScanScreen;
+enum class Icon;
 
 /** One run of LoadMusicFiles, with its counts. */
 class MusicScan final
@@ -28,7 +27,7 @@ public:
 
 private:
     /** What the walk over folders and items came to. */
-    enum class Outcome { Finished, Cancelled };
+    enum class Outcome { Finished, Cancelled, DiskFull };
 
     void showStart();
     void gather();
@@ -36,26 +35,27 @@ private:
     [[nodiscard]] Outcome loadFolder(const QString &folder);
     [[nodiscard]] Outcome loadItems(shell::Folder &items, const QString &folder);
     void loadItem(const shell::Item &item, const QString &folder);
+    void passOverFolder(const QString &folder);
 
     void showSongsAdded();
     void showFilesRead();
-    [[nodiscard]] bool isInCatalogue(const QString &folder, const QString &fileName);
     void fillSong(const shell::Item &item, const MusicItem &music, const QString &folder);
     void fillTags(const shell::Item &item, const MusicItem &music, const QString &fullPath);
-    void addSong();
 
     /** Puts everything on the disk and builds what indexes are missing. */
-    void settle(dao::BulkLoad &load);
+    void settle();
     void leaveCancelled();
     void close();
     void showStatistics();
+    void tellDiskFull();
+    /** With a way to the report, where there is one and it is wanted. */
+    void tell(const QString &text, const QString &title, Icon icon, bool withReport);
     void showArtistButton();
     void letWaitingEventsRun();
-    [[nodiscard]] dao::Database &database();
-    [[nodiscard]] dao::Recordset &contacts();
 
     const IntakeParts &m_parts;
     ScanReport m_report;
+    ScanCatalogue m_songs;
     bool m_driveScan = false;
     QString m_path;
     QString m_oneFile;
@@ -64,11 +64,9 @@ private:
     bool m_extensionsHidden = false;
     int m_versionMajor = 0;
     GatheredFolders m_gathered;
-    std::unique_ptr<dao::Recordset> m_contacts;
     NewSong m_song;
     qint64 m_filesTotal = 0;
     int m_filesRead = 0;
-    int m_songsAdded = 0;
     int m_songsSkipped = 0;
 };
 

@@ -5,22 +5,29 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <exception>
 
 #include "platform/store/DaoError.h"
 
 namespace quaverly {
 
+/** What kept something out of the catalogue. */
+enum class PassedOver { Folder, RefusedName, LongPath, NoFile, NotStored };
+
 /**
- * What a scan passed over, as a plain text file: a line a file, path, tab, reasons. Line ends and
- * tabs within a path are written as \n, \r and \t. The file is that of the last scan; a scan that
- * skipped nothing leaves none.
+ * What a scan passed over or could not read, as a plain text file: a line a file, path, tab, reasons. Line
+ * ends and tabs within a path are written as \n, \r and \t. The file is that of the last scan; a scan that
+ * met nothing of the kind leaves none.
  */
 class ScanReport final
 {
 public:
-    /** Takes an earlier report at @p path away. A report that can't be written is done without. */
-    explicit ScanReport(const QString &path);
+    /**
+     * Takes earlier reports at @p places away. The first place that can be written to is taken; where
+     * none can, the report is done without.
+     */
+    explicit ScanReport(const QStringList &places);
 
     /** Runs one statement of the scan; when it fails that is noted, and the next one runs. */
     template <typename Statement> bool attempt(Statement &&statement)
@@ -38,16 +45,24 @@ public:
 
     /** Notes a reason for the file at hand; the same one counts once. */
     void note(const QString &reason);
+    /** Notes it and counts the file among those that are not in the catalogue. */
+    void passOver(PassedOver what, const QString &reason);
     [[nodiscard]] bool hasReasons() const { return !m_reasons.isEmpty(); }
-    /** Writes what was noted since the last call, if anything, under @p path. */
+    /** Writes what was noted since the last call, if anything, under @p path. It is on the disk at once. */
     void settle(const QString &path);
-    /** Files and folders written so far. */
-    [[nodiscard]] int count() const { return m_count; }
+
+    [[nodiscard]] int count(PassedOver what) const { return m_counts[static_cast<std::size_t>(what)]; }
+    /** Where the report is; empty when there is nothing in it, or it could not be written. */
+    [[nodiscard]] QString path() const;
 
 private:
+    [[nodiscard]] bool append(const QByteArray &line);
+    [[nodiscard]] bool moveOn();
+
+    QStringList m_places;
     QFile m_file;
     QStringList m_reasons;
-    int m_count = 0;
+    std::array<int, 5> m_counts{};
 };
 
 } // namespace quaverly

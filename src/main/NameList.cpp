@@ -87,8 +87,14 @@ void NameList::build()
     m_scanForms =
         std::make_unique<ScanForms>(m_session.desktop(), *this, m_session.intake(), m_session.shell(), this);
     m_loader = std::make_unique<MusicLoader>(
-        IntakeParts{m_session.desktop(), *this, m_session.shell(), m_session.catalogue(), m_session.intake(),
-                    *m_scanForms, systemClock(), folders::state() + u"scan-report.txt"_s,
+        IntakeParts{m_session.desktop(),
+                    *this,
+                    m_session.shell(),
+                    m_session.catalogue(),
+                    m_session.intake(),
+                    *m_scanForms,
+                    systemClock(),
+                    {folders::state() + u"scan-report.txt"_s, folders::runtime() + u"scan-report.txt"_s},
                     [this]() -> std::optional<QString> {
                         const DataControl &shown = m_session.displayedSet().Data1();
                         return shown.hasRows() ? std::optional(shown.currentText(u"Artist"_s)) : std::nullopt;

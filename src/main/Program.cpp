@@ -136,7 +136,10 @@ void Program::nameList_Unloaded()
     if (!m_session.shutDown().endsProcess(m_compactingCatalogue))
         return;
     m_playForms.unload();
-    m_session.shutDown().closeCatalogue();
+    // What is told from here on is no longer about the list, which is empty by now.
+    m_nameList->hide();
+    guarded(m_session.desktop(), QString::fromUtf16(ProductName),
+            [this] { m_session.shutDown().closeCatalogue(); }, {{}, Icon::Exclamation});
     m_quit();
 }
 

@@ -166,7 +166,7 @@ QString PopulateFromText::readText(const QString &path)
 
 PopulateFromText::Found PopulateFromText::find(const QString &text, qint64 room) const
 {
-    ScanReport report(m_parts.reportPath);
+    ScanReport report({m_parts.reportPath});
     // One statement, prepared once: a text has many lines.
     const auto songs =
         m_parts.catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s, dao::RecordsetType::Table);

@@ -148,7 +148,6 @@ void DisplayedSet::applySort(const QString &label)
         return;
     const Hourglass hourglass(m_desktop);
     const SortOrder &order = sortOrder(label);
-    m_settings.storeGridSortOrder(order.label);
     m_screen->clearGridMarkArmed();
     m_catalogue.ContactsTable->setIndex(order.index);
     compose([&] {
@@ -158,6 +157,8 @@ void DisplayedSet::applySort(const QString &label)
             open(withOrder(m_data.RecordSource(), m_texts.ListOrder));
     });
     m_dateSortActive = order.byDate();
+    // Last: a full disk keeps the order from being remembered, not the songs from being sorted.
+    m_settings.storeGridSortOrder(order.label);
 }
 
 void DisplayedSet::categoryChosen(qint64 number, const QString &name)

@@ -74,14 +74,16 @@ TEST_F(TheCopies, AreThinnedToTenAndTheFirstOfEachDay)
         fake(u"2020-02-03 %1.30.00"_s.arg(hour));
     for (const auto *other : {"QVdata 2020-02-01 25.00.00.mdb", "QVdata b 2020-02-01 09.00.00.mdb", "notes"})
         fake(QString::fromLatin1(other));
-    writeFile(at(u"QVdata 2020-02-03 08.00.00.mdb.part"_s));
+    for (const auto &ending : {u""_s, u"-journal"_s})
+        writeFile(at(u"QVdata 2020-02-03 08.00.00.mdb.part"_s + ending));
     const qsizetype before = names().size();
     // From 11.00 on there are the ten newest.
     ASSERT_TRUE(backups.beforeBulkCommand(u"Test"_s, at(u"QVdata 2020-02-01 23.59.59.mdb"_s)));
     const QStringList left = names();
-    EXPECT_EQ(left.size(), before + 1 - 4);
-    for (const auto &gone : {u"2020-02-01 08.00.00 (2).mdb"_s, u"2020-02-03 10.00.00.mdb"_s,
-                             u"2020-02-03 10.30.00.mdb"_s, u"2020-02-03 08.00.00.mdb.part"_s})
+    EXPECT_EQ(left.size(), before + 1 - 5);
+    for (const auto &gone :
+         {u"2020-02-01 08.00.00 (2).mdb"_s, u"2020-02-03 10.00.00.mdb"_s, u"2020-02-03 10.30.00.mdb"_s,
+          u"2020-02-03 08.00.00.mdb.part"_s, u"2020-02-03 08.00.00.mdb.part-journal"_s})
         EXPECT_FALSE(left.contains(u"QVdata "_s + gone)) << qPrintable(gone);
     EXPECT_TRUE(left.contains(u"QVdata 2020-02-01 23.59.59.mdb"_s)) << "spared";
     ASSERT_TRUE(backups.beforeBulkCommand(u"Find and Replace Text"_s));

@@ -36,7 +36,15 @@ TEST_F(IntakeTest, HostileFilesDoNotKeepTheGoodOnesOut)
                        QByteArray(QFile::encodeName(music()) + "caf\xE9.mp3").constData()),
               0);
 
-    EXPECT_TRUE(scan().startsWith(u"Number of songs added to database: 11\r"_s));
+    QString listed;
+    m_desktop.willAnswer(Answer::Yes).meanwhile([&] { listed = report(); });
+    m_loader->LoadMusicFiles(music(), {});
+    EXPECT_TRUE(m_desktop.lastCall().text.startsWith(u"Number of songs added to database: 11\r"_s));
+    EXPECT_TRUE(m_desktop.lastCall().text.contains(
+        u"\r\n\r\nPassed over: 1 name that the system refuses and 2 files that can't be reached.\r\n\r\n"_s));
+    EXPECT_EQ(m_desktop.lastCall().offered, u"Show &Report"_s);
+    EXPECT_EQ(m_desktop.urls().last().toLocalFile(), m_store.path(u"state/report.txt"_s));
+    EXPECT_EQ(listed, report()) << "whole before the box shows";
     for (const QString &name : {longName, u"a\nline.mp3"_s, u"it's \"quoted\".mp3"_s})
         EXPECT_EQ(stored(u"SongName"_s, name).toString(), u"Good"_s) << name.toStdString();
     EXPECT_EQ(stored(u"PathName"_s, u"last.mp3"_s).toString(), music(u"zz/"_s));
@@ -83,13 +91,46 @@ TEST_F(IntakeTest, UnreadableMusicIsAddedByItsName)
     EXPECT_EQ(report().count(u'\n'), 2);
 }
 
+TEST_F(IntakeTest, WhatTheCatalogueCannotHoldOrTheUserMayNotReadIsToldEveryTime)
+{
+    const QString deep = QString(120, u'd') + u'/' + QString(120, u'e') + u'/';
+    writeAll({u"good.mp3", u"shut/in.mp3"}, mp3File());
+    write(deep + u"long.mp3"_s, mp3File());
+    const LockedFolder shut(music(u"shut"_s), m_store.folder(), {});
+    for (const auto &added : {u"1\r"_s, u"0\r"_s}) {
+        const QString text = scan();
+        EXPECT_TRUE(text.startsWith(u"Number of songs added to database: "_s + added));
+        EXPECT_TRUE(text.contains(
+            u"Passed over: 1 folder that can't be read and 1 path of more than 255 characters."_s));
+    }
+    EXPECT_EQ(stored(u"FileName"_s), u"good.mp3"_s);
+    EXPECT_EQ(report(), music(u"shut/"_s) + u"\tThe folder can't be read\n"_s + music(deep) +
+                            u"long.mp3\tThe path is longer than the database holds\n"_s);
+}
+
+TEST_F(IntakeTest, AFolderSpeltOtherwiseIsTheSameFolder)
+{
+    writeAll({u"a/1.mp3", u"a/b/2.mp3"}, mp3File());
+    scan();
+    m_store.db().Execute(
+        u"Update tblContacts Set PathName = '%1' Where FileName = '2.mp3'"_s.arg(music(u"/a/./b//"_s)));
+    for (const auto *spelt : {u"", u"/", u"/a//", u"a/../a/b/"}) {
+        m_desktop.willSee(u"Number of songs added to database: 0\r"_s);
+        m_loader->LoadMusicFiles(music(QString::fromUtf16(spelt)), {});
+    }
+    EXPECT_EQ(m_state.MusicFolder, music(u"a/b/"_s));
+}
+
 TEST_F(IntakeTest, WithoutACatalogueTheScanStillEnds)
 {
     writeAll({u"a.mp3", u"b.mp3"}, mp3File());
     m_store.close();
-    EXPECT_TRUE(scan().startsWith(u"Number of songs added to database: 2\r"_s))
+    const QString text = scan();
+    EXPECT_TRUE(text.startsWith(u"Number of songs added to database: 2\r"_s))
         << "a refused row counts as well";
-    EXPECT_TRUE(report().contains(music(u"b.mp3"_s)));
+    EXPECT_TRUE(text.contains(u"Passed over: 2 songs that the database refused."_s));
+    EXPECT_TRUE(report().contains(u'\n' + music(u"a.mp3"_s) + u'\t'));
+    EXPECT_FALSE(report().contains(music() + u'\t')) << "by file, not by folder";
     EXPECT_TRUE(m_mainScreen.window.isEnabled());
 }
 

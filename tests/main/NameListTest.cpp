@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The program as a user meets it: started on a catalogue, a folder of music added, closed, started again.
 #include "main/ProgramFixture.h"
+#include "support/Files.h"
+#include "support/Limits.h"
 
 #include <QAbstractItemModelTester>
 
@@ -83,6 +85,53 @@ TEST_F(ProgramTest, TheGridFollowsKeysSortsAndTheArtistView)
 
     m_desktop.willSee(u"There are 30 songs displayed in the current list."_s);
     chooseMenu(screen(), u"DisplayRecCntMenu"_s);
+}
+
+TEST_F(ProgramTest, AScanThatFillsTheDiskTellsTheTruthAndIsTakenUpWhenThereIsRoom)
+{
+    constexpr int Songs = 3000;
+    for (int i = 0; i < Songs; ++i)
+        writeFile(music() + u"%1/%2.mp3"_s.arg(i / 100).arg(i));
+    start(true);
+    qsizetype added = 0;
+    {
+        const FullDisk disk(500'000);
+        m_desktop.willBrowse(music()).willSee(u"Number of songs added"_s);
+        m_desktop.willAnswer(Answer::Yes, u"The disk with the database '%1' is full."_s.arg(path()));
+        chooseMenu(screen(), u"AddMusicFolder"_s);
+        added = grid().model()->rowCount();
+        const QString done = m_desktop.calls()[m_desktop.calls().size() - 2].text;
+        EXPECT_TRUE(done.startsWith(u"Number of songs added to database: %1\r"_s.arg(added)));
+        EXPECT_TRUE(added > 0 && added < Songs) << added;
+
+        const QByteArray report = bytesOf(m_desktop.urls().last().toLocalFile());
+        const qsizetype lost = report.count(".mp3\tThe disk is full.\n");
+        EXPECT_TRUE(m_desktop.lastCall().text.contains(
+            u"The scan has stopped.  %1 songs that it had read did not reach the disk."_s.arg(lost)));
+        EXPECT_TRUE(m_desktop.lastCall().text.contains(u"sorting and searching are slower"_s));
+    }
+    {
+        const FullDisk disk(QFileInfo(path()).size());
+        m_desktop.willSee(u"The database is now in two files"_s);
+        close();
+        m_desktop.willSee(u"sorting and searching are slower"_s);
+        start();
+        EXPECT_EQ(grid().model()->rowCount(), added);
+        m_desktop.willSee(u"The disk is full."_s); // the order can't be remembered
+        click(screen(), u"cmdSortArtist"_s);
+        type(child<QWidget>(screen(), u"txtLocate"_s), u"Unk"_s);
+        EXPECT_EQ(m_desktop.answersLeft(), 0);
+        EXPECT_EQ(cell(0, 1), u"Unknown"_s);
+        m_desktop.willSee(u"The database is now in two files"_s);
+        close();
+    }
+    start();
+    addFolder();
+    EXPECT_TRUE(m_desktop.lastCall().text.startsWith(
+        u"Number of songs added to database: %1\r"_s.arg(Songs - added)));
+    EXPECT_EQ(grid().model()->rowCount(), Songs);
+    close();
+    EXPECT_FALSE(QFile::exists(path() + u"-wal"_s));
 }
 
 TEST_F(ProgramTest, ASecondStartRaisesTheFirst)

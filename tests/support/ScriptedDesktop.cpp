@@ -147,6 +147,14 @@ Answer ScriptedDesktop::MessageBox(const QString &text, const QString &title, Ic
     return scripted->answer;
 }
 
+bool ScriptedDesktop::MessageWithMore(const QString &text, const QString &title, Icon icon,
+                                      const QString &more)
+{
+    const std::optional<Scripted> scripted =
+        take({.text = text, .title = title, .icon = icon, .offered = more});
+    return scripted && scripted->answer == Answer::Yes;
+}
+
 QString ScriptedDesktop::InputPrompt(const QString &prompt, const QString &title, const QString &defaultText,
                                      bool password)
 {

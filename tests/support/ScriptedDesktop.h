@@ -34,7 +34,7 @@ struct DesktopCall
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
     std::optional<Answer> defaultAnswer{};
-    /** The prompt's default, or the dialog's first file name. */
+    /** The prompt's default, the dialog's first file name, or the caption of a box's own button. */
     QString offered{};
     bool password = false;
     /** The warning's entry in the options store. */
@@ -104,6 +104,8 @@ public:
 
     Answer MessageBox(const QString &text, const QString &title, Icon icon, Buttons buttons,
                       std::optional<Answer> defaultAnswer) override;
+    /** A scripted Yes presses the box's own button. */
+    bool MessageWithMore(const QString &text, const QString &title, Icon icon, const QString &more) override;
     QString InputPrompt(const QString &prompt, const QString &title, const QString &defaultText,
                         bool password) override;
     bool ShowWarning(const QString &text, const QString &key) override;

@@ -168,6 +168,8 @@ public:
     void CommitTrans();
     void Rollback();
     [[nodiscard]] int depth() const;
+    /** True while changes are not on the disk yet: in a transaction, or held back by a bulk load. */
+    [[nodiscard]] bool isPending() const;
 
     /** Commits everything pending, and what a bulk load holds back, to the disk. */
     void settle();
@@ -216,6 +218,9 @@ public:
     [[nodiscard]] QString Name() const;
     /** False on read-only ground: reading works, every write throws 3027. */
     [[nodiscard]] bool Updatable() const;
+    /** True when the disk had no room for all indexes: everything works, but slower, until a later opening.
+     */
+    [[nodiscard]] bool lacksIndexes() const;
 
     /** @p source is a table, a stored query or one SELECT. A bare table opens as Table unless told. */
     [[nodiscard]] std::unique_ptr<Recordset> OpenRecordset(const QString &source);
@@ -251,7 +256,11 @@ public:
      */
     [[nodiscard]] bool backupTo(const QString &path, const GoesOn &progress = {});
 
-    /** Checkpoints to the single file and closes; the destructor does so too, silently. */
+    /**
+     * Checkpoints to the single file and closes; the destructor does so too, silently. It is closed whatever
+     * is thrown. @throws 61 and others when what was committed last stays in a second file beside it, where
+     * the next opening finds it.
+     */
     void Close();
 
     [[nodiscard]] DatabaseImpl &impl() { return *m_impl; }

@@ -5,6 +5,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -81,6 +82,11 @@ int Workspace::depth() const
     return m_depth;
 }
 
+bool Workspace::isPending() const
+{
+    return m_database != nullptr && m_database->connection().inTransaction();
+}
+
 void Workspace::settle()
 {
     m_depth = 0;
@@ -134,12 +140,16 @@ void Database::Close()
 {
     if (!m_impl)
         return;
-    Workspace &workspace = m_impl->workspace();
-    if (workspace.m_database == m_impl.get()) {
+    const std::unique_ptr<DatabaseImpl> closing = std::move(m_impl);
+    Workspace &workspace = closing->workspace();
+    const bool isOwn = workspace.m_database == closing.get();
+    const auto forget = qScopeGuard([&] {
+        if (isOwn)
+            workspace.m_database = nullptr;
+    });
+    if (isOwn)
         workspace.settle();
-        workspace.m_database = nullptr;
-    }
-    m_impl.reset();
+    closing->putInOneFile();
 }
 
 QString Database::Name() const
@@ -150,6 +160,11 @@ QString Database::Name() const
 bool Database::Updatable() const
 {
     return m_impl->writable();
+}
+
+bool Database::lacksIndexes() const
+{
+    return m_impl->lacksIndexes();
 }
 
 std::unique_ptr<Recordset> Database::OpenRecordset(const QString &source)

@@ -8,8 +8,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QScopeGuard>
 
 #include <algorithm>
+#include <sqlite3.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -131,13 +133,21 @@ DatabaseImpl::DatabaseImpl(const QString &path, const Schema &schema, Workspace 
     if (m_file.writable) {
         migrate();
         refreshCollation();
-        for (QByteArray index = nextMissingIndex(); !index.isEmpty(); index = nextMissingIndex())
-            m_connection->execute(index);
+        buildMissingIndexes();
     }
     loadNames();
 }
 
 DatabaseImpl::~DatabaseImpl()
+{
+    try {
+        putInOneFile();
+    } catch (const std::exception &) {
+        // What was committed is safe in the log; the next opening takes it from there.
+    }
+}
+
+void DatabaseImpl::putInOneFile()
 {
     m_walks.abandon();
     // While one is open, the log stays beside the file.
@@ -145,13 +155,24 @@ DatabaseImpl::~DatabaseImpl()
         if (const auto open = probe.lock())
             open->close();
     }
+    m_probes.clear();
+    commitPhysically();
     try {
         endBulk();
-        commitPhysically();
-        if (m_file.writable)
-            m_connection->execute("PRAGMA wal_checkpoint(TRUNCATE)");
-    } catch (const std::exception &) {
-        // What was committed is safe in the log; the next opening takes it from there.
+    } catch (const DaoError &) {
+        // Only indexes are missing.
+    }
+    if (!m_file.writable)
+        return;
+    try {
+        m_connection->execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    } catch (const DaoError &error) {
+        throw DaoError(
+            error.number,
+            error.description +
+                u"  The database is now in two files, '%1' and '%1-wal'.  Nothing is lost: keep both "
+                "together, and they become one again when it is opened and closed with room on the "
+                "disk."_s.arg(m_file.path));
     }
 }
 
@@ -228,6 +249,18 @@ QByteArray DatabaseImpl::nextMissingIndex()
         return !present.contains(indexNameOf(statement));
     });
     return missing == m_schema.indexes.end() ? QByteArray() : missing->toUtf8();
+}
+
+void DatabaseImpl::buildMissingIndexes()
+{
+    try {
+        for (QByteArray index = nextMissingIndex(); !index.isEmpty(); index = nextMissingIndex())
+            m_connection->execute(index);
+    } catch (const DaoError &error) {
+        // They only make things fast; with a full disk the songs can be looked at all the same.
+        if (error.number != DiskFull)
+            throw;
+    }
 }
 
 void DatabaseImpl::loadNames()
@@ -421,9 +454,13 @@ void DatabaseImpl::endBulk()
     if (!m_bulk.isOn())
         return;
     m_bulk.stop();
+    // A disk that has no room for an index must not leave the commits of a whole run less durable.
+    const auto durable = qScopeGuard([this] {
+        sqlite3_exec(m_connection->handle(), "PRAGMA synchronous = FULL; PRAGMA wal_autocheckpoint = 1000",
+                     nullptr, nullptr, nullptr);
+    });
     while (bulkStep()) {
     }
-    m_connection->execute("PRAGMA synchronous = FULL; PRAGMA wal_autocheckpoint = 1000");
     static_cast<void>(m_connection->scalar("PRAGMA wal_checkpoint(PASSIVE)"));
 }
 

@@ -73,6 +73,10 @@ public:
     void startBulk(const QString &table);
     bool bulkStep();
     void endBulk();
+    [[nodiscard]] bool lacksIndexes() { return !nextMissingIndex().isEmpty(); }
+
+    /** Puts everything on the disk and leaves nothing beside the file. @throws DaoError */
+    void putInOneFile();
 
     [[nodiscard]] bool hasPassword();
     void setPassword(const QString &oldPassword, const QString &newPassword);
@@ -93,6 +97,7 @@ private:
     void checkPassword(const QString &password);
     void refreshCollation();
     [[nodiscard]] QByteArray nextMissingIndex();
+    void buildMissingIndexes();
     void loadNames();
     void assertPresent() const;
     void assertWritable() const;

@@ -1,9 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/store/RecordsetImpl.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace dao {
+
+namespace {
+
+/** What stands between an index statement's brackets; a full disk may have kept the index itself from being.
+ */
+QStringList indexTerms(const Schema &schema, const QString &name)
+{
+    const auto found = std::ranges::find_if(schema.indexes, [&](const QString &statement) {
+        return indexNameOf(statement).compare(name, Qt::CaseInsensitive) == 0;
+    });
+    if (found == schema.indexes.end())
+        return {};
+    const qsizetype open = found->indexOf(u'(') + 1;
+    return found->mid(open, found->indexOf(u')', open) - open).split(u", "_s);
+}
+
+} // namespace
 
 // The columns behind an index's name decide the order of moving and what Seek compares.
 void RecordsetImpl::setIndex(const QString &name)
@@ -17,13 +36,10 @@ void RecordsetImpl::setIndex(const QString &name)
     if (name.compare("PrimaryKey"_L1, Qt::CaseInsensitive) == 0 &&
         database.table(table)->keyColumn != "rowid"_L1)
         columns.append(database.table(table)->keyColumn);
-    Statement info =
-        database.connection().prepare("SELECT name, coll FROM pragma_index_xinfo(" +
-                                      quotedText(table + u'.' + name) + ") WHERE key AND cid >= 0");
-    while (info.step()) {
-        columns.append(info.text(0));
-        if (info.text(1) == "BINARY"_L1)
-            exact.append(info.text(0));
+    for (const QString &term : indexTerms(database.schema(), table + u'.' + name)) {
+        columns.append(term.section(u' ', 0, 0));
+        if (term.endsWith("COLLATE BINARY"_L1))
+            exact.append(columns.last());
     }
     if (columns.isEmpty())
         throw DaoError(IndexNotFound, u"'%1' is not an index in this table."_s.arg(name));
