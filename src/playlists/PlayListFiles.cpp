@@ -36,7 +36,8 @@ QString prefixPrompt()
 {
     return u"In order to use this playlist on another machine, you need to indicate the path/folder where "
            "these music files are located on the new machine.  "
-           "For example, type:  C:\\Music\\  if that is where these music files will be located on the other "
+           "For example, type:  /home/me/Music/  if that is where these music files will be located on the "
+           "other "
            "machine.\r\n\r\n"
            "If you want to create a playlist containing only the song names without a folder name prefix, "
            "type the word \"none\" in the box.\r\n\r\n"
