@@ -25,8 +25,10 @@ QList<CategoryGrid::Head> headsOf(const QString &names)
 } // namespace
 
 CategoryAssign::CategoryAssign(const CategoryParts &parts, QWidget *parent)
-    : ModalScreen(parent), m_ui(std::make_unique<Ui::CategoryAssign>()), m_parts(parts),
-      m_store(parts.catalogue), m_names(parts.desktop, m_store, CategoryNames::Screen::Assign),
+    : ModalScreen(parent), handle(
+                               parts.desktop, [this] { return windowTitle(); }, {}, [this] { refresh(); }),
+      m_ui(std::make_unique<Ui::CategoryAssign>()), m_parts(parts), m_store(parts.catalogue),
+      m_names(parts.desktop, m_store, CategoryNames::Screen::Assign),
       m_song(parts.desktop, m_store, parts.set.Data1().Recordset().value(u"RecordID"_s).toLongLong())
 {
     m_ui->setupUi(this);
@@ -64,12 +66,6 @@ void CategoryAssign::Form_Load()
     refresh();
     resize(FirstSize.boundedTo(roomFor(*this)));
     m_ui->CatgGrid->setFocus();
-}
-
-void CategoryAssign::handle(const std::function<void()> &handler)
-{
-    if (!guarded(m_parts.desktop, windowTitle(), handler))
-        guarded(m_parts.desktop, windowTitle(), [this] { refresh(); });
 }
 
 void CategoryAssign::refresh()

@@ -4,6 +4,7 @@
 #include "categories/CategoryNames.h"
 #include "categories/CategoryParts.h"
 #include "categories/SongCategories.h"
+#include "desktop/Guard.h"
 #include "desktop/ModalScreen.h"
 
 #include <memory>
@@ -35,10 +36,10 @@ private:
     void cbAssignCatgOnAdd_Click();
     void cmdExit_Click();
 
-    /** Runs a handler; what it throws is told, and both lists read anew. */
-    void handle(const std::function<void()> &handler);
     void refresh();
 
+    /** Behind an error both lists are read anew. */
+    GuardedHandler handle;
     std::unique_ptr<Ui::CategoryAssign> m_ui;
     CategoryParts m_parts;
     CategoryStore m_store;

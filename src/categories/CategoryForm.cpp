@@ -23,8 +23,10 @@ constexpr QSize FirstSize(620, 460);
 } // namespace
 
 CategoryForm::CategoryForm(const CategoryParts &parts, QWidget *parent)
-    : ModalScreen(parent), m_ui(std::make_unique<Ui::CategoryForm>()), m_parts(parts),
-      m_store(parts.catalogue), m_names(parts.desktop, m_store, CategoryNames::Screen::Form)
+    : ModalScreen(parent), handle(
+                               parts.desktop, [this] { return windowTitle(); }, {}, [this] { refresh(); }),
+      m_ui(std::make_unique<Ui::CategoryForm>()), m_parts(parts), m_store(parts.catalogue),
+      m_names(parts.desktop, m_store, CategoryNames::Screen::Form)
 {
     m_ui->setupUi(this);
     Form_Load();
@@ -67,12 +69,6 @@ void CategoryForm::showCurrentCategory()
     const auto found = std::ranges::find(all, caption, &Category::CategoryDesc);
     if (!caption.isEmpty() && found != all.end())
         m_ui->CatgGrid->makeCurrent(found->CategoryNumber);
-}
-
-void CategoryForm::handle(const std::function<void()> &handler)
-{
-    if (!guarded(m_parts.desktop, windowTitle(), handler))
-        guarded(m_parts.desktop, windowTitle(), [this] { refresh(); });
 }
 
 void CategoryForm::refresh()

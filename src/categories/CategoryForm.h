@@ -3,6 +3,7 @@
 
 #include "categories/CategoryNames.h"
 #include "categories/CategoryParts.h"
+#include "desktop/Guard.h"
 #include "desktop/ModalScreen.h"
 
 #include <memory>
@@ -36,11 +37,11 @@ private:
     void cmdShowAll_Click();
     void cmdExit_Click();
 
-    /** Runs a handler; what it throws is told, and the list read anew: another category may be gone. */
-    void handle(const std::function<void()> &handler);
     void refresh();
     void showCategory(const Category *current);
 
+    /** Behind an error the list is read anew: another category may be gone. */
+    GuardedHandler handle;
     std::unique_ptr<Ui::CategoryForm> m_ui;
     CategoryParts m_parts;
     CategoryStore m_store;

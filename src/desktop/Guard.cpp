@@ -69,4 +69,12 @@ bool guarded(Desktop &desktop, const QString &title, const std::function<void()>
     return !error;
 }
 
+bool GuardedHandler::operator()(const std::function<void()> &handler) const
+{
+    const bool done = guarded(m_desktop, m_title(), handler, m_box);
+    if (!done && m_afterError)
+        guarded(m_desktop, m_title(), m_afterError, m_box);
+    return done;
+}
+
 } // namespace quaverly

@@ -31,4 +31,34 @@ struct AlreadyTold
 bool guarded(Desktop &desktop, const QString &title, const std::function<void()> &handler,
              const ErrorBox &box = {});
 
+/** guarded() for the handlers of a screen, which all tell their errors alike. */
+class GuardedHandler final
+{
+public:
+    /** @p title is asked for at each error. What @p afterError does is guarded as well. */
+    GuardedHandler(Desktop &desktop, std::function<QString()> title, ErrorBox box = {},
+                   std::function<void()> afterError = {})
+        : m_desktop(desktop), m_title(std::move(title)), m_box(std::move(box)),
+          m_afterError(std::move(afterError))
+    {}
+
+    /** True when the handler came to its end. */
+    bool operator()(const std::function<void()> &handler) const;
+
+private:
+    Desktop &m_desktop;
+    std::function<QString()> m_title;
+    ErrorBox m_box;
+    std::function<void()> m_afterError;
+};
+
+/** Runs what a command does; a failure stops the command and nobody is told, as its users expect. */
+template <typename Command> void quietly(Command &&command)
+{
+    try {
+        command();
+    } catch (const std::exception &) { // NOLINT(bugprone-empty-catch)
+    }
+}
+
 } // namespace quaverly

@@ -42,7 +42,8 @@ constexpr int LittleHeight = 800;
 } // namespace
 
 NameEdit::NameEdit(NameEditParts parts, QWidget *parent)
-    : ModalScreen(parent), m_ui(std::make_unique<Ui::NameEdit>()), m_parts(std::move(parts))
+    : ModalScreen(parent), handle(parts.desktop, [] { return u"Error"_s; }, {{}, Icon::None}),
+      m_ui(std::make_unique<Ui::NameEdit>()), m_parts(std::move(parts))
 {
     m_ui->setupUi(this);
     build();
@@ -339,11 +340,6 @@ void NameEdit::ImageKeyboard_Click()
 {
     if (m_parts.options.TabletActive)
         m_parts.desktop.ShowKeyboard();
-}
-
-void NameEdit::handle(const std::function<void()> &handler)
-{
-    static_cast<void>(guarded(m_parts.desktop, u"Error"_s, handler, {{}, Icon::None}));
 }
 
 } // namespace quaverly

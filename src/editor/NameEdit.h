@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Guard.h"
 #include "desktop/ModalScreen.h"
 #include "player/PlayCommands.h"
 
@@ -116,9 +117,8 @@ private:
     void cmdCategories_Click();
     void txtNotes_DblClick();
     void ImageKeyboard_Click();
-    /** Runs a handler; whatever it throws is shown under the screen's title. */
-    void handle(const std::function<void()> &handler);
 
+    GuardedHandler handle;
     std::unique_ptr<Ui::NameEdit> m_ui;
     NameEditParts m_parts;
     std::unique_ptr<SongControls> m_controls;

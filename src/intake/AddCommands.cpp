@@ -7,7 +7,6 @@
 #include "desktop/MusicFolder.h"
 #include "intake/IntakeState.h"
 #include "intake/MusicLoader.h"
-#include "intake/Quietly.h"
 #include "lists/PlayerState.h"
 #include "songlist/MainScreen.h"
 

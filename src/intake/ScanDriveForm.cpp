@@ -5,7 +5,6 @@
 #include "desktop/Guard.h"
 #include "intake/IntakeState.h"
 #include "intake/MusicLoader.h"
-#include "intake/Quietly.h"
 #include "platform/shell/Shell.h"
 #include "platform/text/Text.h"
 #include "songlist/MainScreen.h"

@@ -60,7 +60,8 @@ ScanClock systemClock()
 
 NameList::NameList(Session &session, CatalogueCommands &catalogueCommands, Player &player,
                    std::function<void()> unloaded)
-    : m_ui(std::make_unique<Ui::NameList>()), m_session(session), m_catalogueCommands(catalogueCommands),
+    : handle(session.desktop(), [] { return QString::fromUtf16(ProductName); }),
+      m_ui(std::make_unique<Ui::NameList>()), m_session(session), m_catalogueCommands(catalogueCommands),
       m_player(player), m_unloaded(std::move(unloaded)),
       m_optionCommands(session.desktop(), *this, session.options(), session.optionsStore(),
                        session.settings()),
@@ -135,11 +136,6 @@ void NameList::showNotice()
 {
     m_ui->lblNotice->show();
     QTimer::singleShot(NoticeMilliseconds, m_ui->lblNotice, &QWidget::hide);
-}
-
-void NameList::handle(const std::function<void()> &handler)
-{
-    static_cast<void>(guarded(m_session.desktop(), QString::fromUtf16(ProductName), handler));
 }
 
 void NameList::Form_Load()

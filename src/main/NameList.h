@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/OptionCommands.h"
+#include "desktop/Guard.h"
 #include "main/HelpSite.h"
 #include "songlist/ListCommands.h"
 #include "songlist/Locate.h"
@@ -150,9 +151,8 @@ private:
     void lblAlphabet_Click(int index);
 
     [[nodiscard]] QWidget *controlOf(MainControl control) const;
-    /** Runs a handler; whatever it throws is shown under the program's title. */
-    void handle(const std::function<void()> &handler);
 
+    GuardedHandler handle;
     std::unique_ptr<Ui::NameList> m_ui;
     Session &m_session;
     CatalogueCommands &m_catalogueCommands;

@@ -29,8 +29,9 @@ constexpr int AutosaveMilliseconds = 30'000;
 
 MemoForm::MemoForm(NoteBook book, NoteDrafts drafts, Desktop &desktop, const Options &options,
                    QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::MemoForm>()), m_book(book), m_drafts(drafts),
-      m_note(book, std::move(drafts)), m_desktop(desktop), m_search(desktop)
+    : QDialog(parent), handle(desktop, [this] { return windowTitle(); }),
+      m_ui(std::make_unique<Ui::MemoForm>()), m_book(book), m_drafts(drafts), m_note(book, std::move(drafts)),
+      m_desktop(desktop), m_search(desktop)
 {
     m_ui->setupUi(this);
     const NoteFormats::Boxes boxes{*m_ui->chkBold, *m_ui->chkItalic, *m_ui->chkUnderline};
@@ -69,11 +70,6 @@ void MemoForm::wire()
     connect(m_ui->txtNotes, &NoteText::left, this, &MemoForm::saveQuietly);
     connect(&m_autosave, &QTimer::timeout, this, &MemoForm::saveQuietly);
     QTimer::singleShot(0, this, [this] { handle([this] { offerDrafts(); }); });
-}
-
-bool MemoForm::handle(const std::function<void()> &handler)
-{
-    return guarded(m_desktop, windowTitle(), handler);
 }
 
 void MemoForm::Form_Load(const Options &options)

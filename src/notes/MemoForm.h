@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Guard.h"
 #include "notes/OpenNote.h"
 #include "notes/TextSearch.h"
 
@@ -68,8 +69,8 @@ private:
     void takeTitle(const QString &title);
     [[nodiscard]] bool tellFault(TitleFault fault, const QString &title);
     void select(const std::optional<QTextCursor> &hit);
-    bool handle(const std::function<void()> &handler);
 
+    GuardedHandler handle;
     std::unique_ptr<Ui::MemoForm> m_ui;
     NoteBook m_book;
     NoteDrafts m_drafts;

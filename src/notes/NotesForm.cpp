@@ -17,8 +17,9 @@ namespace quaverly {
 
 NotesForm::NotesForm(const QString &text, Desktop &desktop, const Options &options, OptionsStore &store,
                      Closed closed, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::NotesForm>()), m_desktop(desktop), m_options(options),
-      m_store(store), m_search(desktop), m_closed(std::move(closed))
+    : QDialog(parent), handle(desktop, [this] { return windowTitle(); }),
+      m_ui(std::make_unique<Ui::NotesForm>()), m_desktop(desktop), m_options(options), m_store(store),
+      m_search(desktop), m_closed(std::move(closed))
 {
     m_ui->setupUi(this);
     Form_Load(text);
@@ -49,11 +50,6 @@ void NotesForm::Form_Load(const QString &text)
         m_ui->txtNotes->setFont(tablet);
     }
     restoreNotesPlace(*this, m_store, m_options);
-}
-
-void NotesForm::handle(const std::function<void()> &handler)
-{
-    static_cast<void>(guarded(m_desktop, windowTitle(), handler));
 }
 
 void NotesForm::done(int result)

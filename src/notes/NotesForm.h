@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Guard.h"
 #include "notes/TextSearch.h"
 
 #include <QDialog>
@@ -44,9 +45,8 @@ private:
     void cmdPrint_Click();
     void ImageKeyboard_Click();
     void select(const std::optional<QTextCursor> &hit);
-    /** Runs a handler; whatever it throws is shown under the screen's title. */
-    void handle(const std::function<void()> &handler);
 
+    GuardedHandler handle;
     std::unique_ptr<Ui::NotesForm> m_ui;
     Desktop &m_desktop;
     const Options &m_options;

@@ -33,7 +33,8 @@ QString withNumber(const dao::DaoError &error)
 
 PictureForm::PictureForm(Desktop &desktop, const Options &options, std::unique_ptr<PictureLink> link,
                          bool viewOnly, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::PictureForm>()), m_desktop(desktop), m_link(std::move(link)),
+    : QDialog(parent), handle(desktop, [] { return u"Error"_s; }, {.text = withNumber, .icon = Icon::Stop}),
+      m_ui(std::make_unique<Ui::PictureForm>()), m_desktop(desktop), m_link(std::move(link)),
       m_viewOnly(viewOnly)
 {
     m_ui->setupUi(this);
@@ -95,11 +96,6 @@ QSize PictureForm::wantedBox() const
         return SmallBox;
     const QSize room = screen()->availableSize() - AroundBox;
     return PictureBoxSize.scaled(room.boundedTo(PictureBoxSize), Qt::KeepAspectRatio);
-}
-
-bool PictureForm::handle(const std::function<void()> &handler)
-{
-    return guarded(m_desktop, u"Error"_s, handler, {.text = withNumber, .icon = Icon::Stop});
 }
 
 void PictureForm::showPasteButton()

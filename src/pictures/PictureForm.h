@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Guard.h"
 #include "pictures/PictureLink.h"
 
 #include <QDialog>
@@ -51,13 +52,12 @@ private:
     void cmdPrev_Click();
     void cmdNext_Click();
 
-    /** Runs a handler; whatever it throws is shown with its number. */
-    bool handle(const std::function<void()> &handler);
     void showPasteButton();
     void showLink();
     void focusNext();
     void showOthers(bool shown);
 
+    GuardedHandler handle;
     std::unique_ptr<Ui::PictureForm> m_ui;
     Desktop &m_desktop;
     std::unique_ptr<PictureLink> m_link;

@@ -13,19 +13,6 @@ using namespace Qt::StringLiterals;
 // What the media control reports, and what the user's click on a song asks of it.
 namespace quaverly {
 
-namespace {
-
-/** A failure ends the handling of an event, and nobody is told. */
-void quietly(const std::function<void()> &handling)
-{
-    try {
-        handling();
-    } catch (const std::exception &) { // NOLINT(bugprone-empty-catch)
-    }
-}
-
-} // namespace
-
 void PlayForm::wireMedia()
 {
     connect(m_media.get(), &media::MediaPlayer::PlayStateChange, this,

@@ -63,7 +63,8 @@ QString tooLongText(const QString &what)
 
 CriteriaForm::CriteriaForm(DisplayedSet &set, MainScreen &mainScreen, SettingsRows &settings,
                            Catalogue &catalogue, Desktop &desktop, const Options &options, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::CriteriaForm>()), m_set(set), m_mainScreen(mainScreen),
+    : QDialog(parent), handle(desktop, [this] { return windowTitle(); }),
+      m_ui(std::make_unique<Ui::CriteriaForm>()), m_set(set), m_mainScreen(mainScreen),
       m_catalogue(catalogue), m_desktop(desktop), m_filters(settings, desktop),
       m_probe(new CriteriaProbe(catalogue, set.texts(), this)), m_tabletActive(options.TabletActive)
 {
@@ -101,11 +102,6 @@ void CriteriaForm::wire()
     on(m_probe, &CriteriaProbe::refused, &CriteriaForm::probe_Refused);
     m_ui->listFieldNames->installEventFilter(this);
     new DropDownOnFocus(*m_ui->cmbRating);
-}
-
-void CriteriaForm::handle(const std::function<void()> &handler)
-{
-    guarded(m_desktop, windowTitle(), handler);
 }
 
 void CriteriaForm::Form_Load()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Guard.h"
 #include "platform/store/ReadProbe.h"
 #include "songlist/SavedFilters.h"
 
@@ -71,8 +72,6 @@ private:
     void probe_Counted(qint64 songs);
     void probe_Refused(const QString &text);
 
-    /** Runs a handler; whatever it throws is shown under the screen's title. */
-    void handle(const std::function<void()> &handler);
     void fillGenres();
     void showFilters(const QString &selected);
     void showState(const QString &text);
@@ -85,6 +84,7 @@ private:
     [[nodiscard]] QString criteria() const;
     [[nodiscard]] QString selectedFilter() const;
 
+    GuardedHandler handle;
     std::unique_ptr<Ui::CriteriaForm> m_ui;
     DisplayedSet &m_set;
     MainScreen &m_mainScreen;
