@@ -2,7 +2,7 @@
 #include "main/NameList.h"
 #include "ui_NameList.h"
 
-#include "desktop/Guard.h"
+#include "catalogue/CatalogueCommands.h"
 #include "desktop/KeySender.h"
 #include "desktop/ScreenLook.h"
 #include "intake/AddCommands.h"
@@ -11,6 +11,7 @@
 #include "intake/ScanForms.h"
 #include "main/EmptyState.h"
 #include "main/Session.h"
+#include "main/SongPopup.h"
 #include "main/Spokes.h"
 #include "main/WindowPlace.h"
 #include "platform/options/Folders.h"
@@ -22,7 +23,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMenu>
 #include <QTimer>
 
 #include <ctime>
@@ -37,9 +37,6 @@ namespace {
 constexpr int CloseAgainMilliseconds = 50;
 
 constexpr int NoticeMilliseconds = 800;
-
-/** Lines of the description box: song, artist, album, file. */
-constexpr int DescriptionLines = 4;
 
 /** The local time; asked once a song, so the zone is looked up once. */
 QDateTime localNow()
@@ -67,7 +64,8 @@ NameList::NameList(Session &session, CatalogueCommands &catalogueCommands, Playe
                        session.settings()),
       m_listCommands(session.displayedSet(), *this, session.desktop()),
       m_locate(session.catalogue(), session.displayedSet(), session.desktop()),
-      m_helpSite(session.desktop(), session.optionsStore(), QCoreApplication::applicationDirPath() + u'/')
+      m_helpSite(session.desktop(), session.optionsStore(), QCoreApplication::applicationDirPath() + u'/'),
+      m_letters(*m_ui), m_stateLine(*m_ui), m_dialogs(session, catalogueCommands, m_helpSite, *this, *this)
 {
     m_ui->setupUi(this);
     setCentralWidget(m_ui->content);
@@ -106,7 +104,9 @@ void NameList::build()
     buildPlayCommands();
     buildSpokes();
     addIcons();
-    addPopup();
+    m_popup = new SongPopup({m_ui->mnuPopupAddToPlaylist, m_ui->mnuPopupPlay, m_ui->mnuPopupAssignToCategory,
+                             m_ui->mnuPopupCopyFile, m_ui->mnuPopupDelete},
+                            m_ui->mnuPopupAddToPlaylist, this);
     showEmptyState();
     SongGrid &grid = *m_ui->Table1;
     grid.setData(m_session.displayedSet().Data1());
@@ -114,7 +114,8 @@ void NameList::build()
     m_gridHandlers = std::make_unique<GridHandlers>(
         grid, m_session.displayedSet(), m_session.desktop(), *m_columns,
         GridActions{[this] { m_ui->txtLocate->setFocus(); }, [this] { m_spokes->edit.cmdEdit_Click(); },
-                    [this] { showCurrentSong(); }, [this](QPoint place) { showPopup(place); }});
+                    [this] { showCurrentSong(); },
+                    [this](QPoint place) { m_popup->show(place, m_session.player().CurrentPlayListName); }});
 }
 
 void NameList::buildPlayCommands()
@@ -132,6 +133,19 @@ void NameList::buildPlayCommands()
         [this] { showNotice(); }});
 }
 
+void NameList::buildSpokes()
+{
+    m_spokes = std::make_unique<Spokes>(
+        m_session, SpokeHooks{m_player, *this, *this,
+                              [this](const QString &command) {
+                                  return m_catalogueCommands.backups().beforeBulkCommand(command);
+                              },
+                              [this](const EditedSong &song, const EditorScreens &screens) {
+                                  m_playCommands->playFromEditor(song, screens);
+                              },
+                              [this] { m_ui->cmdPictures->setFocus(); }});
+}
+
 void NameList::showNotice()
 {
     m_ui->lblNotice->show();
@@ -147,7 +161,7 @@ void NameList::Form_Load()
     m_session.displayedSet().openAtLoad();
     m_optionCommands.load();
     scaleFont(*m_ui->lblCategory, 1.1, true);
-    fitLines();
+    m_stateLine.keepRoom();
     m_ui->Table1->setDesignWidths();
     m_columns->load(m_session.catalogue().DatabaseFolder);
     // One that a run left behind which could not end.
@@ -158,18 +172,6 @@ void NameList::Form_Load()
     set_lblCategory(lblCategory());
     set_lblSelectedCount({});
     setVisible(MainControl::cmdShowArtistSongs, false);
-}
-
-void NameList::fitLines()
-{
-    // The line above the list keeps its room, so that no row moves away under the pointer.
-    const int button = m_ui->cmdShowArtistSongs->sizeHint().height();
-    m_ui->stateSpacer->changeSize(0, std::max(button, m_ui->lblCategory->sizeHint().height()),
-                                  QSizePolicy::Expanding, QSizePolicy::Minimum);
-    m_ui->stateLayout->invalidate();
-    const int line = m_ui->txtName->fontMetrics().lineSpacing();
-    const int margins = 2 * static_cast<int>(m_ui->txtName->document()->documentMargin());
-    m_ui->txtName->setFixedHeight(DescriptionLines * line + margins + line / 2);
 }
 
 void NameList::showEmptyState()
@@ -270,57 +272,15 @@ void NameList::changeEvent(QEvent *event)
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_firstActivation)
         Form_Activate();
     if (event->type() == QEvent::FontChange) {
-        fitLines();
-        placeLetters();
+        m_stateLine.keepRoom();
+        m_letters.place(width());
     }
 }
 
 void NameList::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
-    placeLetters();
-}
-
-// Beside the Locate box while there is room, else below it.
-void NameList::placeLetters()
-{
-    QGridLayout &row = *m_ui->sortLayout;
-    int needed = m_ui->FrameAlpha->minimumSizeHint().width() + row.horizontalSpacing();
-    for (QWidget *control :
-         {static_cast<QWidget *>(m_ui->lblSort), static_cast<QWidget *>(m_ui->cmbSort),
-          static_cast<QWidget *>(m_ui->cmdSortSong), static_cast<QWidget *>(m_ui->cmdSortArtist),
-          static_cast<QWidget *>(m_ui->lblLocate)})
-        needed += control->sizeHint().width() + row.horizontalSpacing();
-    needed += m_ui->txtLocate->minimumWidth();
-    const QMargins margins = m_ui->stripLayout->contentsMargins();
-    const bool beside = needed <= width() - margins.left() - margins.right();
-    const int place = row.indexOf(m_ui->FrameAlpha);
-    int line = 0;
-    int column = 0;
-    int lines = 0;
-    int columns = 0;
-    row.getItemPosition(place, &line, &column, &lines, &columns);
-    if (beside == (line == 0))
-        return;
-    row.removeWidget(m_ui->FrameAlpha);
-    if (beside)
-        row.addWidget(m_ui->FrameAlpha, 0, row.columnCount());
-    else
-        row.addWidget(m_ui->FrameAlpha, 1, 0, 1, row.columnCount());
-}
-
-bool NameList::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() != QEvent::KeyPress)
-        return QMainWindow::eventFilter(watched, event);
-    // A key typed at the description is one for the list.
-    auto *key = static_cast<QKeyEvent *>(event);
-    key->ignore();
-    handle([&] { m_gridHandlers->Table1_KeyDown(key); });
-    const bool obeyed = key->isAccepted();
-    // Left ignored, it would be obeyed by the box and by the screen behind it: Tab would move twice.
-    key->accept();
-    return obeyed;
+    m_letters.place(width());
 }
 
 void NameList::showCurrentSong()
@@ -343,6 +303,11 @@ void NameList::showCurrentSong()
     set_txtName(lines + u'\n' + text(u"PathName") + text(u"FileName"));
     if (cmdShowArtistSongs() != QStringView(captions::ReturnFromArtist))
         m_session.displayedSet().showArtistButton();
+}
+
+void NameList::unloadPics3()
+{
+    m_spokes->pictures.unloadPics3();
 }
 
 void NameList::unloadPlayForm()

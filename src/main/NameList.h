@@ -4,6 +4,9 @@
 #include "catalogue/OptionCommands.h"
 #include "desktop/Guard.h"
 #include "main/HelpSite.h"
+#include "main/LetterPlacement.h"
+#include "main/MainDialogs.h"
+#include "main/StateLine.h"
 #include "songlist/ListCommands.h"
 #include "songlist/Locate.h"
 #include "songlist/MainScreen.h"
@@ -11,8 +14,6 @@
 #include <QMainWindow>
 
 #include <memory>
-
-class QMenu;
 
 namespace Ui {
 class NameList;
@@ -30,6 +31,7 @@ class PlayCommands;
 class Player;
 class ScanForms;
 class Session;
+class SongPopup;
 class Spokes;
 
 /** The main screen: title, menus, tool buttons, sort box, Locate, grid and description box, each wired to
@@ -98,7 +100,6 @@ protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void build();
@@ -106,45 +107,18 @@ private:
     void buildSpokes();
     void showNotice();
     void wire();
-    void wireButtons();
-    void wireListCommands();
-    void wireOptions();
-    void wireAddCommands();
-    void wirePlayCommands();
-    void wireSpokes();
-    void wireEditing();
-    void wireMaintenance();
-    void wireReports();
     void wireLocate();
     void addIcons();
-    void addPopup();
-    void showPopup(QPoint place);
     void Form_Load();
     void Form_Activate();
     void Form_Unload();
     void unbind();
     void showEmptyState();
     void showCurrentSong();
-    void fitLines();
-    void placeLetters();
 
-    void FindEditMenu_Click();
-    void SelectionCriteria_Click();
     void cmdDelete_Click();
-    void cmdShowSelected_Click();
-    void cmdShowArtistSongs_Click();
-    void ShowSelectedOnlyMenu_Click();
-    void HideSelectedMenu_Click();
-    void RemoveSelectionsMenu_Click();
-    void DisplayRecCntMenu_Click();
     void GridEditMenu_Click();
-    void mnuFileFont_Click();
-    void DataBaseLocation_Click();
-    void mnuPassword_Click();
-    void mnuRestoreBackup_Click();
-    void OphanedPictures_Click();
-    void EmptyDeletedPicturesFolder_Click();
-    void AboutBox_Click();
+    void FileExit_Click();
     void txtLocate_KeyUp(int key);
     void txtLocate_KeyPress(int key);
     void txtLocate_Click();
@@ -169,7 +143,10 @@ private:
     std::unique_ptr<Spokes> m_spokes;
     std::unique_ptr<ColumnMoves> m_columns;
     std::unique_ptr<GridHandlers> m_gridHandlers;
-    QMenu *m_popup = nullptr;
+    LetterPlacement m_letters;
+    StateLine m_stateLine;
+    MainDialogs m_dialogs;
+    SongPopup *m_popup = nullptr;
     EmptyState *m_emptyState = nullptr;
     quint32 m_backColor = OriginalBackColor;
     bool m_firstActivation = true;

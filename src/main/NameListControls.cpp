@@ -81,8 +81,7 @@ bool NameList::isVisible(MainControl control) const
 
 void NameList::set_lblCategory(const QString &caption)
 {
-    m_ui->lblCategory->setText(caption);
-    m_ui->lblCategory->setVisible(!caption.isEmpty());
+    m_stateLine.setCategory(caption);
     if (caption.startsWith("Records containing"_L1) || caption.startsWith("Showing"_L1))
         setEnabled(MainControl::cmdAdd, false);
 }
@@ -104,24 +103,17 @@ QString NameList::lblFilterMsg() const
 
 void NameList::set_lblSelectedCount(const QString &caption)
 {
-    m_ui->lblSelectedCount->setText(caption);
-    m_ui->lblSelectedCount->setVisible(!caption.isEmpty());
+    m_stateLine.setSelectedCount(caption);
 }
 
 void NameList::set_cmdShowArtistSongs(const QString &caption)
 {
-    // A very long artist must not push the other buttons off the screen.
-    constexpr int MostPixels = 420;
-    m_ui->cmdShowArtistSongs->setMaximumWidth(MostPixels);
-    m_ui->cmdShowArtistSongs->setProperty("caption", caption);
-    m_ui->cmdShowArtistSongs->setAccessibleName(QString(caption).replace(u"&&"_s, u"&"_s));
-    const QFontMetrics metrics = m_ui->cmdShowArtistSongs->fontMetrics();
-    m_ui->cmdShowArtistSongs->setText(metrics.elidedText(caption, Qt::ElideRight, MostPixels - 32));
+    m_stateLine.setArtistButton(caption);
 }
 
 QString NameList::cmdShowArtistSongs() const
 {
-    return m_ui->cmdShowArtistSongs->property("caption").toString();
+    return m_stateLine.artistButton();
 }
 
 void NameList::set_txtLocate(const QString &text)
@@ -131,8 +123,7 @@ void NameList::set_txtLocate(const QString &text)
 
 void NameList::set_txtName(const QString &text)
 {
-    m_ui->txtName->setPlainText(text);
-    m_ui->txtName->setToolTip(text);
+    m_ui->txtName->setDescription(text);
 }
 
 QString NameList::cmbSort() const
@@ -217,20 +208,10 @@ void NameList::set_BackColor(quint32 color)
 {
     m_backColor = color;
     const QColor back = colorOf(color);
-    const QColor text = textColorOn(back);
     QPalette colours = m_ui->background->palette();
     colours.setColor(QPalette::Window, back);
     m_ui->background->setPalette(colours);
-    for (QWidget *label :
-         {static_cast<QWidget *>(m_ui->lblCategory), static_cast<QWidget *>(m_ui->lblFilterMsg),
-          static_cast<QWidget *>(m_ui->lblSelectedCount), static_cast<QWidget *>(m_ui->lblNotice),
-          static_cast<QWidget *>(m_ui->txtName)}) {
-        QPalette own = label->palette();
-        own.setColor(QPalette::WindowText, text);
-        own.setColor(QPalette::Text, text);
-        own.setColor(QPalette::Base, back);
-        label->setPalette(own);
-    }
+    m_stateLine.setTextColor(textColorOn(back), back);
 }
 
 // The family stays that of the screens: only size and weight belong to the mode.
@@ -248,7 +229,7 @@ void NameList::applyLook(const ModeLook &look)
     m_ui->Table1->setRowHeight(look.rowHeight);
     m_session.desktop().setTabletActive(m_session.options().TabletActive);
     m_ui->txtLocate->setMinimumHeight(look.locateHeight / TwipsPerPixel);
-    placeLetters();
+    m_letters.place(width());
 }
 
 void NameList::enableModes(bool tabletMode, bool desktopMode)

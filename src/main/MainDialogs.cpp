@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "main/MainDialogs.h"
+
+#include "catalogue/CatalogueCommands.h"
+#include "catalogue/frmDatabaseLocation.h"
+#include "catalogue/frmFontForm.h"
+#include "catalogue/frmPassword.h"
+#include "catalogue/frmRestoreBackup.h"
+#include "desktop/About.h"
+#include "main/HelpSite.h"
+#include "main/Session.h"
+#include "pictures/PictureHousekeeping.h"
+#include "songlist/CriteriaForm.h"
+
+namespace quaverly {
+
+void MainDialogs::SelectionCriteria_Click()
+{
+    auto form = std::make_unique<CriteriaForm>(m_session.displayedSet(), m_mainScreen, m_session.settings(),
+                                               m_session.catalogue(), m_session.desktop(),
+                                               m_session.options(), &m_owner);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form.release()->open();
+}
+
+void MainDialogs::mnuFileFont_Click()
+{
+    (new frmFontForm(m_session.desktop(), m_session.options(), m_session.optionsStore(), &m_owner))
+        ->showModally();
+}
+
+void MainDialogs::DataBaseLocation_Click()
+{
+    const DatabaseLocation location(m_session.desktop(), m_session.catalogue(), m_session.optionsStore(),
+                                    m_session.lastFolder());
+    (new frmDatabaseLocation(m_session.desktop(), location, m_session.options().TabletActive, &m_owner))
+        ->showModally();
+}
+
+void MainDialogs::mnuPassword_Click()
+{
+    const PasswordChange change(m_session.desktop(), m_session.catalogue());
+    (new frmPassword(m_session.desktop(), change, m_session.options().TabletActive, &m_owner))->showModally();
+}
+
+void MainDialogs::mnuRestoreBackup_Click()
+{
+    auto form = std::make_unique<frmRestoreBackup>(
+        m_session.desktop(), RestoreBackup(m_session.desktop(), m_catalogueCommands.backups()),
+        m_session.options().TabletActive, &m_owner);
+    // What follows unloads the main screen: it waits until the other one is gone.
+    QObject::connect(
+        form.get(), &frmRestoreBackup::restoreWanted, &m_owner,
+        [&commands = m_catalogueCommands](const Backup &backup) { commands.restoreBackup(backup); },
+        Qt::QueuedConnection);
+    form.release()->showModally();
+}
+
+void MainDialogs::OphanedPictures_Click()
+{
+    PictureHousekeeping(m_session.desktop(), m_session.catalogue()).OphanedPictures_Click();
+}
+
+void MainDialogs::EmptyDeletedPicturesFolder_Click()
+{
+    PictureHousekeeping(m_session.desktop(), m_session.catalogue()).EmptyDeletedPicturesFolder_Click();
+}
+
+void MainDialogs::AboutBox_Click()
+{
+    auto *about = new About([&help = m_helpSite] { help.HelpGotoWebsite_Click(); }, &m_owner);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->open();
+}
+
+} // namespace quaverly
