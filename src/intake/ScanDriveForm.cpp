@@ -170,12 +170,16 @@ bool ScanDriveForm::Form_Unload()
     return false;
 }
 
-// Enter in the open list reaches the window too, where it would press the default button.
+// Enter in the open list reaches the window too: no button is the default one, and only its own focus counts.
 void ScanDriveForm::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!isEnter || focusWidget() != m_ui->cmbDrive)
+    if (!isEnter)
         ScanWindow::keyPressEvent(event);
+    else if (m_ui->cmdLoad->hasFocus())
+        m_ui->cmdLoad->click();
+    else if (m_ui->cmdExit->hasFocus())
+        m_ui->cmdExit->click();
 }
 
 void ScanDriveForm::closeEvent(QCloseEvent *event)
