@@ -56,6 +56,25 @@ public:
     {
         return {};
     }
+    std::optional<FontChoice> ShowFont(const QString & /*title*/, const FontChoice & /*start*/) override
+    {
+        return {};
+    }
+    bool isPictureOnClipboard() override { return false; }
+    bool takeFromClipboard(QImage & /*picture*/) override { return false; }
+    std::unique_ptr<WorkingWindow> ShowWorkingForm(const QString & /*caption*/, const QString & /*msg*/,
+                                                   bool /*withBar*/) override
+    {
+        return std::make_unique<WorkingWindow>();
+    }
+    void ShowHelp(const QString & /*heading*/, const QString & /*body*/) override {}
+    bool ShowKeyboard() override { return false; }
+    void setTabletActive(bool /*on*/) override {}
+    bool isTabletWithoutMouse() override { return false; }
+    std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() override { return nullptr; }
+    void ShowPrintPreview(const QString & /*title*/,
+                          const std::function<void(QPagedPaintDevice &)> & /*draw*/) override
+    {}
     bool OpenUrl(const QUrl & /*url*/) override { return false; }
     void setHourglass(bool /*on*/) override {}
     void resetPointer() override {}

@@ -104,15 +104,12 @@ public:
     virtual std::optional<quint32> ShowColor(quint32 start) = 0;
 
     /** Font and colour, or nothing on cancel. */
-    virtual std::optional<FontChoice> ShowFont(const QString & /*title*/, const FontChoice & /*start*/)
-    {
-        return {};
-    }
+    virtual std::optional<FontChoice> ShowFont(const QString &title, const FontChoice &start) = 0;
 
     /** Whether the clipboard holds a picture; asked often, so it is not read. */
-    [[nodiscard]] virtual bool isPictureOnClipboard() { return false; }
+    [[nodiscard]] virtual bool isPictureOnClipboard() = 0;
     /** The picture on the clipboard; false, and @p picture as it was, when there is none. */
-    virtual bool takeFromClipboard(QImage & /*picture*/) { return false; }
+    virtual bool takeFromClipboard(QImage &picture) = 0;
 
     /** The folder chosen, with a trailing separator, or the empty text on cancel. */
     virtual QString BrowseForFolder(const QString &prompt, const QString &title,
@@ -120,34 +117,30 @@ public:
 
     /** The please-wait window, shown without blocking; let events run once and it is painted. */
     [[nodiscard]] virtual std::unique_ptr<WorkingWindow>
-    ShowWorkingForm(const QString & /*caption*/, const QString & /*msg*/, bool /*withBar*/)
-    {
-        return std::make_unique<WorkingWindow>();
-    }
+    ShowWorkingForm(const QString &caption, const QString &msg, bool withBar) = 0;
 
     /** The help window, until the user closes it. */
-    virtual void ShowHelp(const QString & /*heading*/, const QString & /*body*/) {}
+    virtual void ShowHelp(const QString &heading, const QString &body) = 0;
 
     /** The on-screen keyboard that the desktop offers; false when there is none. */
-    virtual bool ShowKeyboard() { return false; }
+    virtual bool ShowKeyboard() = 0;
 
     /** Dialogs from now on are sized for fingers, or for a mouse again. */
-    virtual void setTabletActive(bool /*on*/) {}
+    virtual void setTabletActive(bool on) = 0;
 
     /** A touch screen and no mouse; looked up afresh. */
-    virtual bool isTabletWithoutMouse() { return false; }
+    virtual bool isTabletWithoutMouse() = 0;
 
     /**
      * The printer dialog: the printer as it was set up there, ready to be drawn on, or null on cancel. The
      * next dialog starts with what was chosen.
      */
-    [[nodiscard]] virtual std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() { return nullptr; }
+    [[nodiscard]] virtual std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() = 0;
 
     /** Shows what @p draw puts on the pages; it may be called again, for other paper or the printer itself.
      */
-    virtual void ShowPrintPreview(const QString & /*title*/,
-                                  const std::function<void(QPagedPaintDevice &)> & /*draw*/)
-    {}
+    virtual void ShowPrintPreview(const QString &title,
+                                  const std::function<void(QPagedPaintDevice &)> &draw) = 0;
 
     /** Opens an address with the program that the desktop has for it; false when there is none. */
     virtual bool OpenUrl(const QUrl &url) = 0;

@@ -17,6 +17,7 @@
 #include "editor/SongControls.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/text/Text.h"
+#include "platform/text/Twips.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
 #include "ui_NameEdit.h"

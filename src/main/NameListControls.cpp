@@ -7,6 +7,7 @@
 #include "desktop/Desktop.h"
 #include "main/BackColor.h"
 #include "main/Session.h"
+#include "platform/text/Twips.h"
 #include "songlist/ColumnMoves.h"
 #include "songlist/GridHandlers.h"
 

@@ -3,6 +3,7 @@
 
 #include "catalogue/Options.h"
 #include "platform/options/OptionsStore.h"
+#include "platform/text/Twips.h"
 
 #include <QScreen>
 #include <QStringList>

@@ -3,6 +3,7 @@
 
 #include "pictures/PictureLoader.h"
 #include "platform/options/OptionsStore.h"
+#include "platform/text/Twips.h"
 #include "ui_Pics3.h"
 
 #include <QCloseEvent>

@@ -4,6 +4,7 @@
 #include "desktop/FileHelpers.h"
 #include "pictures/PictureFaults.h"
 #include "platform/options/OptionsStore.h"
+#include "platform/text/Twips.h"
 
 #include <QFile>
 #include <QImageReader>

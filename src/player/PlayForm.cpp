@@ -9,6 +9,7 @@
 #include "platform/media/Media.h"
 #include "platform/media/Mpris.h"
 #include "platform/options/OptionsStore.h"
+#include "platform/text/Twips.h"
 #include "player/Player.h"
 #include "player/PlayerSettings.h"
 #include "player/SongListModel.h"

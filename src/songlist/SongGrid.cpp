@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "songlist/SongGrid.h"
 
+#include "platform/text/Twips.h"
 #include "songlist/SongCellDelegate.h"
 
 #include <QHeaderView>
@@ -14,8 +15,6 @@ using namespace Qt::StringLiterals;
 namespace quaverly {
 
 namespace {
-
-constexpr double TwipsPerPixel = 15.0;
 
 /** In pixels: wide enough to be caught with the pointer again. */
 constexpr int NarrowestColumn = 12;
@@ -208,7 +207,7 @@ void SongGrid::followFont()
 
 double SongGrid::columnTwips(int column) const
 {
-    return columnWidth(column) * TwipsPerPixel;
+    return static_cast<double>(columnWidth(column)) * TwipsPerPixel;
 }
 
 void SongGrid::setColumnTwips(int column, double twips)

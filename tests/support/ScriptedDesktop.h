@@ -126,6 +126,10 @@ public:
         picture = clipboard.isNull() ? picture : clipboard;
         return !clipboard.isNull();
     }
+    void ShowHelp(const QString & /*heading*/, const QString & /*body*/) override {}
+    bool ShowKeyboard() override { return false; }
+    void setTabletActive(bool /*on*/) override {}
+    bool isTabletWithoutMouse() override { return false; }
     bool OpenUrl(const QUrl &url) override
     {
         m_urls += url;

@@ -8,9 +8,6 @@ namespace quaverly {
 /** The section that holds every option of the program. */
 inline constexpr char16_t OptionsSection[] = u"Options";
 
-/** Window positions and sizes are kept in twips. */
-inline constexpr int TwipsPerPixel = 15;
-
 /**
  * The user's options on this machine: one INI file, texts by section and key. Nothing is cached, so
  * that what a second start of the program saves is seen here.

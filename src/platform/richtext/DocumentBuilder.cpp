@@ -2,6 +2,7 @@
 #include "platform/richtext/DocumentBuilder.h"
 
 #include "platform/richtext/RichText.h"
+#include "platform/text/Twips.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
@@ -44,7 +45,7 @@ void clean(QString &text)
 
 double pixels(int twips)
 {
-    return std::clamp(twips, -WidestIndent, WidestIndent) / TwipsPerPixel;
+    return static_cast<double>(std::clamp(twips, -WidestIndent, WidestIndent)) / quaverly::TwipsPerPixel;
 }
 
 Qt::Alignment alignment(ParagraphState::Align align)

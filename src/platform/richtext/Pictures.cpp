@@ -2,7 +2,7 @@
 #include "platform/richtext/Pictures.h"
 
 #include "platform/richtext/RichText.h"
-#include "platform/richtext/RtfState.h"
+#include "platform/text/Twips.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -141,7 +141,7 @@ QTextImageFormat addPicture(QTextDocument &document, const Picture &picture, Pic
 
 QByteArray pictureWords(const QByteArray &kind, QSize pixels, QSize shown)
 {
-    const auto twips = [](int length) { return QByteArray::number(qRound(length * TwipsPerPixel)); };
+    const auto twips = [](int length) { return QByteArray::number(length * quaverly::TwipsPerPixel); };
     return '\\' + kind + "\\picw" + QByteArray::number(pixels.width()) + "\\pich" +
            QByteArray::number(pixels.height()) + "\\picwgoal" + twips(shown.width()) + "\\pichgoal" +
            twips(shown.height());

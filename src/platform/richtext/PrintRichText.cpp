@@ -3,6 +3,7 @@
 
 #include "platform/richtext/RichText.h"
 #include "platform/store/DaoError.h"
+#include "platform/text/Twips.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPageRanges>
@@ -21,12 +22,10 @@ namespace richtext {
 
 namespace {
 
-constexpr double TwipsPerInch = 1440;
-
 QRectF printedArea(const QPagedPaintDevice &printer, const PrintMargins &margins)
 {
-    const double across = printer.logicalDpiX() / TwipsPerInch;
-    const double down = printer.logicalDpiY() / TwipsPerInch;
+    const double across = static_cast<double>(printer.logicalDpiX()) / quaverly::TwipsPerInch;
+    const double down = static_cast<double>(printer.logicalDpiY()) / quaverly::TwipsPerInch;
     return QRectF(0, 0, printer.width(), printer.height())
         .adjusted(margins.left * across, margins.top * down, -margins.right * across, -margins.bottom * down);
 }

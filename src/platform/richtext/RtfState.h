@@ -56,8 +56,6 @@ struct FontEntry
     int codePage = -1;
 };
 
-inline constexpr double TwipsPerPixel = 15;
-
 /** What a word changes in how characters look. */
 void change(CharState &state, const Word &word, std::optional<int> number);
 /** What a word changes in how a paragraph stands. */

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/richtext/RtfReader.h"
 
+#include "platform/text/Twips.h"
+
 // What a file says beside its text: fonts, colours and the bytes of pictures.
 namespace richtext {
 
@@ -136,7 +138,7 @@ void RtfReader::pictureText(QByteArrayView bytes)
 void RtfReader::endPicture()
 {
     const auto pixels = [](int twips, int percent) {
-        return qRound(twips * (percent > 0 ? percent : 100) / 100.0 / TwipsPerPixel);
+        return qRound(twips * (percent > 0 ? percent : 100) / 100.0 / quaverly::TwipsPerPixel);
     };
     m_allPictures += m_pictureBytes.size();
     if (!m_pictureBytes.isEmpty()) {

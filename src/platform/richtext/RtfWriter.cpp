@@ -3,6 +3,7 @@
 
 #include "platform/richtext/Pictures.h"
 #include "platform/store/DaoError.h"
+#include "platform/text/Twips.h"
 
 #include <QBuffer>
 #include <QSaveFile>
@@ -22,7 +23,7 @@ constexpr qsizetype HexLine = 64;
 
 int twips(double pixels)
 {
-    return qRound(pixels * TwipsPerPixel);
+    return qRound(pixels * quaverly::TwipsPerPixel);
 }
 
 ParagraphState shapeOf(const QTextBlockFormat &format)
