@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "YesDesktop.h"
 #include "catalogue/CatalogueCommands.h"
 #include "catalogue/CatalogueSchema.h"
 #include "catalogue/Options.h"
@@ -35,40 +36,6 @@ struct State
     bool operator==(const State &) const = default;
     /** For the journal, and to be told. */
     [[nodiscard]] QString text() const;
-};
-
-/** A user who says Yes to everything, and what he was told. */
-class YesDesktop final : public quaverly::Desktop
-{
-public:
-    QStringList told;
-
-    quaverly::Answer MessageBox(const QString &text, const QString & /*title*/, quaverly::Icon /*icon*/,
-                                quaverly::Buttons buttons,
-                                std::optional<quaverly::Answer> /*defaultAnswer*/) override
-    {
-        told += text;
-        return buttons == quaverly::Buttons::YesNo ? quaverly::Answer::Yes : quaverly::Answer::Ok;
-    }
-    QString InputPrompt(const QString & /*prompt*/, const QString & /*title*/,
-                        const QString & /*defaultText*/, bool /*password*/) override
-    {
-        return {};
-    }
-    bool ShowWarning(const QString & /*text*/, const QString & /*key*/) override { return true; }
-    std::optional<QString> ShowOpenDialog(const quaverly::FileQuestion & /*question*/) override { return {}; }
-    std::optional<QString> ShowSaveDialog(const quaverly::FileQuestion & /*question*/) override { return {}; }
-    std::optional<quint32> ShowColor(quint32 /*start*/) override { return {}; }
-    QString BrowseForFolder(const QString & /*prompt*/, const QString & /*title*/,
-                            const QString & /*startFolder*/) override
-    {
-        return {};
-    }
-    bool OpenUrl(const QUrl & /*url*/) override { return false; }
-    void setHourglass(bool /*on*/) override {}
-    void resetPointer() override {}
-    void letEventsRun() override {}
-    bool inputWaiting() override { return false; }
 };
 
 /** The program without its screens, on the catalogue of a folder. */

@@ -3,6 +3,7 @@
 #include "BareSqlite.h"
 #include "Bench.h"
 #include "BenchCatalogue.h"
+#include "YesDesktop.h"
 
 #include "catalogue/CatalogueSchema.h"
 #include "catalogue/DuplicateQueries.h"
@@ -26,60 +27,18 @@ using namespace quaverly;
 
 namespace {
 
-/** A user who wants all of it. */
-class WillingDesktop final : public Desktop
+/** Tells what failed, and lets events run as the real one does. */
+class WillingDesktop final : public bench::YesDesktop
 {
 public:
-    Answer MessageBox(const QString &text, const QString & /*title*/, Icon icon, Buttons buttons,
-                      std::optional<Answer> /*defaultAnswer*/) override
+    Answer MessageBox(const QString &text, const QString &title, Icon icon, Buttons buttons,
+                      std::optional<Answer> defaultAnswer) override
     {
         if (icon == Icon::Stop)
             std::fprintf(stderr, "%s\n", qPrintable(text));
-        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+        return YesDesktop::MessageBox(text, title, icon, buttons, defaultAnswer);
     }
-    bool MessageWithMore(const QString & /*text*/, const QString & /*title*/, Icon /*icon*/,
-                         const QString & /*more*/) override
-    {
-        return false;
-    }
-    QString InputPrompt(const QString & /*prompt*/, const QString & /*title*/, const QString & /*text*/,
-                        bool /*password*/) override
-    {
-        return {};
-    }
-    bool ShowWarning(const QString & /*text*/, const QString & /*key*/) override { return true; }
-    std::optional<QString> ShowOpenDialog(const FileQuestion & /*question*/) override { return {}; }
-    std::optional<QString> ShowSaveDialog(const FileQuestion & /*question*/) override { return {}; }
-    std::optional<quint32> ShowColor(quint32 /*start*/) override { return {}; }
-    QString BrowseForFolder(const QString & /*prompt*/, const QString & /*title*/,
-                            const QString & /*startFolder*/) override
-    {
-        return {};
-    }
-    std::optional<FontChoice> ShowFont(const QString & /*title*/, const FontChoice & /*start*/) override
-    {
-        return {};
-    }
-    bool isPictureOnClipboard() override { return false; }
-    bool takeFromClipboard(QImage & /*picture*/) override { return false; }
-    std::unique_ptr<WorkingWindow> ShowWorkingForm(const QString & /*caption*/, const QString & /*msg*/,
-                                                   bool /*withBar*/) override
-    {
-        return std::make_unique<WorkingWindow>();
-    }
-    void ShowHelp(const QString & /*heading*/, const QString & /*body*/) override {}
-    bool ShowKeyboard() override { return false; }
-    void setTabletActive(bool /*on*/) override {}
-    bool isTabletWithoutMouse() override { return false; }
-    std::shared_ptr<QPagedPaintDevice> ShowPrinterDialog() override { return nullptr; }
-    void ShowPrintPreview(const QString & /*title*/,
-                          const std::function<void(QPagedPaintDevice &)> & /*draw*/) override
-    {}
-    bool OpenUrl(const QUrl & /*url*/) override { return false; }
-    void setHourglass(bool /*on*/) override {}
-    void resetPointer() override {}
     void letEventsRun() override { QCoreApplication::processEvents(); }
-    bool inputWaiting() override { return false; }
 };
 
 /** A main screen that shows nothing. */

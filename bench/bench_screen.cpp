@@ -53,7 +53,7 @@ class Screen final
 public:
     explicit Screen(int songs)
         : m_store(m_folder.filePath(u"options.ini"_s)), m_desktop(m_store), m_instance(m_folder.path()),
-          m_program(m_desktop, m_store, m_instance, bench::catalogueOf(songs), [] {})
+          m_program(m_desktop, m_store, m_instance, {bench::catalogueOf(songs)}, [] {})
     {
         if (!m_program.start())
             qFatal("the program did not start");

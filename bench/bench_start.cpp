@@ -72,7 +72,7 @@ int wholeProgram(const QString &catalogue)
     quaverly::OptionsStore store(temporary.filePath(u"options.ini"_s));
     quaverly::QtDesktop desktop(store);
     quaverly::SingleInstance instance(temporary.path());
-    quaverly::Program program(desktop, store, instance, catalogue, [] {});
+    quaverly::Program program(desktop, store, instance, {catalogue}, [] {});
     if (!program.start())
         return 1;
     auto *grid = program.mainScreen()->findChild<QTableView *>(u"Table1"_s);
