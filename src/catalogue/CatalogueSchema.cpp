@@ -38,6 +38,13 @@ dao::Schema catalogueSchema()
         if (line.startsWith("CREATE"_L1))
             schema.indexes.append(line);
     }
+    // Marks are of the run, and of the settings only filters and notes are a user's work.
+    schema.logged = {{u"tblContacts"_s, {u"Selected"_s}, {}},
+                     {u"tblCategoryDesc"_s, {}, {}},
+                     {u"tblCategoryID"_s, {}, {}},
+                     {u"tblPlayListHeader"_s, {}, {}},
+                     {u"tblPlayListDetail"_s, {}, {}},
+                     {u"tblSettings"_s, {}, u"row.Type IN ('FILTER', 'NOTE')"_s}};
     return schema;
 }
 

@@ -246,6 +246,20 @@ public:
 
     [[nodiscard]] Workspace &workspace();
 
+    /**
+     * Says in a sentence what the change is that begins with the next statement or has begun; the first
+     * sentence holds. A change lasts to endChange(). What it did is kept in the journal; see History.h.
+     */
+    void describeChange(const QString &sentence);
+    /** What comes next is another change, unless this one is held. Settles what is pending. */
+    void endChange();
+    /** A change that waits for the user goes on with his next command. */
+    void holdChange(bool held) { m_changeHeld = held; }
+    /** Tells the journal, as part of the change that is being made, that a song's file has gone elsewhere. */
+    void noteFileMoved(qint64 song, const QString &from, const QString &to);
+    /** Runs an action of whose rows the journal is to keep nothing: a copy of the catalogue stands in. */
+    void ExecuteUnlogged(const QString &sql, const QString &sentence);
+
     /** Counts rows from another thread; see ReadProbe.h. @throws 3024 when the file was moved away. */
     [[nodiscard]] std::unique_ptr<ReadProbe> probe();
 
@@ -268,6 +282,7 @@ public:
 private:
     std::unique_ptr<DatabaseImpl> m_impl;
     qint64 m_recordsAffected = 0;
+    bool m_changeHeld = false;
 };
 
 /**

@@ -246,6 +246,40 @@ void Database::NewPassword(const QString &oldPassword, const QString &newPasswor
     m_impl->setPassword(oldPassword, newPassword);
 }
 
+void Database::describeChange(const QString &sentence)
+{
+    if (ChangeLog *log = m_impl->changeLog())
+        log->describe(sentence);
+}
+
+void Database::endChange()
+{
+    workspace().settle();
+    if (ChangeLog *log = m_impl->changeLog(); log != nullptr && !m_changeHeld)
+        log->endChange();
+}
+
+void Database::noteFileMoved(qint64 song, const QString &from, const QString &to)
+{
+    m_impl->change([&] {
+        if (ChangeLog *log = m_impl->changeLog())
+            log->noteFileMoved(song, from, to);
+    });
+}
+
+void Database::ExecuteUnlogged(const QString &sql, const QString &sentence)
+{
+    endChange();
+    Transaction transaction(workspace());
+    if (ChangeLog *log = m_impl->changeLog()) {
+        const ChangeLog::Silence silence(*log);
+        Execute(sql);
+        m_impl->change([&] { log->noteCopyOnly(sentence); });
+    }
+    transaction.commit();
+    endChange();
+}
+
 std::unique_ptr<ReadProbe> Database::probe()
 {
     return std::make_unique<ReadProbe>(m_impl->newProbe());

@@ -134,6 +134,7 @@ DatabaseImpl::DatabaseImpl(const QString &path, const Schema &schema, Workspace 
         migrate();
         refreshCollation();
         buildMissingIndexes();
+        m_changeLog = std::make_unique<ChangeLog>(*m_connection, schema);
     }
     loadNames();
 }
@@ -337,8 +338,10 @@ void DatabaseImpl::change(const std::function<void()> &run)
     }
     // Within another's transaction a statement that fails undoes itself.
     run();
-    if (own && !m_bulk.isOn())
+    if (own && !m_bulk.isOn()) {
+        noteChange();
         return own->commit();
+    }
     if (own)
         own->leaveOpen();
     if (m_workspace.depth() == 0)
@@ -403,6 +406,13 @@ void DatabaseImpl::commitWhenDue()
         commitPhysically();
 }
 
+// What the journal tells of a change is committed with it, or neither is.
+void DatabaseImpl::noteChange()
+{
+    if (m_changeLog)
+        m_changeLog->beforeCommit();
+}
+
 void DatabaseImpl::commitPhysically()
 {
     m_bulk.committed(m_connection->totalChanges());
@@ -410,8 +420,11 @@ void DatabaseImpl::commitPhysically()
         return;
     m_walks.finish();
     try {
+        noteChange();
         WriteTransaction::commitPending(*m_connection);
     } catch (...) {
+        if (m_connection->inTransaction())
+            m_connection->execute("ROLLBACK");
         m_stamps.everythingTouched();
         throw;
     }
@@ -435,6 +448,8 @@ void DatabaseImpl::startBulk(const QString &table)
         }
         transaction.commit();
     }
+    if (m_changeLog)
+        m_changeLog->noteAsRun(table);
     m_bulk.start();
 }
 
@@ -458,6 +473,8 @@ void DatabaseImpl::endBulk()
     const auto durable = qScopeGuard([this] {
         sqlite3_exec(m_connection->handle(), "PRAGMA synchronous = FULL; PRAGMA wal_autocheckpoint = 1000",
                      nullptr, nullptr, nullptr);
+        if (m_changeLog)
+            m_changeLog->noteAsRun({});
     });
     while (bulkStep()) {
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/store/ChangeLog.h"
 #include "platform/store/ChangeStamps.h"
 #include "platform/store/CloneSource.h"
 #include "platform/store/Dao.h"
@@ -59,6 +60,9 @@ public:
     /** The walks of recordsets that are not read to their end; every change ends them first. */
     [[nodiscard]] OpenWalks &walks() { return m_walks; }
 
+    /** Null in a catalogue that can't be written to. */
+    [[nodiscard]] ChangeLog *changeLog() { return m_changeLog.get(); }
+
     /** Runs one changing statement: in the pending transaction, or in one of its own. @throws 3027, 3024. */
     void change(const std::function<void()> &run);
 
@@ -102,6 +106,7 @@ private:
     void assertPresent() const;
     void assertWritable() const;
     void commitWhenDue();
+    void noteChange();
 
     const Schema &m_schema;
     Workspace &m_workspace;
@@ -110,6 +115,7 @@ private:
     std::unique_ptr<Connection> m_connection;
     std::vector<Level> m_levels;
     OpenWalks m_walks;
+    std::unique_ptr<ChangeLog> m_changeLog;
     quint64 m_inode = 0;
     LoadedNames m_names;
     std::vector<std::weak_ptr<ProbeConnection>> m_probes;

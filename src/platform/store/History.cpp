@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/store/History.h"
+
+#include "platform/store/ChangeReplay.h"
+#include "platform/store/DatabaseImpl.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+
+namespace {
+
+const QByteArray Columns = "SELECT First, Last, Made, Sentence, State, RowCount FROM sysChange ";
+
+Change changeOf(const Statement &row)
+{
+    return {row.integer(0),
+            row.integer(1),
+            QDateTime::fromString(row.text(2), Qt::ISODate),
+            row.text(3),
+            static_cast<Change::State>(row.integer(4)),
+            row.integer(5)};
+}
+
+ChangedValue::Kind kindOf(qint64 mark)
+{
+    switch (mark) {
+    case RowAdded:
+        return ChangedValue::Kind::RowAdded;
+    case RowDeleted:
+        return ChangedValue::Kind::RowDeleted;
+    case RowsAdded:
+        return ChangedValue::Kind::RowsAdded;
+    case FileMoved:
+        return ChangedValue::Kind::FileMoved;
+    default:
+        return ChangedValue::Kind::Value;
+    }
+}
+
+} // namespace
+
+// On ground that can't be written to there is no journal, and nothing to be taken back.
+bool History::isKept() const
+{
+    const ChangeLog *log = m_database.impl().changeLog();
+    if (log != nullptr && !log->usable())
+        throw DaoError(CannotOpenFile, u"The history of this database is damaged and can't be read."_s);
+    return log != nullptr;
+}
+
+std::vector<Change> History::changes() const
+{
+    std::vector<Change> all;
+    if (!isKept())
+        return all;
+    Statement rows = m_database.impl().connection().prepare(Columns + "ORDER BY First DESC");
+    while (rows.step())
+        all.push_back(changeOf(rows));
+    return all;
+}
+
+std::optional<Change> History::one(const QByteArray &where) const
+{
+    if (!isKept())
+        return std::nullopt;
+    Statement rows = m_database.impl().connection().prepare(Columns + where);
+    return rows.step() ? std::optional(changeOf(rows)) : std::nullopt;
+}
+
+std::optional<Change> History::undoable() const
+{
+    const auto newest = one("WHERE State <> 1 ORDER BY First DESC LIMIT 1");
+    return newest && newest->state == Change::State::Done ? newest : std::nullopt;
+}
+
+std::optional<Change> History::redoable() const
+{
+    return one("WHERE State = 1 ORDER BY First LIMIT 1");
+}
+
+std::optional<ChangedValue> History::valueAt(const Change &change, qint64 place) const
+{
+    DatabaseImpl &database = m_database.impl();
+    Statement row =
+        database.connection().prepare("SELECT Tab, RowKey, Col, Old, New FROM sysLog WHERE Seq = ?1");
+    row.bind(1, change.id + place);
+    if (!row.step())
+        return std::nullopt;
+    const LogTable &table = database.changeLog()->tables()[static_cast<std::size_t>(row.integer(0))];
+    ChangedValue value{kindOf(row.integer(2)), table.name,    row.integer(1), {},
+                       row.variant(3),         row.variant(4)};
+    const auto column =
+        std::ranges::find(table.columns, static_cast<int>(row.integer(2)), &LogTable::Kept::place);
+    if (column != table.columns.end())
+        value.field = column->name;
+    return value;
+}
+
+QStringList History::rowTexts(const Change &change, qint64 place, const QStringList &fields) const
+{
+    DatabaseImpl &database = m_database.impl();
+    const auto value = valueAt(change, place);
+    if (!value)
+        return {};
+    const auto &tables = database.changeLog()->tables();
+    const auto table = std::ranges::find(tables, value->table, &LogTable::name);
+    QByteArray columns = "Seq";
+    for (const QString &field : fields) {
+        const auto column = std::ranges::find(table->columns, field, &LogTable::Kept::name);
+        columns +=
+            ", " + (column == table->columns.end() ? QByteArray("''") : LogTable::imageColumn(*column));
+    }
+    Statement row = database.connection().prepare(
+        "SELECT " + columns + " FROM " + LogTable::images(static_cast<std::size_t>(table - tables.begin())) +
+        " WHERE Seq = ?1");
+    row.bind(1, change.id + place);
+    QStringList texts;
+    if (row.step()) {
+        for (int i = 1; i <= fields.size(); ++i)
+            texts.append(row.text(i));
+    }
+    return texts;
+}
+
+std::vector<ChangedValue> History::fileMoves(const Change &change) const
+{
+    std::vector<ChangedValue> moves;
+    Statement rows = m_database.impl().connection().prepare(
+        "SELECT RowKey, Old, New FROM sysLog WHERE Seq BETWEEN ?1 AND ?2 AND Col = ?3 ORDER BY Seq");
+    rows.bind(1, change.id);
+    rows.bind(2, change.last);
+    rows.bind(3, static_cast<qint64>(FileMoved));
+    while (rows.step())
+        moves.push_back({ChangedValue::Kind::FileMoved,
+                         m_database.impl().changeLog()->tables().front().name,
+                         rows.integer(0),
+                         {},
+                         rows.variant(1),
+                         rows.variant(2)});
+    return moves;
+}
+
+std::optional<QStringList> History::presentTexts(const QString &table, qint64 key,
+                                                 const QStringList &fields) const
+{
+    QByteArray columns = "rowid";
+    for (const QString &field : fields)
+        columns += ", " + quotedName(field);
+    Statement row = m_database.impl().connection().prepare("SELECT " + columns + " FROM " +
+                                                           quotedName(table) + " WHERE rowid = ?1");
+    row.bind(1, key);
+    if (!row.step())
+        return std::nullopt;
+    QStringList texts;
+    for (int i = 1; i <= fields.size(); ++i)
+        texts.append(row.text(i));
+    return texts;
+}
+
+std::vector<ChangedRow> History::takeBack(const Change &change, Conflicts conflicts)
+{
+    const auto next = undoable();
+    if (!next || next->id != change.id)
+        throw DaoError(InvalidOperation, u"This change is not the one that can be taken back next."_s);
+    return replay(*next, true, conflicts);
+}
+
+std::vector<ChangedRow> History::makeAgain(const Change &change, Conflicts conflicts)
+{
+    const auto next = redoable();
+    if (!next || next->id != change.id)
+        throw DaoError(InvalidOperation, u"This change is not the one that can be made again next."_s);
+    return replay(*next, false, conflicts);
+}
+
+std::vector<ChangedRow> History::replay(const Change &change, bool back, Conflicts conflicts)
+{
+    DatabaseImpl &database = m_database.impl();
+    const ChangeLog::Silence silence(*database.changeLog());
+    std::vector<ReplayConflict> left;
+    Transaction transaction(database.workspace());
+    database.change([&] {
+        ChangeReplay run(database.connection(), database.schema(), database.changeLog()->tables(),
+                         back ? ReplayDirection::Back : ReplayDirection::Again);
+        left = run.run(change.id, change.last);
+        const auto state = back ? ChangeState::TakenBack : ChangeState::Done;
+        database.connection().execute(
+            "UPDATE sysChange SET State = " + QByteArray::number(static_cast<int>(state)) +
+            " WHERE First = " + QByteArray::number(change.id));
+    });
+    database.everythingTouched();
+    if (left.empty() || conflicts == Conflicts::LeaveOut)
+        transaction.commit();
+    std::vector<ChangedRow> rows;
+    for (const ReplayConflict &row : left)
+        rows.push_back({database.changeLog()->tables()[static_cast<std::size_t>(row.table)].name, row.key});
+    return rows;
+}
+
+} // namespace dao
