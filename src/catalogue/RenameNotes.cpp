@@ -67,10 +67,20 @@ void RenameNotes::keep(qint64 recordId, const SongFile &from, const SongFile &to
     note->Update();
     // A note that still waited in a transaction would die with the process it is kept for.
     database.workspace().settle();
+    // What the journal tells of the tracks belongs to the row that is written later.
+    database.holdChange(true);
+}
+
+void RenameNotes::rowWritten(qint64 recordId)
+{
+    if (const auto note = noteOf(recordId))
+        m_catalogue.CatalogueDb->noteFileMoved(recordId, note->from.path(), note->to.path());
+    drop(recordId);
 }
 
 void RenameNotes::drop(qint64 recordId)
 {
+    m_catalogue.CatalogueDb->holdChange(false);
     m_catalogue.CatalogueDb->Execute(u"Delete * from tblRenameNotes Where RecordID=%1"_s.arg(recordId));
 }
 
@@ -118,6 +128,7 @@ void RenameNotes::takeBack(const Note &note)
 QString RenameNotes::giveUp(qint64 recordId)
 {
     const auto note = noteOf(recordId);
+    m_catalogue.CatalogueDb->holdChange(false);
     if (!note)
         return {};
     try {
@@ -174,7 +185,7 @@ QString RenameNotes::follow(const Note &note)
         dao::Transaction transaction(m_catalogue.CatalogueDb->workspace());
         renameTracks(note.from.path(), note.to.path());
         renameRow(note);
-        drop(note.recordId);
+        rowWritten(note.recordId);
         transaction.commit();
         return {};
     } catch (const dao::DaoError &error) {

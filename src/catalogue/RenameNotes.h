@@ -25,7 +25,9 @@ public:
      * @throws 3027 in a catalogue that can't be written to; nothing should be renamed then
      */
     void keep(qint64 recordId, const SongFile &from, const SongFile &to);
-    /** The row is written, or the rename failed; without a note nothing happens. */
+    /** The row is written, in the same transaction; the journal is told of the file. */
+    void rowWritten(qint64 recordId);
+    /** The rename failed, or was no change of its own; without a note nothing happens. */
     void drop(qint64 recordId);
 
     [[nodiscard]] bool has(qint64 recordId);

@@ -30,7 +30,7 @@ public:
     void follow(qint64 recordId, const SongFile &row, const SongFile &typed);
 
     /** The record bears the names on the disk. */
-    void rowWritten(qint64 recordId) { m_notes.drop(recordId); }
+    void rowWritten(qint64 recordId) { m_notes.rowWritten(recordId); }
 
     /** The editor closes: a file whose row was not written goes back, or the row follows it.
      * @returns nothing when there was none; else what the user is to be told, mostly the empty text */

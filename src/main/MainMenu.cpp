@@ -5,6 +5,7 @@
 #include "catalogue/OptionCommands.h"
 #include "intake/AddCommands.h"
 #include "main/HelpSite.h"
+#include "main/HistoryMenu.h"
 #include "main/MainDialogs.h"
 #include "main/MenuWiring.h"
 #include "main/Spokes.h"
@@ -105,6 +106,15 @@ void wireSongs(const MenuWiring &wiring, const MenuTargets &to)
          {to.ui.cmdNotes, call(to.commands, &Spokes::cmdNotes_Click)}});
 }
 
+void wireHistory(const MenuWiring &wiring, const MenuTargets &to)
+{
+    HistoryCommands &history = to.commands.history;
+    wiring.own({{to.ui.mnuUndo, call(history, &HistoryCommands::mnuUndo_Click)},
+                {to.ui.mnuRedo, call(history, &HistoryCommands::mnuRedo_Click)},
+                {to.ui.mnuHistory, call(history, &HistoryCommands::mnuHistory_Click)}});
+    captionHistory(*to.ui.EditMenu, *to.ui.mnuUndo, *to.ui.mnuRedo, history);
+}
+
 void wireManySongs(const MenuWiring &wiring, const MenuTargets &to)
 {
     CategoryCommands &categories = to.commands.categories;
@@ -155,6 +165,7 @@ void wireMainMenu(const MenuWiring &wiring, const MenuTargets &to)
     wireDialogs(wiring, to);
     wireOptions(wiring, to);
     wireSongs(wiring, to);
+    wireHistory(wiring, to);
     wireManySongs(wiring, to);
     wireReports(wiring, to);
 }

@@ -37,6 +37,8 @@ namespace {
 constexpr int CloseAgainMilliseconds = 50;
 
 constexpr int NoticeMilliseconds = 800;
+/** So long a sentence can be read. */
+constexpr int SentenceMilliseconds = 5000;
 
 /** The local time; asked once a song, so the zone is looked up once. */
 QDateTime localNow()
@@ -130,7 +132,7 @@ void NameList::buildPlayCommands()
             return found.folders;
         },
         [this](const std::function<void()> &closed) { m_spokes->playLists.show(closed); },
-        [this] { showNotice(); }});
+        [this] { showNotice(u"Song Added to Play List"_s, NoticeMilliseconds); }});
 }
 
 void NameList::buildSpokes()
@@ -143,13 +145,15 @@ void NameList::buildSpokes()
                               [this](const EditedSong &song, const EditorScreens &screens) {
                                   m_playCommands->playFromEditor(song, screens);
                               },
-                              [this] { m_ui->cmdPictures->setFocus(); }});
+                              [this] { m_ui->cmdPictures->setFocus(); },
+                              [this](const QString &sentence) { showNotice(sentence, SentenceMilliseconds); }});
 }
 
-void NameList::showNotice()
+void NameList::showNotice(const QString &text, int milliseconds)
 {
+    m_ui->lblNotice->setText(text);
     m_ui->lblNotice->show();
-    QTimer::singleShot(NoticeMilliseconds, m_ui->lblNotice, &QWidget::hide);
+    m_noticeTimer.start(milliseconds);
 }
 
 void NameList::Form_Load()

@@ -12,6 +12,7 @@
 #include "songlist/MainScreen.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <memory>
 
@@ -105,7 +106,7 @@ private:
     void build();
     void buildPlayCommands();
     void buildSpokes();
-    void showNotice();
+    void showNotice(const QString &text, int milliseconds);
     void wire();
     void wireLocate();
     void addIcons();
@@ -147,6 +148,7 @@ private:
     StateLine m_stateLine;
     MainDialogs m_dialogs;
     SongPopup *m_popup = nullptr;
+    QTimer m_noticeTimer;
     EmptyState *m_emptyState = nullptr;
     quint32 m_backColor = OriginalBackColor;
     bool m_firstActivation = true;

@@ -29,6 +29,8 @@ void NameList::wire()
                     {m_ui->mnuPopupDelete, [this] { cmdDelete_Click(); }}});
     wiring.own({{m_ui->FileExit, [this] { FileExit_Click(); }}});
     wireLocate();
+    m_noticeTimer.setSingleShot(true);
+    connect(&m_noticeTimer, &QTimer::timeout, m_ui->lblNotice, &QWidget::hide);
     connect(m_ui->txtName, &DescriptionBox::KeyDown, this,
             [this](QKeyEvent *key) { handle([&] { m_gridHandlers->Table1_KeyDown(key); }); });
 }

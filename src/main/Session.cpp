@@ -14,7 +14,12 @@ Session::Session(Desktop &desktop, OptionsStore &store, media::MediaOptions soun
       m_shutDown(m_catalogue)
 {
     // What a handler leaves pending in the store is on the disk before the user does anything else.
-    m_desktop.handlers().afterHandler = [this] { m_engine.Workspaces(0).settle(); };
+    // It is one change of the history.
+    m_desktop.handlers().afterHandler = [this] {
+        m_engine.Workspaces(0).settle();
+        if (m_catalogue.CatalogueDb)
+            m_catalogue.CatalogueDb->endChange();
+    };
 }
 
 } // namespace quaverly

@@ -2,6 +2,7 @@
 #include "main/Spokes.h"
 
 #include "desktop/Guard.h"
+#include "history/frmHistory.h"
 #include "main/Session.h"
 #include "maintenance/frmChangeFileNamePath.h"
 #include "maintenance/frmChangeFilePath.h"
@@ -59,8 +60,19 @@ Spokes::Spokes(Session &session, const SpokeHooks &hooks)
       maintenance(
           maintenanceParts(), [this] { showMaintenance<frmReplace>(); },
           [this] { showMaintenance<frmChangeFilePath>(); }),
-      duplicates(maintenanceParts()), fileCopy(maintenanceParts(), session.copyFolder())
+      duplicates(maintenanceParts()), fileCopy(maintenanceParts(), session.copyFolder()),
+      history({.desktop = session.desktop(),
+               .catalogue = session.catalogue(),
+               .set = session.displayedSet(),
+               .tell = hooks.tell,
+               .showHistory = [this] { showHistory(); }})
 {}
+
+void Spokes::showHistory()
+{
+    (new frmHistory(m_session.desktop(), *m_session.catalogue().CatalogueDb, history, &m_hooks.owner))
+        ->showModally();
+}
 
 void Spokes::unload()
 {

@@ -4,6 +4,7 @@
 #include "categories/CategoryCommands.h"
 #include "editor/EditCommands.h"
 #include "editor/NameEdit.h"
+#include "history/HistoryCommands.h"
 #include "maintenance/DuplicateCommands.h"
 #include "maintenance/FileCopyCommands.h"
 #include "maintenance/MaintenanceCommands.h"
@@ -32,6 +33,8 @@ struct SpokeHooks
     std::function<bool(const QString &command)> beforeBulk;
     std::function<void(const EditedSong &, const EditorScreens &)> playFromEditor;
     std::function<void()> focusCmdPictures;
+    /** Shows a sentence for some seconds. */
+    std::function<void(const QString &)> tell;
 };
 
 /**
@@ -56,6 +59,7 @@ private:
     [[nodiscard]] PlayListParts playListParts();
     [[nodiscard]] EditParts editParts();
     [[nodiscard]] NameEditHooks nameEditHooks();
+    void showHistory();
     void showNameEdit(const std::function<void()> &closed);
     void showWebLookupMenu(NameEdit &editor, QPoint place);
     void showNotesForm(QWidget &owner, const QString &notes,
@@ -80,6 +84,7 @@ public:
     MaintenanceCommands maintenance;
     DuplicateCommands duplicates;
     FileCopyCommands fileCopy;
+    HistoryCommands history;
 };
 
 } // namespace quaverly

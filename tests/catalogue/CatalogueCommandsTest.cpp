@@ -186,7 +186,8 @@ protected:
         for (int i = 0; i < 300; ++i)
             data.addSong(Song(u"Song %1"_s.arg(i)).with(u"Notes"_s, QString::number(i).repeated(1000)));
         adding.commit();
-        data.db().Execute(u"Delete * from tblContacts Where RecordID > 20 and RecordID < 200"_s);
+        data.db().ExecuteUnlogged(u"Delete * from tblContacts Where RecordID > 20 and RecordID < 200"_s,
+                                  u"Delete some"_s);
         data.reopen();
         writeFile(file + u".temp"_s, "half a copy");
         writeFile(file + u".temp-journal"_s, "half a journal");

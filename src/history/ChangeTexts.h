@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/store/History.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace quaverly {
+
+/** What one entry of a change did, in words. */
+struct ChangedRowTexts
+{
+    /** The song, list, category, filter or note. */
+    QString record;
+    /** The grid's heading for a song's field; what happened to a whole row otherwise. */
+    QString field;
+    QString before;
+    QString after;
+};
+
+/** Puts what the journal holds into words that people understand. */
+class ChangeTexts final
+{
+public:
+    /** @p database outlives this object. */
+    explicit ChangeTexts(dao::Database &database) : m_database(database), m_history(database) {}
+
+    /** What the command said of its change, else what its rows tell; never empty. */
+    [[nodiscard]] QString sentence(const dao::Change &change) const;
+    /** One entry of the change. */
+    [[nodiscard]] ChangedRowTexts row(const dao::Change &change, qint64 place) const;
+    /** "Song, by Artist" and the like of a row, as it is now; "number 7" where it is gone. */
+    [[nodiscard]] QString record(const QString &table, qint64 key) const;
+    /** Key of the first song that the change is about; 0 without one. */
+    [[nodiscard]] qint64 song(const dao::Change &change) const;
+
+private:
+    /** The entry that says most of a change. */
+    struct Subject
+    {
+        dao::ChangedValue value;
+        qint64 place = 0;
+        /** The change is about this record alone. */
+        bool alone = false;
+        bool filesMoved = false;
+    };
+    [[nodiscard]] std::optional<Subject> subjectOf(const dao::Change &change) const;
+    [[nodiscard]] QString composed(const dao::Change &change, const Subject &subject) const;
+    [[nodiscard]] QString recordOf(const dao::Change &change, qint64 place,
+                                   const dao::ChangedValue &value) const;
+
+    dao::Database &m_database;
+    dao::History m_history;
+};
+
+} // namespace quaverly

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "history/HistoryCommands.h"
+
+#include "desktop/Desktop.h"
+#include "desktop/Guard.h"
+#include "history/ChangeTexts.h"
+#include "songlist/DisplayedSet.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+/** More of what stands in the way is only counted. */
+constexpr qsizetype MostNamed = 10;
+/** Characters of a sentence in a menu. */
+constexpr qsizetype LongestCaption = 60;
+
+using Conflicts = dao::History::Conflicts;
+
+QString wordFor(WalkDirection direction)
+{
+    return direction == WalkDirection::Back ? u"Undo"_s : u"Redo"_s;
+}
+
+QString listed(const QStringList &lines)
+{
+    QString all = lines.mid(0, MostNamed).join(u'\n');
+    if (lines.size() > MostNamed)
+        all += u"\n... and %1 more"_s.arg(lines.size() - MostNamed);
+    return all;
+}
+
+} // namespace
+
+void HistoryCommands::mnuUndo_Click()
+{
+    step(WalkDirection::Back);
+}
+
+void HistoryCommands::mnuRedo_Click()
+{
+    step(WalkDirection::Again);
+}
+
+void HistoryCommands::mnuHistory_Click()
+{
+    guarded(m_parts.desktop, u"History"_s, m_parts.showHistory);
+}
+
+std::optional<dao::Change> HistoryCommands::next(WalkDirection direction) const
+{
+    const dao::History history(*m_parts.catalogue.CatalogueDb);
+    return direction == WalkDirection::Back ? history.undoable() : history.redoable();
+}
+
+void HistoryCommands::step(WalkDirection direction)
+{
+    guarded(m_parts.desktop, wordFor(direction), [&] {
+        m_parts.catalogue.CatalogueDb->endChange();
+        if (const auto change = next(direction))
+            walk(*change, direction);
+    });
+}
+
+int HistoryCommands::walk(const dao::Change &last, WalkDirection direction)
+{
+    const ChangeTexts texts(*m_parts.catalogue.CatalogueDb);
+    const bool back = direction == WalkDirection::Back;
+    int gone = 0;
+    for (auto change = next(direction); change && (back ? change->id >= last.id : change->id <= last.id);
+         change = next(direction)) {
+        const QString sentence = texts.sentence(*change);
+        qint64 song = texts.song(*change);
+        if (!go(*change, direction))
+            break;
+        ++gone;
+        showAnew(song);
+        m_parts.tell((back ? u"Taken back: "_s : u"Done again: "_s) + sentence);
+    }
+    return gone;
+}
+
+bool HistoryCommands::go(const dao::Change &change, WalkDirection direction)
+{
+    ChangeWalk walk(m_parts.catalogue);
+    QStringList inTheWay;
+    {
+        const Hourglass hourglass(m_parts.desktop);
+        inTheWay = walk.go(change, direction);
+    }
+    if (inTheWay.isEmpty())
+        return true;
+    const QString sentence = ChangeTexts(*m_parts.catalogue.CatalogueDb).sentence(change);
+    m_parts.desktop.MessageBox(
+        u"\"%1\" can't be %2, since something stands in the way:\n\n%3\n\nNothing was "
+        "changed."_s.arg(sentence, direction == WalkDirection::Back ? u"taken back"_s : u"done again"_s,
+                         listed(inTheWay)),
+        wordFor(direction), Icon::Exclamation);
+    return false;
+}
+
+void HistoryCommands::showAnew(qint64 song)
+{
+    DataControl &data = m_parts.set.Data1();
+    const KeepRow keep(data);
+    data.Refresh();
+    if (song != 0)
+        static_cast<void>(data.findRecord(song));
+}
+
+std::optional<QString> HistoryCommands::undoCaption() const
+{
+    return caption(WalkDirection::Back);
+}
+
+std::optional<QString> HistoryCommands::redoCaption() const
+{
+    return caption(WalkDirection::Again);
+}
+
+std::optional<QString> HistoryCommands::caption(WalkDirection direction) const
+{
+    try {
+        const auto change = next(direction);
+        if (!change)
+            return std::nullopt;
+        QString sentence = ChangeTexts(*m_parts.catalogue.CatalogueDb).sentence(*change);
+        if (sentence.size() > LongestCaption)
+            sentence = sentence.left(LongestCaption - 1) + u'\u2026';
+        return wordFor(direction) + u' ' + sentence.replace(u'&', u"&&"_s).replace(u'\n', u' ');
+    } catch (const dao::DaoError &) {
+        // A journal that can't be read is told of by the history itself.
+        return std::nullopt;
+    }
+}
+
+} // namespace quaverly

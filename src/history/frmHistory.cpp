@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "history/frmHistory.h"
+
+#include "desktop/Desktop.h"
+#include "desktop/ScreenLook.h"
+#include "history/HistoryCommands.h"
+#include "ui_frmHistory.h"
+
+#include <QHeaderView>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quaverly {
+
+namespace {
+
+using State = dao::Change::State;
+
+void layOut(QTableView &table)
+{
+    table.verticalHeader()->hide();
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 8);
+    table.horizontalHeader()->setHighlightSections(false);
+    table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+} // namespace
+
+frmHistory::frmHistory(Desktop &desktop, dao::Database &database, HistoryCommands &commands, QWidget *parent)
+    : ModalScreen(parent), m_ui(std::make_unique<Ui::frmHistory>()), m_desktop(desktop), m_commands(commands),
+      m_changes(database), m_rows(database)
+{
+    m_ui->setupUi(this);
+    m_ui->listChanges->setModel(&m_changes);
+    m_ui->listRows->setModel(&m_rows);
+    wire();
+    layOutColumns();
+    showChanges();
+}
+
+frmHistory::~frmHistory() = default;
+
+void frmHistory::wire()
+{
+    connect(m_ui->listChanges->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &frmHistory::listChanges_Click);
+    connect(m_ui->txtFilter, &QLineEdit::textChanged, this, &frmHistory::txtFilter_Change);
+    connect(m_ui->cmdTakeBack, &QPushButton::clicked, this, &frmHistory::cmdTakeBack_Click);
+    connect(m_ui->cmdMakeAgain, &QPushButton::clicked, this, &frmHistory::cmdMakeAgain_Click);
+    connect(m_ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmHistory::layOutColumns()
+{
+    layOut(*m_ui->listChanges);
+    layOut(*m_ui->listRows);
+    const int character = fontMetrics().averageCharWidth();
+    QHeaderView &changes = *m_ui->listChanges->horizontalHeader();
+    changes.setSectionResizeMode(ChangeListModel::What, QHeaderView::Stretch);
+    changes.resizeSection(ChangeListModel::When, 26 * character);
+    changes.resizeSection(ChangeListModel::Rows, 12 * character);
+    changes.resizeSection(ChangeListModel::Files, 9 * character);
+    QHeaderView &rows = *m_ui->listRows->horizontalHeader();
+    rows.resizeSection(ChangedRowsModel::Record, 34 * character);
+    rows.resizeSection(ChangedRowsModel::Field, 18 * character);
+    rows.resizeSection(ChangedRowsModel::Before, 30 * character);
+    rows.setStretchLastSection(true);
+    resize(QSize(130 * character, 42 * fontMetrics().lineSpacing()).boundedTo(roomFor(*this)));
+}
+
+void frmHistory::showChanges()
+{
+    m_changes.reload();
+    m_ui->lblMessage->setText(
+        m_changes.all().empty()
+            ? u"There are no changes yet.  What you do to songs, play lists, categories, filters and notes "
+              "is listed here, and can be taken back."_s
+            : u"Choose a change to see what it did.  Changes are taken back from the newest down to the one "
+              "that is chosen."_s);
+    if (m_changes.rowCount() > 0)
+        m_ui->listChanges->selectRow(0);
+    listChanges_Click();
+}
+
+const dao::Change *frmHistory::chosen() const
+{
+    const QModelIndexList rows = m_ui->listChanges->selectionModel()->selectedRows();
+    return rows.isEmpty() ? nullptr : &m_changes.change(rows.front().row());
+}
+
+void frmHistory::listChanges_Click()
+{
+    const dao::Change *change = chosen();
+    m_rows.show(change == nullptr ? std::nullopt : std::optional(*change));
+    // Nothing goes back beyond a change whose rows are not kept.
+    const bool blocked =
+        change != nullptr && std::ranges::any_of(m_changes.all(), [&](const dao::Change &each) {
+            return each.state == State::CopyOnly && each.id >= change->id;
+        });
+    m_ui->cmdTakeBack->setEnabled(change != nullptr && change->state == State::Done && !blocked);
+    m_ui->cmdMakeAgain->setEnabled(change != nullptr && change->state == State::TakenBack);
+}
+
+void frmHistory::txtFilter_Change()
+{
+    m_changes.setFilter(m_ui->txtFilter->text().trimmed());
+    if (m_changes.rowCount() > 0)
+        m_ui->listChanges->selectRow(0);
+    listChanges_Click();
+}
+
+std::size_t frmHistory::countBetween(State state, const dao::Change &last) const
+{
+    return static_cast<std::size_t>(std::ranges::count_if(m_changes.all(), [&](const dao::Change &change) {
+        return change.state == state && (state == State::Done ? change.id >= last.id : change.id <= last.id);
+    }));
+}
+
+bool frmHistory::confirms(std::size_t changes, const QString &what)
+{
+    return changes == 1 ||
+           m_desktop.MessageBox(
+               u"%1 changes will be %2, one after the other.\n\nGo on?"_s.arg(changes).arg(what),
+               windowTitle(), Icon::Question, Buttons::YesNo, Answer::No) == Answer::Yes;
+}
+
+void frmHistory::cmdTakeBack_Click()
+{
+    work(m_desktop, [this] {
+        const dao::Change last = *chosen();
+        if (confirms(countBetween(State::Done, last), u"taken back"_s))
+            m_commands.walk(last, WalkDirection::Back);
+        showChanges();
+        return false;
+    });
+}
+
+void frmHistory::cmdMakeAgain_Click()
+{
+    work(m_desktop, [this] {
+        const dao::Change last = *chosen();
+        if (confirms(countBetween(State::TakenBack, last), u"done again"_s))
+            m_commands.walk(last, WalkDirection::Again);
+        showChanges();
+        return false;
+    });
+}
+
+} // namespace quaverly
