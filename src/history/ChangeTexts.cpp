@@ -72,9 +72,12 @@ QString shown(const QVariant &value)
 
 QString ChangeTexts::sentence(const dao::Change &change) const
 {
-    if (!change.sentence.isEmpty())
+    if (!change.sentence.isEmpty() && change.rows < 0)
         return change.sentence;
     const std::optional<Subject> subject = subjectOf(change);
+    if (!change.sentence.isEmpty())
+        return change.sentence +
+               (subject ? u": "_s + counted(change.rows, wordsOf(subject->value.table)) : QString());
     return subject ? composed(change, *subject) : u"Change"_s;
 }
 

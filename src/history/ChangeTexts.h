@@ -27,7 +27,8 @@ public:
     /** @p database outlives this object. */
     explicit ChangeTexts(dao::Database &database) : m_database(database), m_history(database) {}
 
-    /** What the command said of its change, else what its rows tell; never empty. */
+    /** What the command said of its change and how many rows it changed, else what the rows tell; never
+     * empty. */
     [[nodiscard]] QString sentence(const dao::Change &change) const;
     /** One entry of the change. */
     [[nodiscard]] ChangedRowTexts row(const dao::Change &change, qint64 place) const;

@@ -79,6 +79,7 @@ BulkChange::End BulkChange::begin(const Work &work)
 
 bool BulkChange::change(const Work &work, WorkingWindow &wait)
 {
+    m_parts.catalogue.CatalogueDb->describeChange(work.sentence.isEmpty() ? work.command : work.sentence);
     std::optional<dao::Transaction> transaction;
     if (!work.isOneStatement)
         transaction.emplace(m_parts.catalogue.CatalogueDb->workspace());

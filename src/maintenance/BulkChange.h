@@ -26,6 +26,8 @@ public:
         QString caption{};
         /** As it stands in the menu: so the copy is named that is kept before it. */
         QString command{};
+        /** What the history says instead, when it can say more. */
+        QString sentence{};
         /** Asks the function that it is given often; false once that said so. */
         std::function<bool(const dao::GoesOn &)> change;
         /** For a change that is one statement, which needs no transaction to be whole. */

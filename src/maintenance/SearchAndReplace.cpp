@@ -74,6 +74,8 @@ bool SearchAndReplace::run(ReplaceRequest &request)
     const bool done = BulkChange(m_parts).run({
         .caption = u"Search and Replace"_s,
         .command = u"Find and Replace Text"_s,
+        .sentence =
+            u"Replace \"%1\" by \"%2\" in %3"_s.arg(request.original, request.replacement, request.field),
         .change = [&](const dao::GoesOn &goesOn) { return changeTexts(database(), change, goesOn); },
         .showResult = [this] { m_parts.set.Data1().Refresh(); },
         .changesRows = changesRows(database(), change),

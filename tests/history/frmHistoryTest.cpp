@@ -111,10 +111,14 @@ TEST_F(TheHistory, SaysWhatStandsInTheWayAndEndsAtWhatIsNotKept)
     desktop.willSee(u"\"Edit Sun\" can't be taken back, since something stands in the way:\n\nSun"_s);
     commands.mnuUndo_Click();
     EXPECT_EQ(store.songValue(1, u"Genre"_s), u"Blues"_s);
+    store.db().describeChange(u"Replace"_s);
+    store.db().Execute(u"Update tblContacts Set Genre = 'Rock'"_s);
+    store.db().endChange();
+    EXPECT_EQ(commands.undoCaption(), u"Undo Replace: 1 song"_s);
     store.db().ExecuteUnlogged(u"Delete * from tblContacts"_s, u"Delete all"_s);
     open();
     EXPECT_FALSE(child<QPushButton>(*form, u"cmdTakeBack"_s)->isEnabled());
-    choose(2);
+    choose(3);
     EXPECT_FALSE(child<QPushButton>(*form, u"cmdTakeBack"_s)->isEnabled());
     EXPECT_EQ(commands.undoCaption(), std::nullopt);
 }
