@@ -98,30 +98,46 @@ ChangeLog::ChangeLog(Connection &connection, const Schema &schema) : m_connectio
     }
 }
 
+// Nothing is written, and no lock waited for, where all is there already.
 void ChangeLog::makeTables()
 {
-    m_connection.execute("BEGIN IMMEDIATE");
-    m_connection.execute(
-        "CREATE TABLE IF NOT EXISTS sysChange (First INTEGER PRIMARY KEY, Last INTEGER, Made TEXT, "
-        "Sentence TEXT, State INTEGER, RowCount INTEGER, Bytes INTEGER);"
-        "CREATE TABLE IF NOT EXISTS sysLog (Seq INTEGER PRIMARY KEY, Tab INTEGER, RowKey INTEGER, "
-        "Col INTEGER, Old, New);");
-    for (std::size_t number = 0; number < m_tables.size(); ++number) {
-        const QByteArray images = LogTable::images(number);
-        m_connection.execute("CREATE TABLE IF NOT EXISTS " + images + " (Seq INTEGER PRIMARY KEY)");
-        QByteArrayList present;
-        Statement columns = m_connection.prepare("SELECT name FROM pragma_table_info('" + images + "')");
-        while (columns.step())
-            present.append(columns.text(0).toUtf8());
-        for (const LogTable::Kept &column : m_tables[number].columns) {
-            if (!present.contains(LogTable::imageColumn(column)))
-                m_connection.execute("ALTER TABLE " + images + " ADD COLUMN " +
-                                     LogTable::imageColumn(column));
-        }
-    }
-    m_connection.execute("COMMIT");
+    const QByteArray missing = missingTables();
+    if (!missing.isEmpty())
+        m_connection.execute("BEGIN IMMEDIATE;" + missing + "COMMIT");
     // A last page that can't be read would stop every change later on.
     static_cast<void>(lastSeq());
+    static_cast<void>(integerOf("SELECT max(First + Last + State) FROM sysChange"));
+}
+
+QByteArray ChangeLog::missingTables()
+{
+    const auto columnsOf = [this](const QByteArray &table) {
+        QByteArrayList names;
+        Statement columns = m_connection.prepare("SELECT name FROM pragma_table_info('" + table + "')");
+        while (columns.step())
+            names.append(columns.text(0).toUtf8());
+        return names;
+    };
+    QByteArray statements;
+    if (columnsOf("sysChange").isEmpty())
+        statements +=
+            "CREATE TABLE sysChange (First INTEGER PRIMARY KEY, Last INTEGER, Made TEXT, Sentence TEXT, "
+            "State INTEGER, RowCount INTEGER, Bytes INTEGER);";
+    if (columnsOf("sysLog").isEmpty())
+        statements +=
+            "CREATE TABLE sysLog (Seq INTEGER PRIMARY KEY, Tab INTEGER, RowKey INTEGER, Col INTEGER, Old, "
+            "New);";
+    for (std::size_t number = 0; number < m_tables.size(); ++number) {
+        const QByteArray images = LogTable::images(number);
+        const QByteArrayList present = columnsOf(images);
+        if (present.isEmpty())
+            statements += "CREATE TABLE " + images + " (Seq INTEGER PRIMARY KEY);";
+        for (const LogTable::Kept &column : m_tables[number].columns) {
+            if (!present.contains(LogTable::imageColumn(column)))
+                statements += "ALTER TABLE " + images + " ADD COLUMN " + LogTable::imageColumn(column) + ";";
+        }
+    }
+    return statements;
 }
 
 void ChangeLog::makeTriggers(std::size_t number, const LoggedTable &logged)

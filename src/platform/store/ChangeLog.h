@@ -109,6 +109,7 @@ public:
 
 private:
     void makeTables();
+    [[nodiscard]] QByteArray missingTables();
     void makeTriggers(std::size_t number, const LoggedTable &logged);
     void noteRun();
     [[nodiscard]] qint64 integerOf(const QByteArray &sql) { return m_connection.scalar(sql).toLongLong(); }

@@ -47,7 +47,9 @@ bool History::isKept() const
 {
     const ChangeLog *log = m_database.impl().changeLog();
     if (log != nullptr && !log->usable())
-        throw DaoError(CannotOpenFile, u"The history of this database is damaged and can't be read."_s);
+        throw DaoError(
+            CannotOpenFile,
+            u"The history of this database can't be read.  The disk may be full, or the history is damaged."_s);
     return log != nullptr;
 }
 
