@@ -193,7 +193,7 @@ std::vector<ChangedRow> History::replay(const Change &change, bool back, Conflic
             "UPDATE sysChange SET State = " + QByteArray::number(static_cast<int>(state)) +
             " WHERE First = " + QByteArray::number(change.id));
     });
-    database.everythingTouched();
+    database.stamps().everythingTouched();
     if (left.empty() || conflicts == Conflicts::LeaveOut)
         transaction.commit();
     std::vector<ChangedRow> rows;
