@@ -37,6 +37,12 @@ QFileInfo fileOf(const Catalogue &catalogue)
     return real.isEmpty() ? named : QFileInfo(real);
 }
 
+/** What a copy holds: the file, and the log of what is not yet in it. */
+qint64 bytesWithLog(const QFileInfo &file)
+{
+    return file.size() + QFileInfo(file.filePath() + u"-wal"_s).size();
+}
+
 QString nameOf(const QFileInfo &file, const QDateTime &made, int number, const QString &command)
 {
     const QString more = number > 1 ? u" (%1)"_s.arg(number) : QString();
@@ -121,7 +127,7 @@ void Backups::makeFolder() const
 void Backups::makeRoom(const QString &spared) const
 {
     const QFileInfo file = fileOf(m_catalogue);
-    const qint64 copy = file.size() + QFileInfo(file.filePath() + u"-wal"_s).size() + Margin;
+    const qint64 copy = bytesWithLog(file) + Margin;
     // A change of all records writes each page once more, into the log.
     const qint64 needed = copy + file.size();
     const auto isShort = [&] {
@@ -190,8 +196,7 @@ Backups::Room Backups::room() const
         ++room.copies;
         room.bytesTaken += backup.bytes;
     }
-    const qint64 size = fileOf(m_catalogue).size();
-    room.limit = BackupLimit(m_options).bytes(size, shell::freeSpace(folder()));
+    room.limit = BackupLimit(m_options).bytes(bytesWithLog(fileOf(m_catalogue)), shell::freeSpace(folder()));
     return room;
 }
 

@@ -138,15 +138,16 @@ void NameList::buildPlayCommands()
 void NameList::buildSpokes()
 {
     m_spokes = std::make_unique<Spokes>(
-        m_session, SpokeHooks{m_player, *this, *this,
-                              [this](const QString &command) {
-                                  return m_catalogueCommands.backups().beforeBulkCommand(command);
-                              },
-                              [this](const EditedSong &song, const EditorScreens &screens) {
-                                  m_playCommands->playFromEditor(song, screens);
-                              },
-                              [this] { m_ui->cmdPictures->setFocus(); },
-                              [this](const QString &sentence) { showNotice(sentence, SentenceMilliseconds); }});
+        m_session,
+        SpokeHooks{m_player, *this, *this,
+                   [this](const QString &command) {
+                       return m_catalogueCommands.backups().beforeBulkCommand(command);
+                   },
+                   [this](const EditedSong &song, const EditorScreens &screens) {
+                       m_playCommands->playFromEditor(song, screens);
+                   },
+                   [this] { m_ui->cmdPictures->setFocus(); },
+                   [this](const QString &sentence) { showNotice(sentence, SentenceMilliseconds); }});
 }
 
 void NameList::showNotice(const QString &text, int milliseconds)
