@@ -104,8 +104,10 @@ bool HistoryCommands::go(const dao::Change &change, WalkDirection direction)
 void HistoryCommands::showAnew(qint64 song)
 {
     DataControl &data = m_parts.set.Data1();
-    const KeepRow keep(data);
-    data.Refresh();
+    {
+        const KeepRow keep(data);
+        data.Refresh();
+    }
     if (song != 0)
         static_cast<void>(data.findRecord(song));
 }

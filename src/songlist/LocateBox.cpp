@@ -5,6 +5,19 @@
 
 namespace quaverly {
 
+// With nothing typed, the keys of Undo and Redo are those of the list.
+bool LocateBox::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && text().isEmpty()) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            event->ignore();
+            return QWidget::event(event);
+        }
+    }
+    return QLineEdit::event(event);
+}
+
 void LocateBox::keyPressEvent(QKeyEvent *event)
 {
     Q_EMIT KeyPress(event->key());
@@ -17,7 +30,11 @@ void LocateBox::keyPressEvent(QKeyEvent *event)
 void LocateBox::keyReleaseEvent(QKeyEvent *event)
 {
     QLineEdit::keyReleaseEvent(event);
-    Q_EMIT KeyUp(event->key());
+    // The keys of a command, going up one after the other, are no search for nothing.
+    const bool ofCommand = event->key() == Qt::Key_Control || event->key() == Qt::Key_Shift ||
+                           event->modifiers().testFlag(Qt::ControlModifier);
+    if (!ofCommand || !text().isEmpty())
+        Q_EMIT KeyUp(event->key());
 }
 
 void LocateBox::inputMethodEvent(QInputMethodEvent *event)

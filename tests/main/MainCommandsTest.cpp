@@ -7,6 +7,7 @@
 #include "support/Limits.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -49,6 +50,22 @@ TEST_F(MainCommandsTest, FindReplacesTheList)
     EXPECT_EQ(description(), QString());
     click(screen(), u"cmdEmptyState"_s);
     EXPECT_EQ(grid().model()->rowCount(), 8) << "the empty list leads back to all songs";
+}
+
+TEST_F(MainCommandsTest, ADeletedSongComesBackByKeyAndIsTheCurrentOne)
+{
+    addSongs(3);
+    start();
+    clickCell(1, 1);
+    m_desktop.willAnswer(Answer::Yes, u"Are you sure"_s);
+    click(screen(), u"cmdDelete"_s);
+    EXPECT_EQ(column(1), (QStringList{u"Song 00"_s, u"Song 02"_s}));
+    // The focus stands in Locate then.
+    key(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(column(1), (QStringList{u"Song 00"_s, u"Song 01"_s, u"Song 02"_s}));
+    EXPECT_EQ(currentSong(), u"Song 01"_s);
+    key(QApplication::focusWidget(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(column(1).size(), 2);
 }
 
 TEST_F(MainCommandsTest, DeletingAsksAndStaysInTheList)
