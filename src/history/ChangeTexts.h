@@ -25,7 +25,7 @@ class ChangeTexts final
 {
 public:
     /** @p database outlives this object. */
-    explicit ChangeTexts(dao::Database &database) : m_database(database), m_history(database) {}
+    explicit ChangeTexts(dao::Database &database) : m_history(database) {}
 
     /** What the command said of its change and how many rows it changed, else what the rows tell; never
      * empty. */
@@ -52,7 +52,6 @@ private:
     [[nodiscard]] QString recordOf(const dao::Change &change, qint64 place,
                                    const dao::ChangedValue &value) const;
 
-    dao::Database &m_database;
     dao::History m_history;
 };
 

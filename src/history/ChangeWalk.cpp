@@ -6,7 +6,6 @@
 #include "platform/shell/FileMove.h"
 
 #include <algorithm>
-#include <ranges>
 #include <span>
 
 using namespace Qt::StringLiterals;
@@ -28,11 +27,11 @@ SongFile fileOf(const QString &path)
 QStringList ChangeWalk::go(const dao::Change &change, WalkDirection direction, Conflicts conflicts)
 {
     const std::vector<Move> moves = movesOf(change, direction);
-    if (const QStringList inTheWay = obstacles(moves); !inTheWay.isEmpty())
+    if (QStringList inTheWay = obstacles(moves); !inTheWay.isEmpty())
         return inTheWay;
     // Files are only touched when nothing is left to refuse the rows.
     if (!moves.empty() && conflicts == Conflicts::Stop) {
-        if (const QStringList inTheWay = names(rowsInTheWay(change, direction)); !inTheWay.isEmpty())
+        if (QStringList inTheWay = names(rowsInTheWay(change, direction)); !inTheWay.isEmpty())
             return inTheWay;
     }
     moveAll(moves);
@@ -51,7 +50,7 @@ ChangeWalk::Written ChangeWalk::writeRows(const dao::Change &change, WalkDirecti
                                           Conflicts conflicts, const std::vector<Move> &moves)
 {
     dao::Transaction transaction(m_catalogue.CatalogueDb->workspace());
-    const QStringList left = names(replay(change, direction, conflicts));
+    QStringList left = names(replay(change, direction, conflicts));
     if (!left.isEmpty() && conflicts == Conflicts::Stop)
         return {false, left};
     for (const Move &move : moves)
@@ -120,8 +119,8 @@ void ChangeWalk::moveAll(const std::vector<Move> &moves)
 // What can't go back keeps its note, and is settled at the next start.
 void ChangeWalk::moveBack(std::span<const Move> moves)
 {
-    for (const Move &move : moves | std::views::reverse)
-        static_cast<void>(m_notes.giveUp(move.song));
+    for (std::size_t i = moves.size(); i > 0; --i)
+        static_cast<void>(m_notes.giveUp(moves[i - 1].song));
 }
 
 QStringList ChangeWalk::names(const std::vector<dao::ChangedRow> &rows) const

@@ -197,6 +197,7 @@ std::vector<ChangedRow> History::replay(const Change &change, bool back, Conflic
     if (left.empty() || conflicts == Conflicts::LeaveOut)
         transaction.commit();
     std::vector<ChangedRow> rows;
+    rows.reserve(left.size());
     for (const ReplayConflict &row : left)
         rows.push_back({database.changeLog()->tables()[static_cast<std::size_t>(row.table)].name, row.key});
     return rows;
