@@ -2,6 +2,7 @@
 #include "maintenance/SearchAndReplace.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/SongFields.h"
 #include "desktop/Desktop.h"
 #include "maintenance/BulkChange.h"
 #include "platform/text/Text.h"
@@ -46,6 +47,15 @@ QString question(const ReplaceRequest &request, qint64 records)
            request.replacement + u" "_s + forEach;
 }
 
+/** "tblContacts.Genre" is "Genre" to the user. */
+QString sentence(const ReplaceRequest &request)
+{
+    const QString name = request.field.section(u'.', -1).trimmed();
+    const SongField *field = songField(name);
+    const QString heading = field != nullptr && !field->heading.isEmpty() ? QString(field->heading) : name;
+    return u"Replace \"%1\" by \"%2\" in %3"_s.arg(request.original, request.replacement, heading);
+}
+
 } // namespace
 
 QString withoutDoubleQuotes(QString text)
@@ -74,8 +84,7 @@ bool SearchAndReplace::run(ReplaceRequest &request)
     const bool done = BulkChange(m_parts).run({
         .caption = u"Search and Replace"_s,
         .command = u"Find and Replace Text"_s,
-        .sentence =
-            u"Replace \"%1\" by \"%2\" in %3"_s.arg(request.original, request.replacement, request.field),
+        .sentence = sentence(request),
         .change = [&](const dao::GoesOn &goesOn) { return changeTexts(database(), change, goesOn); },
         .showResult = [this] { m_parts.set.Data1().Refresh(); },
         .changesRows = changesRows(database(), change),
