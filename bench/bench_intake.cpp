@@ -91,7 +91,7 @@ void scanTwice(const QString &folder, bench::Cost &first, bench::Cost &second)
     quaverly::OptionsStore store(temporary.filePath(u"options.ini"_s));
     SilentDesktop desktop(store);
     quaverly::SingleInstance instance(temporary.path());
-    quaverly::Program program(desktop, store, instance, catalogue, [] {});
+    quaverly::Program program(desktop, store, instance, {catalogue}, [] {});
     if (!program.start())
         qFatal("The program did not start.");
     desktop.letEventsRun();
