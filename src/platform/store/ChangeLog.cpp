@@ -178,7 +178,8 @@ void ChangeLog::beforeCommit()
         return;
     noteRun();
     const qint64 last = lastSeq();
-    Statement newest = m_connection.prepare("SELECT First, Last FROM sysChange ORDER BY First DESC LIMIT 1");
+    Statement newest =
+        m_connection.prepare("SELECT First, Last, State FROM sysChange ORDER BY First DESC LIMIT 1");
     const bool any = newest.step();
     const qint64 noted = any ? newest.integer(1) : 0;
     // Another program's change in between ends ours.
@@ -189,6 +190,9 @@ void ChangeLog::beforeCommit()
             m_first = 0;
         return;
     }
+    // A new change ends what could be done again; that is always the newest of all.
+    if (any && newest.integer(2) == static_cast<qint64>(ChangeState::TakenBack))
+        forgetChanges(m_connection, m_tables.size(), isState(ChangeState::TakenBack));
     m_uncounted = last - m_first >= CountedAtCommit;
     noteChange(m_first, last, m_uncounted ? Count() : countOf(m_first, last));
 }
@@ -215,8 +219,6 @@ ChangeLog::Count ChangeLog::countOf(qint64 first, qint64 last)
 
 void ChangeLog::noteChange(qint64 first, qint64 last, const Count &count)
 {
-    // A new change ends what could be done again.
-    forgetChanges(m_connection, m_tables.size(), isState(ChangeState::TakenBack));
     Statement note = m_connection.prepare(
         "INSERT INTO sysChange (First, Last, Made, Sentence, State, RowCount, Bytes) VALUES (?1, ?2, ?3, ?4, "
         "0, ?5, "
@@ -297,8 +299,10 @@ void ChangeLog::endChange()
             noteChange(m_first, last, countOf(m_first, last));
             m_connection.execute("COMMIT");
         }
-        if (made)
+        // Small changes add up slowly: once in a run is enough for them.
+        if (made && (m_uncounted || !m_expired))
             expire();
+        m_expired = m_expired || made;
     } catch (const DaoError &) {
         // The change stands and can be taken back; only its count is missing.
         if (m_connection.inTransaction())

@@ -133,6 +133,8 @@ private:
     qint64 m_first = 0;
     /** Its rows were too many to count before the commit. */
     bool m_uncounted = false;
+    /** What is too old or too much has been looked for in this run. */
+    bool m_expired = false;
     int m_runTable = -1;
     /** The highest key before the run, and the log's row that tells of it. */
     qint64 m_runFrom = 0;
