@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/SettingsRows.h"
 
+#include "catalogue/SortOrders.h"
+
 #include "platform/text/Text.h"
 
 #include <cmath>
@@ -145,8 +147,8 @@ std::optional<QString> SettingsRows::gridSortOrder() const
 
 void SettingsRows::storeGridSortOrder(const QString &label)
 {
-    // Show All comes through here too: a choice that stands already needs no write to the disk.
-    if (canRemember() && gridSortOrder() != label)
+    // Start and Show All come through here too: a choice that stands already needs no write to the disk.
+    if (canRemember() && gridSortOrder().value_or(DefaultSortLabel) != label)
         store(kind(settings::GridSortOrder), label);
 }
 
