@@ -197,8 +197,10 @@ void Acts::saveRenamed()
     data.Refresh();
     require(data.findRecord(song), "the song is shown");
     m_program.editor.EditMode = true;
-    SongSave writer({m_program.desktop, m_program.set, m_program.catalogue, m_program.options,
-                     m_program.editor, &QDateTime::currentDateTime});
+    SongSave writer({.services = {m_program.desktop, m_program.catalogue, m_program.options, m_program.store},
+                     .set = m_program.set,
+                     .state = m_program.editor,
+                     .now = &QDateTime::currentDateTime});
     if (road < 2) {
         expect(u"save"_s, {before, moved, saved});
     } else {

@@ -13,6 +13,7 @@
 #include "desktop/Desktop.h"
 #include "maintenance/MaintenanceCommands.h"
 #include "maintenance/SearchAndReplace.h"
+#include "platform/options/OptionsStore.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
 
@@ -109,12 +110,10 @@ public:
     MaintenanceCommands &commands() { return m_commands; }
     [[nodiscard]] CategoryParts categoryParts()
     {
-        return {.catalogue = m_catalogue,
+        return {.services = m_services,
                 .settings = m_settings,
                 .set = m_set,
                 .mainScreen = m_screen,
-                .desktop = m_desktop,
-                .options = m_options,
                 .beforeBulk = [](const QString & /*command*/) { return true; }};
     }
 
@@ -126,13 +125,13 @@ private:
     WillingDesktop m_desktop;
     NoScreen m_screen;
     Options m_options;
+    OptionsStore m_optionsStore{m_path + u".ini"_s};
+    Services m_services{m_desktop, m_catalogue, m_options, m_optionsStore};
     DisplayedSet m_set{m_catalogue, m_settings, m_desktop};
     bool m_busy = false;
-    MaintenanceParts m_parts{.catalogue = m_catalogue,
+    MaintenanceParts m_parts{.services = m_services,
                              .set = m_set,
                              .mainScreen = m_screen,
-                             .desktop = m_desktop,
-                             .options = m_options,
                              .busy = m_busy,
                              .beforeBulk = [](const QString & /*command*/) { return true; }};
     MaintenanceCommands m_commands{m_parts, [] {}, [] {}};
@@ -179,7 +178,7 @@ void replace(Copy &copy, const QString &field, const QString &original, const QS
 void changeCategory(Copy &copy, void (CategoryBulk::*command)(const Category *))
 {
     const CategoryParts parts = copy.categoryParts();
-    CategoryStore store(parts.catalogue);
+    CategoryStore store(parts.services.catalogue);
     const Category category = store.categories().first();
     CategoryBulk bulk(parts, store);
     (bulk.*command)(&category);

@@ -136,23 +136,36 @@ int main(int argc, char **argv)
     OptionsStore store(root + u"options.ini"_s);
     bench::WillingDesktop desktop(store);
     PlayerState state;
-    const Options options;
+    Options options;
+    const Services services{desktop, catalogue, options, store};
     DataControl displayed(catalogue);
     displayed.setRecordSource(u"Select * from  tblContacts Order By SongName, Artist"_s);
     const media::MediaFactory media(
         {.audioOutput = u"null"_s, .outputFile = {}, .untimed = false, .moduleFolder = {}});
     const media::MediaPlayer *lastPlayer = nullptr;
-    PlayForms player({desktop, state, options, store, catalogue, displayed,
-                      [&] {
-                          auto made = media.makeMediaPlayer();
-                          lastPlayer = made.get();
-                          return made;
-                      },
-                      [] { return false; }, [] {}, [] { return 0.0; }});
+    PlayForms player({.services = services,
+                      .state = state,
+                      .displayed = displayed,
+                      .makeMediaPlayer =
+                          [&] {
+                              auto made = media.makeMediaPlayer();
+                              lastPlayer = made.get();
+                              return made;
+                          },
+                      .isLastScreen = [] { return false; },
+                      .endProgram = [] {},
+                      .random = [] { return 0.0; }});
     const auto shell = shell::makeShell();
     QString lastFolder;
-    PlayCommands commands(
-        {desktop, player, state, options, catalogue, displayed, *shell, lastFolder, {}, {}, {}});
+    PlayCommands commands({.services = services,
+                           .player = player,
+                           .state = state,
+                           .displayed = displayed,
+                           .shell = *shell,
+                           .LastMusicFolder = lastFolder,
+                           .gatherFolders = {},
+                           .showPlayLists = {},
+                           .showSongAdded = {}});
     if (suite.wants(AllSongs))
         suite.compare(
             AllSongs, 4, [&] { commands.cmdPlayAll_Click(); }, [&] { statAndWrite(root); });

@@ -187,7 +187,9 @@ int main(int argc, char **argv)
     displayed.Data1().setRecordSource(u"Select * from  tblContacts Order By SongName"_s);
     displayed.Data1().Refresh();
     PlayListStore lists(catalogue);
-    PlayListTracks tracks({desktop, catalogue, lists, displayed.Data1()});
+    Options options;
+    PlayListTracks tracks(
+        {.services = {desktop, catalogue, options, store}, .lists = lists, .displayed = displayed.Data1()});
 
     const auto newList = [&] { return lists.addList(u"List %1"_s.arg(lists.lists().size()), {}); };
     suite.compare(
@@ -215,10 +217,17 @@ int main(int argc, char **argv)
     NoPlayer player;
     PlayerState state;
     state.CurrentPlayListName = u"List 0"_s;
-    const Options options;
     QString folder;
-    frmPlayList screen(
-        {desktop, player, state, options, store, catalogue, displayed, folder, folder, {}, {}, {}, {}});
+    frmPlayList screen({.services = {desktop, catalogue, options, store},
+                        .player = player,
+                        .state = state,
+                        .displayed = displayed,
+                        .LastMusicFolder = folder,
+                        .LastPlayListFolder = folder,
+                        .makeMediaPlayer = {},
+                        .populateReport = {},
+                        .RunPlayListReport = {},
+                        .showChangeFileNamePath = {}});
     screen.open();
     suite.compare(
         u"load 32k tracks"_s, 3, [&] { screen.LoadDetailListbox(); }, [&] { bare.load(list); });

@@ -25,11 +25,12 @@ QList<CategoryGrid::Head> headsOf(const QString &names)
 } // namespace
 
 CategoryAssign::CategoryAssign(const CategoryParts &parts, QWidget *parent)
-    : ModalScreen(parent), handle(
-                               parts.desktop, [this] { return windowTitle(); }, {}, [this] { refresh(); }),
-      m_ui(std::make_unique<Ui::CategoryAssign>()), m_parts(parts), m_store(parts.catalogue),
-      m_names(parts.desktop, m_store, CategoryNames::Screen::Assign),
-      m_song(parts.desktop, m_store, parts.set.Data1().Recordset().value(u"RecordID"_s).toLongLong())
+    : ModalScreen(parent),
+      handle(
+          parts.services.desktop, [this] { return windowTitle(); }, {}, [this] { refresh(); }),
+      m_ui(std::make_unique<Ui::CategoryAssign>()), m_parts(parts), m_store(parts.services.catalogue),
+      m_names(parts.services.desktop, m_store, CategoryNames::Screen::Assign),
+      m_song(parts.services.desktop, m_store, parts.set.Data1().Recordset().value(u"RecordID"_s).toLongLong())
 {
     m_ui->setupUi(this);
     Form_Load();
@@ -55,10 +56,10 @@ void CategoryAssign::Form_Load()
 {
     m_ui->CatgGrid->setHeads(headsOf(u"List Of All Categories"_s));
     m_ui->CatgIdGrid->setHeads(headsOf(u"Category Assigned To This Song"_s));
-    m_ui->cbAssignCatgOnAdd->setChecked(m_parts.options.AssignCategoryOnAdd == 1);
+    m_ui->cbAssignCatgOnAdd->setChecked(m_parts.services.options.AssignCategoryOnAdd == 1);
     scaleFont(*m_ui->lblName, HeadingScale, true);
     showText(*m_ui->lblName, m_parts.set.Data1().currentText(u"SongName"_s));
-    if (m_parts.options.TabletActive) {
+    if (m_parts.services.options.TabletActive) {
         sizeForFingers(*this);
         m_ui->CatgGrid->sizeForFingers();
         m_ui->CatgIdGrid->sizeForFingers();
@@ -129,7 +130,7 @@ void CategoryAssign::cbAssignCatgOnAdd_Click()
         const bool ticked = m_ui->cbAssignCatgOnAdd->isChecked();
         m_ui->cbAssignCatgOnAdd->setChecked(!ticked);
         m_parts.settings.storeAssignCategoryOnAdd(ticked ? 1 : 0);
-        m_parts.options.AssignCategoryOnAdd = ticked ? 1 : 0;
+        m_parts.services.options.AssignCategoryOnAdd = ticked ? 1 : 0;
         m_ui->cbAssignCatgOnAdd->setChecked(ticked);
     });
 }

@@ -97,8 +97,8 @@ void CategoryBulk::run(Direction direction, const Category *category)
 {
     const Words &words = wordsOf(direction);
     const auto handler = [&] {
-        if (m_parts.desktop.MessageBox(warning(words), u"Warning"_s, Icon::Exclamation, Buttons::OkCancel,
-                                       Answer::Cancel) != Answer::Ok)
+        if (m_parts.services.desktop.MessageBox(warning(words), u"Warning"_s, Icon::Exclamation,
+                                                Buttons::OkCancel, Answer::Cancel) != Answer::Ok)
             return;
         if (category == nullptr)
             return;
@@ -112,7 +112,7 @@ void CategoryBulk::run(Direction direction, const Category *category)
                 throw;
         }
     };
-    guarded(m_parts.desktop, words.title, handler, ErrorBox{{}, Icon::None});
+    guarded(m_parts.services.desktop, words.title, handler, ErrorBox{{}, Icon::None});
 }
 
 QString CategoryBulk::warning(const Words &words) const
@@ -125,9 +125,9 @@ QString CategoryBulk::warning(const Words &words) const
 
 std::optional<qint64> CategoryBulk::change(Direction direction, qint64 number)
 {
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     m_store.requireCategory(number);
-    dao::Database &database = *m_parts.catalogue.CatalogueDb;
+    dao::Database &database = *m_parts.services.catalogue.CatalogueDb;
     const dao::RowKeys displayed(database, m_parts.set.Data1().Recordset());
     const qint64 inside = database.OpenRecordset(countInside(number))->value(u"NumRecs"_s).toLongLong();
     if (inside == (direction == Direction::In ? displayed.count() : 0))
@@ -157,7 +157,7 @@ void CategoryBulk::tellStatistics(const Words &words, const QString &name, qint6
     QString text = words.done + u'"' + name + u"\" ("_s + QString::number(changed) + u")."_s;
     if (const qint64 others = displayed - changed; others != 0)
         text += u'\n' + words.others + QString::number(others) + u")."_s;
-    m_parts.desktop.MessageBox(text, words.title, Icon::Information);
+    m_parts.services.desktop.MessageBox(text, words.title, Icon::Information);
 }
 
 } // namespace quaverly

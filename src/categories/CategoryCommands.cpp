@@ -18,7 +18,7 @@ CategoryCommands::CategoryCommands(CategoryParts parts, QWidget &owner)
 
 void CategoryCommands::Category_Click()
 {
-    guarded(m_parts.desktop, u"Category Selection"_s, [this] {
+    guarded(m_parts.services.desktop, u"Category Selection"_s, [this] {
         auto form = std::make_unique<CategoryForm>(m_parts, &m_owner);
         MainScreen &mainScreen = m_parts.mainScreen;
         QObject::connect(form.get(), &QDialog::finished, &m_owner, [&mainScreen] { mainScreen.focusGrid(); });
@@ -28,18 +28,19 @@ void CategoryCommands::Category_Click()
 
 void CategoryCommands::AssignAllToCatg_Click()
 {
-    guarded(m_parts.desktop, u"Assign or Remove All Displayed Records To or From a Category"_s, [this] {
-        if (m_parts.set.Data1().hasRows())
-            std::make_unique<CatgAssignAll>(m_parts, &m_owner).release()->showModally();
-    });
+    guarded(m_parts.services.desktop, u"Assign or Remove All Displayed Records To or From a Category"_s,
+            [this] {
+                if (m_parts.set.Data1().hasRows())
+                    std::make_unique<CatgAssignAll>(m_parts, &m_owner).release()->showModally();
+            });
 }
 
 void CategoryCommands::ShowCategoryAssign(QWidget *owner)
 {
-    guarded(m_parts.desktop, u"Assign Current Song to a Category"_s, [&] {
+    guarded(m_parts.services.desktop, u"Assign Current Song to a Category"_s, [&] {
         if (!m_parts.set.Data1().hasRows())
             return;
-        const Hourglass hourglass(m_parts.desktop);
+        const Hourglass hourglass(m_parts.services.desktop);
         std::make_unique<CategoryAssign>(m_parts, owner != nullptr ? owner : &m_owner)
             .release()
             ->showModally();

@@ -23,10 +23,11 @@ constexpr QSize FirstSize(620, 460);
 } // namespace
 
 CategoryForm::CategoryForm(const CategoryParts &parts, QWidget *parent)
-    : ModalScreen(parent), handle(
-                               parts.desktop, [this] { return windowTitle(); }, {}, [this] { refresh(); }),
-      m_ui(std::make_unique<Ui::CategoryForm>()), m_parts(parts), m_store(parts.catalogue),
-      m_names(parts.desktop, m_store, CategoryNames::Screen::Form)
+    : ModalScreen(parent),
+      handle(
+          parts.services.desktop, [this] { return windowTitle(); }, {}, [this] { refresh(); }),
+      m_ui(std::make_unique<Ui::CategoryForm>()), m_parts(parts), m_store(parts.services.catalogue),
+      m_names(parts.services.desktop, m_store, CategoryNames::Screen::Form)
 {
     m_ui->setupUi(this);
     Form_Load();
@@ -52,7 +53,7 @@ void CategoryForm::Form_Load()
 {
     m_ui->CatgGrid->setHeads({{CategoryGrid::Shows::Name, u"List Of All Categories"_s}});
     m_ui->cbDefaultCatg->setChecked(m_parts.settings.categoryStartupBox() == 1);
-    if (m_parts.options.TabletActive) {
+    if (m_parts.services.options.TabletActive) {
         sizeForFingers(*this);
         m_ui->CatgGrid->sizeForFingers();
     }
@@ -134,9 +135,10 @@ void CategoryForm::showCategory(const Category *current)
 {
     m_parts.mainScreen.set_cmdShowArtistSongs({});
     if (current == nullptr) {
-        m_parts.desktop.MessageBox(u"There are no Categories.  You must create one and select it before you "
-                                   "can perform this action."_s,
-                                   u"No Categories"_s, Icon::Stop);
+        m_parts.services.desktop.MessageBox(
+            u"There are no Categories.  You must create one and select it before you "
+            "can perform this action."_s,
+            u"No Categories"_s, Icon::Stop);
         return;
     }
     m_store.requireCategory(current->CategoryNumber);

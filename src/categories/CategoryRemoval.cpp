@@ -30,11 +30,11 @@ bool confirmed(Desktop &desktop, qint64 songs)
 bool removeCategory(const CategoryParts &parts, CategoryStore &store, const Category *current)
 {
     if (current == nullptr) {
-        parts.desktop.MessageBox(u"There are no Categories, so there is nothing to delete."_s,
-                                 u"No Categories to delete"_s, Icon::Stop);
+        parts.services.desktop.MessageBox(u"There are no Categories, so there is nothing to delete."_s,
+                                          u"No Categories to delete"_s, Icon::Stop);
         return false;
     }
-    if (!confirmed(parts.desktop, store.songsIn(current->CategoryNumber)))
+    if (!confirmed(parts.services.desktop, store.songsIn(current->CategoryNumber)))
         return false;
     // By name, as it is remembered: a category renamed since it was shown leaves its row behind.
     if (const auto shown = parts.settings.category(); shown && shown->Name == current->CategoryDesc) {

@@ -18,7 +18,7 @@ constexpr QSize FirstSize(620, 440);
 
 CatgAssignAll::CatgAssignAll(const CategoryParts &parts, QWidget *parent)
     : ModalScreen(parent), m_ui(std::make_unique<Ui::CatgAssignAll>()), m_parts(parts),
-      m_store(parts.catalogue), m_bulk(m_parts, m_store)
+      m_store(parts.services.catalogue), m_bulk(m_parts, m_store)
 {
     m_ui->setupUi(this);
     Form_Load();
@@ -40,7 +40,7 @@ void CatgAssignAll::Form_Load()
     // The odd heading is meant.
     m_ui->CatgGrid->setHeads({{CategoryGrid::Shows::Number, u"CategoryNumber"_s},
                               {CategoryGrid::Shows::Name, u"List Of All Bands"_s}});
-    if (m_parts.options.TabletActive) {
+    if (m_parts.services.options.TabletActive) {
         sizeForFingers(*this);
         m_ui->CatgGrid->sizeForFingers();
     }
@@ -56,7 +56,7 @@ void CatgAssignAll::refresh()
 
 void CatgAssignAll::CatgGrid_KeyPress(QChar letter)
 {
-    guarded(m_parts.desktop, windowTitle(), [&] {
+    guarded(m_parts.services.desktop, windowTitle(), [&] {
         if (const auto number = m_store.firstWith(letter))
             m_ui->CatgGrid->makeCurrent(*number);
     });
@@ -64,7 +64,7 @@ void CatgAssignAll::CatgGrid_KeyPress(QChar letter)
 
 void CatgAssignAll::run(void (CategoryBulk::*command)(const Category *))
 {
-    work(m_parts.desktop, [&] {
+    work(m_parts.services.desktop, [&] {
         (m_bulk.*command)(m_ui->CatgGrid->current());
         // Another program may have changed the categories meanwhile.
         refresh();

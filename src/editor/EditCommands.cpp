@@ -19,8 +19,8 @@ EditCommands::EditCommands(EditParts parts) : m_parts(std::move(parts))
 
 void EditCommands::cmdEdit_Click()
 {
-    static_cast<void>(
-        guarded(m_parts.desktop, u"Microsoft error message"_s, [this] { edit(); }, {{}, Icon::None}));
+    static_cast<void>(guarded(m_parts.services.desktop, u"Microsoft error message"_s, [this] { edit(); },
+                              {{}, Icon::None}));
 }
 
 void EditCommands::edit()
@@ -33,7 +33,7 @@ void EditCommands::edit()
         tellNoRecords();
         return;
     }
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     m_parts.state.EditMode = true;
     m_parts.showNameEdit([this] { closed(); });
     m_open = true;
@@ -41,12 +41,12 @@ void EditCommands::edit()
 
 void EditCommands::tellNoRecords()
 {
-    if (m_parts.catalogue.ContactsTable->isEmpty())
-        m_parts.desktop.MessageBox(
+    if (m_parts.services.catalogue.ContactsTable->isEmpty())
+        m_parts.services.desktop.MessageBox(
             u"Add songs automatically by choosing one of the options on the File menu."_s,
             u"Empty Database"_s);
     else
-        m_parts.desktop.MessageBox(
+        m_parts.services.desktop.MessageBox(
             u"There are no records displayed, so you can't View or Edit them.  Click the Show All button, or "
             "change the Category or Filter to display records first."_s,
             u"No records to View or Edit"_s, Icon::Information);
@@ -54,16 +54,16 @@ void EditCommands::tellNoRecords()
 
 void EditCommands::cmdAdd_Click()
 {
-    static_cast<void>(guarded(m_parts.desktop, u"Add a New Record"_s, [this] {
+    static_cast<void>(guarded(m_parts.services.desktop, u"Add a New Record"_s, [this] {
         if (m_open)
             return;
         if (m_parts.player.PlayerOpen) {
-            m_parts.desktop.MessageBox(u"Cannot Add records while playing songs. End the Player first."_s,
-                                       u"Add not allowed"_s);
+            m_parts.services.desktop.MessageBox(
+                u"Cannot Add records while playing songs. End the Player first."_s, u"Add not allowed"_s);
             return;
         }
         m_parts.set.Data1().finishTyping();
-        const Hourglass hourglass(m_parts.desktop);
+        const Hourglass hourglass(m_parts.services.desktop);
         m_parts.state.EditMode = false;
         m_parts.showNameEdit([this] { closed(); });
         m_open = m_adding = true;

@@ -1,24 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
+
 #include <functional>
 
 namespace quaverly {
 
-class Desktop;
 class DisplayedSet;
 class MainScreen;
-struct Catalogue;
 struct EditorState;
 struct PlayerState;
 
 /** What the commands that open the editor work with. All of it outlives them. */
 struct EditParts
 {
-    Desktop &desktop;
+    Services services;
     DisplayedSet &set;
     MainScreen &mainScreen;
-    const Catalogue &catalogue;
     PlayerState &player;
     EditorState &state;
     /** Shows the editor over the main screen and returns; calls back when it is closed. */

@@ -54,13 +54,14 @@ void FileFields::cmdBrowseFile_Click()
 void FileFields::browseForFile()
 {
     const QString path = m_ui.txtPathName->text();
-    const QString start = FolderExists(path) ? EnsureBackslash(path) : m_parts.catalogue.DatabaseFolder;
-    const auto chosen = m_parts.desktop.ShowOpenDialog(
+    const QString start =
+        FolderExists(path) ? EnsureBackslash(path) : m_parts.services.catalogue.DatabaseFolder;
+    const auto chosen = m_parts.services.desktop.ShowOpenDialog(
         {u"Select a music file"_s, QString::fromUtf16(MusicFilter), start, {}});
     if (!chosen)
         return;
     if (!FileExists(*chosen)) {
-        m_parts.desktop.MessageBox(
+        m_parts.services.desktop.MessageBox(
             u"The file name you selected cannot be displayed in Quaverly, likely because "
             "it contains invalid characters in the file name.\r\n"
             "Rename this file on your computer first."_s,
@@ -73,11 +74,11 @@ void FileFields::browseForFile()
 
 void FileFields::renameFile()
 {
-    const QString answer =
-        m_parts.desktop.InputPrompt(u"Enter the new name for this file, then press the OK button.\r\n"
-                                    "File will not be renamed until you Save this record.\r\n"
-                                    "To rename to the Song Name, just press OK."_s,
-                                    u"Rename existing file"_s, m_ui.txtSongName->text());
+    const QString answer = m_parts.services.desktop.InputPrompt(
+        u"Enter the new name for this file, then press the OK button.\r\n"
+        "File will not be renamed until you Save this record.\r\n"
+        "To rename to the Song Name, just press OK."_s,
+        u"Rename existing file"_s, m_ui.txtSongName->text());
     if (answer.isEmpty())
         return;
     take(u"FileName"_s, u"File name"_s, renamedFile(answer, m_ui.txtFileName->text()));
@@ -87,12 +88,12 @@ void FileFields::renameFile()
 
 void FileFields::cmdBrowsePath_Click()
 {
-    if (m_parts.MusicFolder.isEmpty())
-        m_parts.MusicFolder = musicFolder();
+    if (m_parts.LastMusicFolder.isEmpty())
+        m_parts.LastMusicFolder = musicFolder();
     if (!m_ui.txtPathName->text().isEmpty())
-        m_parts.MusicFolder = m_ui.txtPathName->text();
-    const QString folder = m_parts.desktop.BrowseForFolder(u"Pick a folder to move this file into"_s,
-                                                           u"Select a Folder"_s, m_parts.MusicFolder);
+        m_parts.LastMusicFolder = m_ui.txtPathName->text();
+    const QString folder = m_parts.services.desktop.BrowseForFolder(
+        u"Pick a folder to move this file into"_s, u"Select a Folder"_s, m_parts.LastMusicFolder);
     if (folder.isEmpty() || !take(u"PathName"_s, u"Path name"_s, EnsureBackslash(folder)))
         return;
     m_gate.settle(*m_ui.txtPathName, checkPickedFolder(m_ui.txtPathName->text(), m_parts.row()));
@@ -103,7 +104,7 @@ void FileFields::cmdEditTags_Click()
 {
     const QString folder = m_ui.txtPathName->text().trimmed();
     if (!folder.isEmpty() && FolderExists(folder))
-        static_cast<void>(m_parts.desktop.ShowOpenDialog(
+        static_cast<void>(m_parts.services.desktop.ShowOpenDialog(
             {u"Music files in this song's folder"_s, QString::fromUtf16(MusicFilter), folder, {}}));
 }
 
@@ -114,7 +115,7 @@ bool FileFields::take(const QString &field, const QString &what, const QString &
         return true;
     }
     const Verdict refusal = tooLong(what);
-    m_parts.desktop.MessageBox(refusal.text, refusal.title, refusal.icon);
+    m_parts.services.desktop.MessageBox(refusal.text, refusal.title, refusal.icon);
     return false;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "editor/FieldGate.h"
 
 #include <QObject>
@@ -8,17 +9,15 @@
 namespace quaverly {
 
 class SongControls;
-struct Catalogue;
 struct EditorState;
 
 /** What the fields of the song's file work with. All of it outlives them. */
 struct FileFieldsParts
 {
-    Desktop &desktop;
-    const Catalogue &catalogue;
+    Services services;
     const EditorState &state;
     /** The folder chosen last in a folder dialog. */
-    QString &MusicFolder;
+    QString &LastMusicFolder;
     std::function<EditedRow()> row;
     Handle handle;
 };

@@ -43,7 +43,7 @@ constexpr int LittleHeight = 800;
 } // namespace
 
 NameEdit::NameEdit(NameEditParts parts, QWidget *parent)
-    : ModalScreen(parent), handle(parts.desktop, [] { return u"Error"_s; }, {{}, Icon::None}),
+    : ModalScreen(parent), handle(parts.services.desktop, [] { return u"Error"_s; }, {{}, Icon::None}),
       m_ui(std::make_unique<Ui::NameEdit>()), m_parts(std::move(parts))
 {
     m_ui->setupUi(this);
@@ -64,23 +64,21 @@ void NameEdit::build()
     const Handle handler = [this](const std::function<void()> &what) { handle(what); };
     const auto row = [this] { return m_record->row(); };
     m_controls = std::make_unique<SongControls>(*this, [this] { setRecordDirty(true); });
-    m_gate = std::make_unique<FieldGate>(*this, *m_ui, m_parts.desktop, row, handler);
+    m_gate = std::make_unique<FieldGate>(*this, *m_ui, m_parts.services.desktop, row, handler);
     m_files = std::make_unique<FileFields>(*m_ui, *m_controls, *m_gate,
-                                           FileFieldsParts{.desktop = m_parts.desktop,
-                                                           .catalogue = m_parts.catalogue,
+                                           FileFieldsParts{.services = m_parts.services,
                                                            .state = m_parts.state,
-                                                           .MusicFolder = m_parts.MusicFolder,
+                                                           .LastMusicFolder = m_parts.LastMusicFolder,
                                                            .row = row,
                                                            .handle = handler});
-    m_playLists = std::make_unique<PlayListChoice>(*m_ui, m_parts.desktop, m_parts.set, m_parts.catalogue,
-                                                   m_parts.player, m_parts.now, handler);
+    m_playLists =
+        std::make_unique<PlayListChoice>(*m_ui, m_parts.services.desktop, m_parts.set,
+                                         m_parts.services.catalogue, m_parts.player, m_parts.now, handler);
     m_record =
         std::make_unique<ShownRecord>(*this, *m_ui, *m_controls,
-                                      ShownRecordParts{.desktop = m_parts.desktop,
+                                      ShownRecordParts{.services = m_parts.services,
                                                        .set = m_parts.set,
-                                                       .catalogue = m_parts.catalogue,
                                                        .settings = m_parts.settings,
-                                                       .options = m_parts.options,
                                                        .state = m_parts.state,
                                                        .now = m_parts.now,
                                                        .canPlay = m_parts.hooks.playFromEditor != nullptr,
@@ -99,7 +97,8 @@ void NameEdit::wire()
     new FieldKeys(
         *this, *m_ui,
         {.enlargeNotes = [this] { txtNotes_DblClick(); },
-         .openLink = [this](const QString &text) { handle([&] { OpenLink(m_parts.desktop, text); }); },
+         .openLink =
+             [this](const QString &text) { handle([&] { OpenLink(m_parts.services.desktop, text); }); },
          .showMenu = [this](const QWidget &control, QPoint place) { return showMenu(control, place); }});
     const auto on = [this](QPushButton *button, auto handler) {
         connect(button, &QPushButton::clicked, this, handler);
@@ -123,7 +122,7 @@ void NameEdit::setUpLook()
     for (QLabel *faint :
          {m_ui->lblNotes, m_ui->lblUpdated, m_ui->lblDateUpdated, m_ui->lblToday, m_ui->lblTodaysDate})
         scaleFont(*faint, CaptionScale);
-    if (!m_parts.options.TabletActive)
+    if (!m_parts.services.options.TabletActive)
         return;
     sizeForFingers(*this);
     for (auto *label : findChildren<LabelEdit *>())
@@ -159,7 +158,7 @@ void NameEdit::placeScreen()
         return;
     }
     const bool atTop =
-        m_parts.options.TabletActive ||
+        m_parts.services.options.TabletActive ||
         (qRound(screen()->logicalDotsPerInchX()) == LargeDots && screen()->size().height() < LittleHeight);
     const QPoint centre = area.center() - QRect({}, size() + (area.size() - room)).center();
     move(centre.x(), atTop ? area.top() + HighTopTwips / TwipsPerPixel : centre.y());
@@ -167,7 +166,7 @@ void NameEdit::placeScreen()
 
 void NameEdit::Form_Load()
 {
-    const Options &options = m_parts.options;
+    const Options &options = m_parts.services.options;
     if (m_parts.set.isDuplicateView()) {
         m_ui->cmdSave->setEnabled(false);
         m_ui->cmdAddNew->setEnabled(false);
@@ -268,16 +267,18 @@ bool NameEdit::Form_Unload()
     m_record->leave();
     if (!state.RecordSaved)
         return true;
-    m_parts.desktop.letEventsRun();
+    m_parts.services.desktop.letEventsRun();
     m_assignCategory = std::exchange(state.NewRecordSaved, false) &&
-                       m_parts.options.AssignCategoryOnAdd == 1 && !text(u"SongName"_s).trimmed().isEmpty();
+                       m_parts.services.options.AssignCategoryOnAdd == 1 &&
+                       !text(u"SongName"_s).trimmed().isEmpty();
     return true;
 }
 
 bool NameEdit::mayLoseChanges()
 {
     const auto ask = [this](const QString &text, const QString &title, std::optional<Answer> usual) {
-        return m_parts.desktop.MessageBox(text, title, Icon::None, Buttons::YesNo, usual) == Answer::Yes;
+        return m_parts.services.desktop.MessageBox(text, title, Icon::None, Buttons::YesNo, usual) ==
+               Answer::Yes;
     };
     if (m_parts.state.PictureChanged)
         return ask(
@@ -339,8 +340,8 @@ void NameEdit::txtNotes_DblClick()
 
 void NameEdit::ImageKeyboard_Click()
 {
-    if (m_parts.options.TabletActive)
-        m_parts.desktop.ShowKeyboard();
+    if (m_parts.services.options.TabletActive)
+        m_parts.services.desktop.ShowKeyboard();
 }
 
 } // namespace quaverly

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "desktop/Guard.h"
 #include "desktop/ModalScreen.h"
 #include "player/PlayCommands.h"
@@ -27,7 +28,6 @@ class SettingsRows;
 class ShownRecord;
 class SongControls;
 struct EditorState;
-struct Options;
 
 /** What the editor leads to. A button whose hook is empty is disabled. */
 struct NameEditHooks
@@ -51,16 +51,14 @@ struct NameEditHooks
 /** What the editor works with. All of it outlives the screen. */
 struct NameEditParts
 {
-    Desktop &desktop;
+    Services services;
     DisplayedSet &set;
     MainScreen &mainScreen;
-    Catalogue &catalogue;
     SettingsRows &settings;
-    Options &options;
     PlayerState &player;
     EditorState &state;
     /** The folder chosen last in a folder dialog. */
-    QString &MusicFolder;
+    QString &LastMusicFolder;
     /** Wall time. */
     std::function<QDateTime()> now;
     NameEditHooks hooks;

@@ -21,9 +21,9 @@ constexpr int MiscFields = 3;
 
 ShownRecord::ShownRecord(QWidget &screen, Ui::NameEdit &ui, SongControls &controls, ShownRecordParts parts)
     : m_screen(screen), m_ui(ui), m_controls(controls), m_parts(std::move(parts)),
-      m_save({m_parts.desktop, m_parts.set, m_parts.catalogue, m_parts.options, m_parts.state, m_parts.now}),
-      m_walk(m_parts.catalogue, m_parts.set.Data1()),
-      m_template(m_parts.desktop, m_parts.options, m_parts.settings, m_parts.set.Data1())
+      m_save({.services = m_parts.services, .set = m_parts.set, .state = m_parts.state, .now = m_parts.now}),
+      m_walk(m_parts.services.catalogue, m_parts.set.Data1()),
+      m_template(m_parts.services.desktop, m_parts.services.options, m_parts.settings, m_parts.set.Data1())
 {
     const auto on = [this](const QPushButton *button, auto handler) {
         connect(button, &QPushButton::clicked, this, [this, handler] { m_parts.handle(handler); });
@@ -119,7 +119,7 @@ EditedRow ShownRecord::row() const
 {
     const SongTexts &loaded = m_controls.loaded();
     EditedRow row{.EditMode = m_parts.state.EditMode,
-                  .FileRenameDisabled = m_parts.options.FileRenameDisabled,
+                  .FileRenameDisabled = m_parts.services.options.FileRenameDisabled,
                   .texts = loaded};
     row.fileExists = row.EditMode && FileExists(loaded.value(u"PathName"_s) + loaded.value(u"FileName"_s));
     return row;
@@ -177,7 +177,7 @@ void ShownRecord::giveUpRename()
         return;
     m_walk.refreshForList(m_parts.set.Data1().currentText(u"RecordID"_s).toLongLong());
     if (!told->isEmpty())
-        m_parts.desktop.MessageBox(*told, u"Renamed files"_s, Icon::Exclamation);
+        m_parts.services.desktop.MessageBox(*told, u"Renamed files"_s, Icon::Exclamation);
 }
 
 void ShownRecord::step(void (SongWalk::*goOn)())
@@ -204,7 +204,7 @@ bool ShownRecord::mayStep()
     }
     if (!m_parts.state.RecordDirty || !m_controls.text(u"SongName"_s).trimmed().isEmpty())
         return true;
-    m_parts.desktop.MessageBox(
+    m_parts.services.desktop.MessageBox(
         u"You have made changes to the existing record, but it cannot be saved because "
         "it does not have a Song Name."_s,
         u"Critical data was not supplied"_s, Icon::Exclamation);
@@ -213,7 +213,7 @@ bool ShownRecord::mayStep()
 
 void ShownRecord::tellNoRecords()
 {
-    m_parts.desktop.MessageBox(
+    m_parts.services.desktop.MessageBox(
         u"There are no records to display in the current selection.  Add some records first."_s,
         u"No records to display"_s, Icon::Information);
 }
@@ -225,7 +225,7 @@ void ShownRecord::handleMove(const std::function<void()> &handler)
             handler();
         } catch (const dao::DaoError &) {
             // Nothing is shown: the record on the screen stays where it is.
-            m_parts.desktop.resetPointer();
+            m_parts.services.desktop.resetPointer();
         }
     });
 }
@@ -246,7 +246,7 @@ void ShownRecord::cmdDelete_Click()
 
 bool ShownRecord::mayDelete()
 {
-    Desktop &desktop = m_parts.desktop;
+    Desktop &desktop = m_parts.services.desktop;
     if (!m_parts.state.EditMode) {
         desktop.MessageBox(u"You cannot delete a record before you add it!"_s, u"New record not saved yet"_s,
                            Icon::Stop);

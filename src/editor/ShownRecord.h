@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "editor/FieldGate.h"
 #include "editor/SongSave.h"
 #include "editor/SongWalk.h"
@@ -16,11 +17,9 @@ class SongControls;
 /** What the record on the screen works with. All of it outlives it. */
 struct ShownRecordParts
 {
-    Desktop &desktop;
+    Services services;
     DisplayedSet &set;
-    Catalogue &catalogue;
     SettingsRows &settings;
-    Options &options;
     EditorState &state;
     /** Wall time. */
     std::function<QDateTime()> now;

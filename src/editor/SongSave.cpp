@@ -30,7 +30,7 @@ bool isBlank(const QString &text)
 
 } // namespace
 
-SongSave::SongSave(SaveParts parts) : m_parts(std::move(parts)), m_files(m_parts.catalogue)
+SongSave::SongSave(SaveParts parts) : m_parts(std::move(parts)), m_files(m_parts.services.catalogue)
 {}
 
 SaveResult SongSave::save(const SongTexts &texts)
@@ -45,8 +45,8 @@ SaveResult SongSave::save(const SongTexts &texts)
 
 SaveResult SongSave::tell(const dao::DaoError &error, QLatin1StringView control)
 {
-    m_parts.desktop.resetPointer();
-    m_parts.desktop.MessageBox(error.description, u"Error"_s);
+    m_parts.services.desktop.resetPointer();
+    m_parts.services.desktop.MessageBox(error.description, u"Error"_s);
     return {SaveOutcome::Refused, control};
 }
 
@@ -63,7 +63,7 @@ SaveResult SongSave::checkAndWrite(const SongTexts &texts)
     const SongFile typed = fileOf(texts);
     if (const auto refused = checkPlace(typed))
         return *refused;
-    if (!m_parts.options.FileRenameDisabled && state.EditMode) {
+    if (!m_parts.services.options.FileRenameDisabled && state.EditMode) {
         if (const auto refused = syncFile(typed))
             return *refused;
     }
@@ -71,7 +71,7 @@ SaveResult SongSave::checkAndWrite(const SongTexts &texts)
         return *refused;
     if (const auto refused = checkID(texts))
         return *refused;
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     write(texts);
     return {SaveOutcome::Saved};
 }
@@ -79,7 +79,7 @@ SaveResult SongSave::checkAndWrite(const SongTexts &texts)
 SaveResult SongSave::refuse(const QString &title, const QString &text, bool exclamation,
                             QLatin1StringView control)
 {
-    m_parts.desktop.MessageBox(text, title, exclamation ? Icon::Exclamation : Icon::None);
+    m_parts.services.desktop.MessageBox(text, title, exclamation ? Icon::Exclamation : Icon::None);
     return {SaveOutcome::Refused, control};
 }
 
@@ -95,7 +95,7 @@ std::optional<SaveResult> SongSave::checkPlace(const SongFile &typed)
         return refuse(u"Invalid Path Name"_s,
                       u"The Path name must be complete, beginning with \""_s + PathSeparator + u"\"."_s, true,
                       "txtPathName"_L1);
-    const auto bearer = songOfFile(*m_parts.catalogue.CatalogueDb, typed);
+    const auto bearer = songOfFile(*m_parts.services.catalogue.CatalogueDb, typed);
     if (!bearer || (m_parts.state.EditMode && bearer->RecordID == rowID()))
         return std::nullopt;
     return refuse(u"File of another record"_s,
@@ -156,15 +156,16 @@ std::optional<SaveResult> SongSave::checkID(const SongTexts &texts)
     const QString id = texts.value(u"ID"_s).trimmed();
     if (id.isEmpty())
         return std::nullopt;
-    const auto rows = m_parts.catalogue.CatalogueDb->OpenRecordset(
+    const auto rows = m_parts.services.catalogue.CatalogueDb->OpenRecordset(
         u"SELECT ID, SongName from tblContacts Where ID="_s + quoted(id), dao::RecordsetType::Snapshot);
     if (rows->isEmpty())
         return std::nullopt;
     const QString known = rows->text(u"SongName"_s).trimmed();
     if (known.compare(texts.value(u"SongName"_s).trimmed(), Qt::CaseInsensitive) == 0)
         return std::nullopt;
-    m_parts.desktop.MessageBox(u"You cannot have a Song with the same ID number as an existing Song."_s,
-                               u"Duplicate ID"_s, Icon::Stop);
+    m_parts.services.desktop.MessageBox(
+        u"You cannot have a Song with the same ID number as an existing Song."_s, u"Duplicate ID"_s,
+        Icon::Stop);
     return SaveResult{SaveOutcome::Refused, "txtID"_L1};
 }
 
@@ -175,7 +176,7 @@ void SongSave::write(const SongTexts &texts)
     state.RecordSaved = true;
     try {
         // The song with its category or neither: else the next save would add the song a second time.
-        dao::Transaction transaction(m_parts.catalogue.CatalogueDb->workspace());
+        dao::Transaction transaction(m_parts.services.catalogue.CatalogueDb->workspace());
         writeOrRetry(texts);
         assignShownCategory();
         transaction.commit();
@@ -205,7 +206,7 @@ void SongSave::writeOrRetry(const SongTexts &texts)
 void SongSave::MoveFormToData(const SongTexts &texts)
 {
     EditorState &state = m_parts.state;
-    const auto songs = m_parts.catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s);
+    const auto songs = m_parts.services.catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s);
     songs->setIndex(u"PrimaryKey"_s);
     const SongFile before = rowFile();
     if (state.EditMode) {
@@ -244,7 +245,7 @@ void SongSave::assignShownCategory()
     const qsizetype equals = clause.indexOf(u'=');
     if (!m_parts.state.NewRecordSaved || equals < 0)
         return;
-    const auto rows = m_parts.catalogue.CatalogueDb->OpenRecordset(u"tblCategoryID"_s);
+    const auto rows = m_parts.services.catalogue.CatalogueDb->OpenRecordset(u"tblCategoryID"_s);
     rows->AddNew();
     rows->setValue(u"ID"_s, m_parts.state.CurrentRecordID);
     rows->setValue(u"CategoryNumber"_s, clause.mid(equals + 1).trimmed());

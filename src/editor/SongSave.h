@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "editor/EditorFields.h"
 #include "editor/FileSync.h"
 
@@ -14,10 +15,8 @@ class DaoError;
 
 namespace quaverly {
 
-class Desktop;
 class DisplayedSet;
 struct EditorState;
-struct Options;
 
 /** What came of a save. */
 enum class SaveOutcome {
@@ -38,10 +37,8 @@ struct SaveResult
 /** What saving works with. All of it outlives the save. */
 struct SaveParts
 {
-    Desktop &desktop;
+    Services services;
     DisplayedSet &set;
-    Catalogue &catalogue;
-    const Options &options;
     EditorState &state;
     std::function<QDateTime()> now;
 };

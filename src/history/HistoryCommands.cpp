@@ -46,19 +46,19 @@ void HistoryCommands::mnuRedo_Click()
 
 void HistoryCommands::mnuHistory_Click()
 {
-    guarded(m_parts.desktop, u"History"_s, m_parts.showHistory);
+    guarded(m_parts.services.desktop, u"History"_s, m_parts.showHistory);
 }
 
 std::optional<dao::Change> HistoryCommands::next(WalkDirection direction) const
 {
-    const dao::History history(*m_parts.catalogue.CatalogueDb);
+    const dao::History history(*m_parts.services.catalogue.CatalogueDb);
     return direction == WalkDirection::Back ? history.undoable() : history.redoable();
 }
 
 void HistoryCommands::step(WalkDirection direction)
 {
-    guarded(m_parts.desktop, wordFor(direction), [&] {
-        m_parts.catalogue.CatalogueDb->endChange();
+    guarded(m_parts.services.desktop, wordFor(direction), [&] {
+        m_parts.services.catalogue.CatalogueDb->endChange();
         if (const auto change = next(direction))
             walk(*change, direction);
     });
@@ -66,7 +66,7 @@ void HistoryCommands::step(WalkDirection direction)
 
 int HistoryCommands::walk(const dao::Change &last, WalkDirection direction)
 {
-    const ChangeTexts texts(*m_parts.catalogue.CatalogueDb);
+    const ChangeTexts texts(*m_parts.services.catalogue.CatalogueDb);
     const bool back = direction == WalkDirection::Back;
     int gone = 0;
     for (auto change = next(direction); change && (back ? change->id >= last.id : change->id <= last.id);
@@ -84,16 +84,16 @@ int HistoryCommands::walk(const dao::Change &last, WalkDirection direction)
 
 bool HistoryCommands::go(const dao::Change &change, WalkDirection direction)
 {
-    ChangeWalk walk(m_parts.catalogue);
+    ChangeWalk walk(m_parts.services.catalogue);
     QStringList inTheWay;
     {
-        const Hourglass hourglass(m_parts.desktop);
+        const Hourglass hourglass(m_parts.services.desktop);
         inTheWay = walk.go(change, direction);
     }
     if (inTheWay.isEmpty())
         return true;
-    const QString sentence = ChangeTexts(*m_parts.catalogue.CatalogueDb).sentence(change);
-    m_parts.desktop.MessageBox(
+    const QString sentence = ChangeTexts(*m_parts.services.catalogue.CatalogueDb).sentence(change);
+    m_parts.services.desktop.MessageBox(
         u"\"%1\" can't be %2, since something stands in the way:\n\n%3\n\nNothing was "
         "changed."_s.arg(sentence, direction == WalkDirection::Back ? u"taken back"_s : u"done again"_s,
                          listed(inTheWay)),
@@ -128,7 +128,7 @@ std::optional<QString> HistoryCommands::caption(WalkDirection direction) const
         const auto change = next(direction);
         if (!change)
             return std::nullopt;
-        QString sentence = ChangeTexts(*m_parts.catalogue.CatalogueDb).sentence(*change);
+        QString sentence = ChangeTexts(*m_parts.services.catalogue.CatalogueDb).sentence(*change);
         if (sentence.size() > LongestCaption)
             sentence = sentence.left(LongestCaption - 1) + u'\u2026';
         return wordFor(direction) + u' ' + sentence.replace(u'&', u"&&"_s).replace(u'\n', u' ');

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "history/ChangeWalk.h"
 
 #include <functional>
@@ -8,14 +9,12 @@
 
 namespace quaverly {
 
-class Desktop;
 class DisplayedSet;
 
 /** What the commands on the history need. */
 struct HistoryParts
 {
-    Desktop &desktop;
-    Catalogue &catalogue;
+    Services services;
     DisplayedSet &set;
     /** Tells in a line of the main screen what was done. */
     std::function<void(const QString &)> tell;

@@ -76,10 +76,10 @@ bool AddCommands::mayAdd()
 void AddCommands::addMusicFolder()
 {
     m_mainScreen.unloadPics3();
-    if (m_state.MusicFolder.isEmpty())
-        m_state.MusicFolder = musicFolder();
+    if (m_state.LastMusicFolder.isEmpty())
+        m_state.LastMusicFolder = musicFolder();
     const QString folder = m_desktop.BrowseForFolder(u"Add a Folder of Music Files including subfolders"_s,
-                                                     u"Select a Folder"_s, m_state.MusicFolder);
+                                                     u"Select a Folder"_s, m_state.LastMusicFolder);
     if (folder.isEmpty())
         return;
     if (m_mainScreen.openScreens() > 1) {
@@ -91,9 +91,9 @@ void AddCommands::addMusicFolder()
 
 void AddCommands::addOneMusicFile()
 {
-    if (m_state.MusicFolder.isEmpty())
-        m_state.MusicFolder = musicFolder();
-    const auto chosen = m_desktop.ShowOpenDialog(musicFileQuestion(EnsureBackslash(m_state.MusicFolder)));
+    if (m_state.LastMusicFolder.isEmpty())
+        m_state.LastMusicFolder = musicFolder();
+    const auto chosen = m_desktop.ShowOpenDialog(musicFileQuestion(EnsureBackslash(m_state.LastMusicFolder)));
     if (!chosen)
         return;
     if (!FileExists(*chosen)) {

@@ -11,7 +11,7 @@ struct IntakeState
     /** Set by the scan screens to stop a scan; cleared by whoever starts one, and when it ends. */
     bool CancelScan = false;
     /** The folder added from last, where the next dialog starts. */
-    QString MusicFolder;
+    QString LastMusicFolder;
 };
 
 } // namespace quaverly

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -14,10 +16,8 @@ class Shell;
 
 namespace quaverly {
 
-class Desktop;
 class MainScreen;
 class ScanScreens;
-struct Catalogue;
 struct IntakeState;
 
 /** The time as the scan needs it. */
@@ -32,10 +32,9 @@ struct ScanClock
 /** What a scan works with. All of it outlives the loader. */
 struct IntakeParts
 {
-    Desktop &desktop;
+    Services services;
     MainScreen &mainScreen;
     shell::Shell &shell;
-    Catalogue &catalogue;
     IntakeState &state;
     ScanScreens &screens;
     ScanClock clock;

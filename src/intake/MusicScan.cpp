@@ -54,7 +54,7 @@ void openForReading(QFile &file)
 } // namespace
 
 MusicScan::MusicScan(const IntakeParts &parts, const QString &path, const QString &oneFile)
-    : m_parts(parts), m_report(parts.reportPlaces), m_songs(parts.catalogue, m_report),
+    : m_parts(parts), m_report(parts.reportPlaces), m_songs(parts.services.catalogue, m_report),
       m_driveScan(!path.endsWith(PathSeparator)), m_path(CleanFolder(path)), m_oneFile(oneFile),
       m_screen(m_driveScan ? parts.screens.driveScreen() : parts.screens.folderScreen())
 {}
@@ -85,21 +85,22 @@ void MusicScan::run()
 
 void MusicScan::showStart()
 {
-    m_parts.state.MusicFolder = m_path;
+    m_parts.state.LastMusicFolder = m_path;
     if (m_driveScan) {
         m_screen.setBarWidth(FirstBarTwips);
         return;
     }
     m_screen.showScanning(u"Add a Folder of Music Files"_s, u"Scanning in progress...\nPlease wait..."_s);
-    m_parts.desktop.letEventsRun();
+    m_parts.services.desktop.letEventsRun();
 }
 
 void MusicScan::gather()
 {
     if (m_driveScan)
         m_screen.setGatheringText(u"Gathering data..."_s);
-    m_report.attempt(
-        [&] { GatherFolders(m_parts.shell, m_parts.desktop, m_parts.state.CancelScan, m_path, m_gathered); });
+    m_report.attempt([&] {
+        GatherFolders(m_parts.shell, m_parts.services.desktop, m_parts.state.CancelScan, m_path, m_gathered);
+    });
     m_report.settle(m_path);
     for (const QString &path : m_gathered.refused) {
         m_report.passOver(PassedOver::RefusedName, u"The name is not valid here"_s);
@@ -109,7 +110,7 @@ void MusicScan::gather()
         passOverFolder(path);
     if (m_driveScan)
         m_screen.setGatheringText({});
-    m_parts.desktop.letEventsRun();
+    m_parts.services.desktop.letEventsRun();
 }
 
 MusicScan::Outcome MusicScan::loadFolders()
@@ -263,7 +264,7 @@ void MusicScan::settle()
 
 void MusicScan::leaveCancelled()
 {
-    m_parts.desktop.resetPointer();
+    m_parts.services.desktop.resetPointer();
     m_screen.unload();
     m_parts.state.CancelScan = false;
     m_parts.mainScreen.setScreenEnabled(true);
@@ -274,7 +275,7 @@ void MusicScan::leaveCancelled()
 void MusicScan::close()
 {
     m_parts.state.CancelScan = false;
-    m_parts.desktop.letEventsRun();
+    m_parts.services.desktop.letEventsRun();
     if (m_driveScan)
         m_screen.setExitCaption(u"Exit"_s);
     else
@@ -282,7 +283,7 @@ void MusicScan::close()
     m_parts.state.CancelScan = false;
     m_parts.mainScreen.setScreenEnabled(true);
     m_report.attempt([&] { m_parts.mainScreen.ShowAllMenu_Click(); });
-    m_parts.desktop.resetPointer();
+    m_parts.services.desktop.resetPointer();
     showStatistics();
     tellDiskFull();
     m_songs.close();
@@ -302,8 +303,8 @@ void MusicScan::showStatistics()
 void MusicScan::tellDiskFull()
 {
     if (m_songs.isDiskFull())
-        tell(diskFullText(
-                 {m_parts.catalogue.DatabaseFile, m_songs.lost(), m_report.path(), m_songs.lacksIndexes()}),
+        tell(diskFullText({m_parts.services.catalogue.DatabaseFile, m_songs.lost(), m_report.path(),
+                           m_songs.lacksIndexes()}),
              u"Disk full"_s, Icon::Exclamation, m_songs.lost() > 0);
 }
 
@@ -311,11 +312,11 @@ void MusicScan::tell(const QString &text, const QString &title, Icon icon, bool 
 {
     const QString report = m_report.path();
     if (!withReport || report.isEmpty())
-        m_parts.desktop.MessageBox(text, title, icon);
-    else if (m_parts.desktop.MessageWithMore(text, title, icon, u"Show &Report"_s) &&
-             !m_parts.desktop.OpenUrl(QUrl::fromLocalFile(report)))
-        m_parts.desktop.MessageBox(u"No program was found to show this file:  "_s + report, title,
-                                   Icon::Exclamation);
+        m_parts.services.desktop.MessageBox(text, title, icon);
+    else if (m_parts.services.desktop.MessageWithMore(text, title, icon, u"Show &Report"_s) &&
+             !m_parts.services.desktop.OpenUrl(QUrl::fromLocalFile(report)))
+        m_parts.services.desktop.MessageBox(u"No program was found to show this file:  "_s + report, title,
+                                            Icon::Exclamation);
 }
 
 void MusicScan::showArtistButton()
@@ -332,8 +333,8 @@ void MusicScan::showArtistButton()
 
 void MusicScan::letWaitingEventsRun()
 {
-    if (m_parts.desktop.inputWaiting())
-        m_parts.desktop.letEventsRun();
+    if (m_parts.services.desktop.inputWaiting())
+        m_parts.services.desktop.letEventsRun();
 }
 
 } // namespace quaverly

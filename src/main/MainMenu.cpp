@@ -4,11 +4,11 @@
 #include "catalogue/CatalogueCommands.h"
 #include "catalogue/OptionCommands.h"
 #include "intake/AddCommands.h"
+#include "main/Commands.h"
 #include "main/HelpSite.h"
 #include "main/HistoryMenu.h"
 #include "main/MainDialogs.h"
 #include "main/MenuWiring.h"
-#include "main/Spokes.h"
 #include "player/PlayCommands.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/ListCommands.h"
@@ -18,10 +18,10 @@ namespace quaverly {
 
 namespace {
 
-/** The member function @p handler of @p commands, as a command without arguments. */
-template <typename Commands, typename Handler> std::function<void()> call(Commands &commands, Handler handler)
+/** The member function @p handler of @p target, as a command without arguments. */
+template <typename Target, typename Handler> std::function<void()> call(Target &target, Handler handler)
 {
-    return [&commands, handler] { (commands.*handler)(); };
+    return [&target, handler] { (target.*handler)(); };
 }
 
 void wireButtons(const MenuWiring &wiring, Ui::NameList &ui)
@@ -103,7 +103,7 @@ void wireSongs(const MenuWiring &wiring, const MenuTargets &to)
          {to.ui.AddMenu, call(to.commands.edit, &EditCommands::cmdAdd_Click)},
          {to.ui.cmdPlayList, call(to.commands.playLists, &PlayListScreens::cmdPlayList_Click)},
          {to.ui.cmdPictures, call(to.commands.pictures, &PictureCommands::cmdPictures_Click)},
-         {to.ui.cmdNotes, call(to.commands, &Spokes::cmdNotes_Click)}});
+         {to.ui.cmdNotes, call(to.commands, &Commands::cmdNotes_Click)}});
 }
 
 void wireHistory(const MenuWiring &wiring, const MenuTargets &to)

@@ -9,6 +9,7 @@ namespace quaverly {
 
 class AddCommands;
 class CatalogueCommands;
+class Commands;
 class DisplayedSet;
 class HelpSite;
 class ListCommands;
@@ -16,7 +17,6 @@ class MainDialogs;
 class MenuWiring;
 class OptionCommands;
 class PlayCommands;
-class Spokes;
 
 /** What the entries and buttons of the main screen lead to. */
 struct MenuTargets
@@ -29,7 +29,7 @@ struct MenuTargets
     HelpSite &help;
     AddCommands &add;
     PlayCommands &play;
-    Spokes &commands;
+    Commands &commands;
     MainDialogs &dialogs;
 };
 

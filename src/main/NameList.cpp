@@ -9,10 +9,10 @@
 #include "intake/GatherFolders.h"
 #include "intake/MusicLoader.h"
 #include "intake/ScanForms.h"
+#include "main/Commands.h"
 #include "main/EmptyState.h"
 #include "main/Session.h"
 #include "main/SongPopup.h"
-#include "main/Spokes.h"
 #include "main/WindowPlace.h"
 #include "platform/options/Folders.h"
 #include "player/PlayCommands.h"
@@ -87,24 +87,23 @@ void NameList::build()
 {
     m_scanForms =
         std::make_unique<ScanForms>(m_session.desktop(), *this, m_session.intake(), m_session.shell(), this);
-    m_loader = std::make_unique<MusicLoader>(
-        IntakeParts{m_session.desktop(),
-                    *this,
-                    m_session.shell(),
-                    m_session.catalogue(),
-                    m_session.intake(),
-                    *m_scanForms,
-                    systemClock(),
-                    {folders::state() + u"scan-report.txt"_s, folders::runtime() + u"scan-report.txt"_s},
-                    [this]() -> std::optional<QString> {
-                        const DataControl &shown = m_session.displayedSet().Data1();
-                        return shown.hasRows() ? std::optional(shown.currentText(u"Artist"_s)) : std::nullopt;
-                    }});
+    m_loader = std::make_unique<MusicLoader>(IntakeParts{
+        .services = m_session.services(),
+        .mainScreen = *this,
+        .shell = m_session.shell(),
+        .state = m_session.intake(),
+        .screens = *m_scanForms,
+        .clock = systemClock(),
+        .reportPlaces = {folders::state() + u"scan-report.txt"_s, folders::runtime() + u"scan-report.txt"_s},
+        .currentArtist = [this]() -> std::optional<QString> {
+            const DataControl &shown = m_session.displayedSet().Data1();
+            return shown.hasRows() ? std::optional(shown.currentText(u"Artist"_s)) : std::nullopt;
+        }});
     m_addCommands =
         std::make_unique<AddCommands>(m_session.desktop(), *this, m_session.player(), m_session.intake(),
                                       *m_loader, [this] { m_scanForms->showScanDriveForm(*m_loader); });
     buildPlayCommands();
-    buildSpokes();
+    buildCommands();
     addIcons();
     m_popup = new SongPopup({m_ui->mnuPopupAddToPlaylist, m_ui->mnuPopupPlay, m_ui->mnuPopupAssignToCategory,
                              m_ui->mnuPopupCopyFile, m_ui->mnuPopupDelete},
@@ -115,7 +114,7 @@ void NameList::build()
     m_columns = std::make_unique<ColumnMoves>(grid, m_session.desktop());
     m_gridHandlers = std::make_unique<GridHandlers>(
         grid, m_session.displayedSet(), m_session.desktop(), *m_columns,
-        GridActions{[this] { m_ui->txtLocate->setFocus(); }, [this] { m_spokes->edit.cmdEdit_Click(); },
+        GridActions{[this] { m_ui->txtLocate->setFocus(); }, [this] { m_commands->edit.cmdEdit_Click(); },
                     [this] { showCurrentSong(); },
                     [this](QPoint place) { m_popup->show(place, m_session.player().CurrentPlayListName); }});
 }
@@ -123,31 +122,41 @@ void NameList::build()
 void NameList::buildPlayCommands()
 {
     m_playCommands = std::make_unique<PlayCommands>(PlayParts{
-        m_session.desktop(), m_player, m_session.player(), m_session.options(), m_session.catalogue(),
-        m_session.displayedSet().Data1(), m_session.shell(), m_session.intake().MusicFolder,
-        [this](const QString &root) {
-            GatheredFolders found;
-            const bool never = false;
-            GatherFolders(m_session.shell(), m_session.desktop(), never, root, found);
-            return found.folders;
-        },
-        [this](const std::function<void()> &closed) { m_spokes->playLists.show(closed); },
-        [this] { showNotice(u"Song Added to Play List"_s, NoticeMilliseconds); }});
+        .services = m_session.services(),
+        .player = m_player,
+        .state = m_session.player(),
+        .displayed = m_session.displayedSet().Data1(),
+        .shell = m_session.shell(),
+        .LastMusicFolder = m_session.intake().LastMusicFolder,
+        .gatherFolders =
+            [this](const QString &root) {
+                GatheredFolders found;
+                const bool never = false;
+                GatherFolders(m_session.shell(), m_session.desktop(), never, root, found);
+                return found.folders;
+            },
+        .showPlayLists = [this](const std::function<void()> &closed) { m_commands->playLists.show(closed); },
+        .showSongAdded = [this] { showNotice(u"Song Added to Play List"_s, NoticeMilliseconds); }});
 }
 
-void NameList::buildSpokes()
+void NameList::buildCommands()
 {
-    m_spokes = std::make_unique<Spokes>(
+    m_commands = std::make_unique<Commands>(
         m_session,
-        SpokeHooks{m_player, *this, *this,
-                   [this](const QString &command) {
-                       return m_catalogueCommands.backups().beforeBulkCommand(command);
-                   },
-                   [this](const EditedSong &song, const EditorScreens &screens) {
-                       m_playCommands->playFromEditor(song, screens);
-                   },
-                   [this] { m_ui->cmdPictures->setFocus(); },
-                   [this](const QString &sentence) { showNotice(sentence, SentenceMilliseconds); }});
+        CommandHooks{
+            .player = m_player,
+            .owner = *this,
+            .mainScreen = *this,
+            .beforeBulk =
+                [this](const QString &command) {
+                    return m_catalogueCommands.backups().beforeBulkCommand(command);
+                },
+            .playFromEditor =
+                [this](const EditedSong &song, const EditorScreens &screens) {
+                    m_playCommands->playFromEditor(song, screens);
+                },
+            .focusCmdPictures = [this] { m_ui->cmdPictures->setFocus(); },
+            .tell = [this](const QString &sentence) { showNotice(sentence, SentenceMilliseconds); }});
 }
 
 void NameList::showNotice(const QString &text, int milliseconds)
@@ -227,7 +236,7 @@ void NameList::Form_Unload()
         if (m_session.options().RememberWindowSize && pos().y() >= 0 && !isMinimized())
             savePlace(*this, m_session.optionsStore());
     });
-    m_spokes->unload();
+    m_commands->unload();
     m_session.shutDown().leaveMainScreen();
 }
 
@@ -241,9 +250,9 @@ void NameList::unbind()
 void NameList::closeEvent(QCloseEvent *event)
 {
     // A long command works on what the unload closes: it ends first, and the screen goes after it.
-    if (m_loader->isRunning() || m_spokes->isBusy()) {
+    if (m_loader->isRunning() || m_commands->isBusy()) {
         m_session.intake().CancelScan = true;
-        m_spokes->maintenance.endSearch();
+        m_commands->maintenance.endSearch();
         event->ignore();
         QTimer::singleShot(CloseAgainMilliseconds, this, &QWidget::close);
         return;
@@ -312,7 +321,7 @@ void NameList::showCurrentSong()
 
 void NameList::unloadPics3()
 {
-    m_spokes->pictures.unloadPics3();
+    m_commands->pictures.unloadPics3();
 }
 
 void NameList::unloadPlayForm()

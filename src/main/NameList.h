@@ -25,6 +25,7 @@ namespace quaverly {
 class AddCommands;
 class CatalogueCommands;
 class ColumnMoves;
+class Commands;
 class EmptyState;
 class GridHandlers;
 class MusicLoader;
@@ -33,7 +34,6 @@ class Player;
 class ScanForms;
 class Session;
 class SongPopup;
-class Spokes;
 
 /** The main screen: title, menus, tool buttons, sort box, Locate, grid and description box, each wired to
  * the class that owns it. */
@@ -105,7 +105,7 @@ protected:
 private:
     void build();
     void buildPlayCommands();
-    void buildSpokes();
+    void buildCommands();
     void showNotice(const QString &text, int milliseconds);
     void wire();
     void wireLocate();
@@ -141,7 +141,7 @@ private:
     std::unique_ptr<MusicLoader> m_loader;
     std::unique_ptr<AddCommands> m_addCommands;
     std::unique_ptr<PlayCommands> m_playCommands;
-    std::unique_ptr<Spokes> m_spokes;
+    std::unique_ptr<Commands> m_commands;
     std::unique_ptr<ColumnMoves> m_columns;
     std::unique_ptr<GridHandlers> m_gridHandlers;
     LetterPlacement m_letters;

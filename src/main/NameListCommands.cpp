@@ -3,11 +3,11 @@
 #include "ui_NameList.h"
 
 #include "desktop/KeySender.h"
+#include "main/Commands.h"
 #include "main/MainMenu.h"
 #include "main/MenuWiring.h"
 #include "main/Session.h"
 #include "main/SongPopup.h"
-#include "main/Spokes.h"
 #include "songlist/ColumnMoves.h"
 #include "songlist/GridHandlers.h"
 
@@ -21,7 +21,7 @@ void NameList::wire()
     const MenuWiring wiring(*this, handle);
     wireMainMenu(wiring,
                  {*m_ui, m_session.displayedSet(), m_listCommands, m_optionCommands, m_catalogueCommands,
-                  m_helpSite, *m_addCommands, *m_playCommands, *m_spokes, m_dialogs});
+                  m_helpSite, *m_addCommands, *m_playCommands, *m_commands, m_dialogs});
     wiring.guarded({{m_ui->cmbSort, [this] { cmbSort_Click(); }},
                     {m_ui->cmdSortSong, [this] { cmdSortSong_Click(); }},
                     {m_ui->cmdSortArtist, [this] { cmdSortArtist_Click(); }},
@@ -133,7 +133,7 @@ void NameList::txtLocate_KeyPress(int key)
     if (key != Qt::Key_Return && key != Qt::Key_Enter)
         return;
     focusGrid();
-    m_spokes->edit.cmdEdit_Click();
+    m_commands->edit.cmdEdit_Click();
 }
 
 void NameList::txtLocate_Click()

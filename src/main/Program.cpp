@@ -45,9 +45,9 @@ Program::Program(Desktop &desktop, OptionsStore &store, SingleInstance &instance
       m_catalogueCommands(desktop, m_session.catalogue(), m_session.engine(), store, catalogueHooks()),
       m_playForms(playFormParts())
 {
-    const StartHooks hooks{
-        [this] { showNameList(); },
-        [this, several = severalMusicFiles(arguments)](const QString &file) { playAlone(file, several); }};
+    const StartHooks hooks{.showNameList = [this] { showNameList(); },
+                           .playFile = [this, several = severalMusicFiles(arguments)](
+                                           const QString &file) { playAlone(file, several); }};
     m_startUp = std::make_unique<StartUp>(
         m_session.catalogue(), m_session.options(), m_session.engine(), desktop, store, instance,
         startContext(arguments.join(u' '), m_session.shell(), desktop.isTabletWithoutMouse()), hooks);
@@ -86,30 +86,28 @@ void Program::playAlone(const QString &file, const QStringList &several)
 
 PlayFormParts Program::playFormParts()
 {
-    return {m_session.desktop(),
-            m_session.player(),
-            m_session.options(),
-            m_session.optionsStore(),
-            m_session.catalogue(),
-            m_session.displayedSet().Data1(),
-            [this] { return m_session.media().makeMediaPlayer(); },
-            [this] { return m_nameList == nullptr; },
-            [this] { m_quit(); },
-            [] { return QRandomGenerator::global()->generateDouble(); }};
+    return {.services = m_session.services(),
+            .state = m_session.player(),
+            .displayed = m_session.displayedSet().Data1(),
+            .makeMediaPlayer = [this] { return m_session.media().makeMediaPlayer(); },
+            .isLastScreen = [this] { return m_nameList == nullptr; },
+            .endProgram = [this] { m_quit(); },
+            .random = [] { return QRandomGenerator::global()->generateDouble(); }};
 }
 
 CatalogueHooks Program::catalogueHooks()
 {
-    return {[this] { m_nameList->ShowAllMenu_Click(); },
-            [this] { return m_nameList->openScreens(); },
-            [this] { m_playForms.unload(); },
-            [this](bool compacting) { unloadNameList(compacting); },
-            [this] {
-                m_session.player().CurrentPlayListName.clear();
-                m_session.player().PlayerPlayList.clear();
-            },
-            [this] { return m_startUp->run() == StartResult::Running; },
-            [this] { m_quit(); }};
+    return {.showAll = [this] { m_nameList->ShowAllMenu_Click(); },
+            .openScreens = [this] { return m_nameList->openScreens(); },
+            .unloadPlayForm = [this] { m_playForms.unload(); },
+            .unloadMainScreen = [this](bool compacting) { unloadNameList(compacting); },
+            .forgetPlayLists =
+                [this] {
+                    m_session.player().CurrentPlayListName.clear();
+                    m_session.player().PlayerPlayList.clear();
+                },
+            .startUp = [this] { return m_startUp->run() == StartResult::Running; },
+            .endProcess = [this] { m_quit(); }};
 }
 
 void Program::showNameList()

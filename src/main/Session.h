@@ -3,6 +3,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/Options.h"
+#include "catalogue/Services.h"
 #include "catalogue/SettingsRows.h"
 #include "catalogue/ShutDown.h"
 #include "editor/EditorState.h"
@@ -24,6 +25,7 @@ public:
 
     [[nodiscard]] Desktop &desktop() { return m_desktop; }
     [[nodiscard]] OptionsStore &optionsStore() { return m_store; }
+    [[nodiscard]] Services services() { return {m_desktop, m_catalogue, m_options, m_store}; }
     [[nodiscard]] dao::DBEngine &engine() { return m_engine; }
     [[nodiscard]] const media::MediaFactory &media() { return m_media; }
     [[nodiscard]] shell::Shell &shell() { return *m_shell; }

@@ -51,7 +51,8 @@ bool BulkChange::run(const Work &work)
 {
     const End end = begin(work);
     if (end == End::Stopped)
-        m_parts.desktop.MessageBox(u"The command was stopped.  Nothing was changed."_s, work.caption);
+        m_parts.services.desktop.MessageBox(u"The command was stopped.  Nothing was changed."_s,
+                                            work.caption);
     return end == End::Done;
 }
 
@@ -60,10 +61,10 @@ BulkChange::End BulkChange::begin(const Work &work)
     const ScreenAtRest atRest(m_parts.mainScreen, m_parts.busy);
     if (work.changesRows && !m_parts.beforeBulk(work.command))
         return End::NotBegun;
-    const Hourglass hourglass(m_parts.desktop);
-    const auto wait = m_parts.desktop.ShowWorkingForm(work.caption, u"Please wait..."_s, true);
+    const Hourglass hourglass(m_parts.services.desktop);
+    const auto wait = m_parts.services.desktop.ShowWorkingForm(work.caption, u"Please wait..."_s, true);
     wait->offerCancel();
-    m_parts.desktop.letEventsRun();
+    m_parts.services.desktop.letEventsRun();
     try {
         if (!change(work, *wait)) {
             showWhatIsStored();
@@ -79,13 +80,14 @@ BulkChange::End BulkChange::begin(const Work &work)
 
 bool BulkChange::change(const Work &work, WorkingWindow &wait)
 {
-    m_parts.catalogue.CatalogueDb->describeChange(work.sentence.isEmpty() ? work.command : work.sentence);
+    m_parts.services.catalogue.CatalogueDb->describeChange(work.sentence.isEmpty() ? work.command
+                                                                                   : work.sentence);
     std::optional<dao::Transaction> transaction;
     if (!work.isOneStatement)
-        transaction.emplace(m_parts.catalogue.CatalogueDb->workspace());
+        transaction.emplace(m_parts.services.catalogue.CatalogueDb->workspace());
     const bool isDone = work.change([&](qint64 done, qint64 all) {
         wait.setBar(static_cast<int>(done * FullBarTwips / std::max<qint64>(all, 1)));
-        m_parts.desktop.letEventsRun();
+        m_parts.services.desktop.letEventsRun();
         return !wait.isClosed();
     });
     if (isDone && transaction)

@@ -57,12 +57,12 @@ void DeleteDisplayed::run()
     if (records == 0 || !isConfirmed(records))
         return;
     const QString recordSource = list.RecordSource();
-    BulkChange::Work work = deletionOf(list.Recordset(), *m_parts.catalogue.CatalogueDb);
+    BulkChange::Work work = deletionOf(list.Recordset(), *m_parts.services.catalogue.CatalogueDb);
     work.caption = u"Deleting Displayed Records"_s;
     work.command = u"Delete All Displayed Records"_s;
     work.showResult = [&] { showWhatIsLeft(recordSource); };
     if (BulkChange(m_parts).run(work))
-        m_parts.desktop.MessageBox(u"Records Deleted.\n\n"_s + waysBack(), u"Delete Records"_s);
+        m_parts.services.desktop.MessageBox(u"Records Deleted.\n\n"_s + waysBack(), u"Delete Records"_s);
 }
 
 // A song whose mark was taken away in the list of marked ones still stands there: what is announced has to be
@@ -72,8 +72,8 @@ void DeleteDisplayed::bringUpToDate()
     DataControl &list = m_parts.set.Data1();
     if (isWholeTable(m_parts.set, list.RecordSource()))
         return;
-    const Hourglass hourglass(m_parts.desktop);
-    if (keysOf(*m_parts.catalogue.CatalogueDb, list.RecordSource()) == keysOf(list.Recordset()))
+    const Hourglass hourglass(m_parts.services.desktop);
+    if (keysOf(*m_parts.services.catalogue.CatalogueDb, list.RecordSource()) == keysOf(list.Recordset()))
         return;
     const KeepRow row(list);
     list.Refresh();
@@ -84,8 +84,8 @@ bool DeleteDisplayed::isConfirmed(qint64 records)
     const QString n = QString::number(records);
     const QString word = records == 1 ? u"record"_s : u"records"_s;
     const auto confirms = [this](const QString &text, const QString &title) {
-        return m_parts.desktop.MessageBox(text, title, Icon::Information, Buttons::YesNo, Answer::No) ==
-               Answer::Yes;
+        return m_parts.services.desktop.MessageBox(text, title, Icon::Information, Buttons::YesNo,
+                                                   Answer::No) == Answer::Yes;
     };
     return confirms(u"This will DELETE the "_s + n + u' ' + word +
                         u" currently displayed on the Grid.  This will not delete any of the actual music "

@@ -91,12 +91,12 @@ void DuplicateCommands::mnuDeleteDuplicatesAlbum_Click()
 
 void DuplicateCommands::showView(const View &view)
 {
-    guarded(m_parts.desktop, QString::fromUtf16(ShowTitle), [&] {
-        const Hourglass hourglass(m_parts.desktop);
+    guarded(m_parts.services.desktop, QString::fromUtf16(ShowTitle), [&] {
+        const Hourglass hourglass(m_parts.services.desktop);
         m_parts.mainScreen.ShowAllMenu_Click();
         m_parts.mainScreen.cmdSortArtist_Click();
         if (!m_parts.set.duplicateView(QString::fromUtf16(view.query))) {
-            m_parts.desktop.resetPointer();
+            m_parts.services.desktop.resetPointer();
             tellNone(QString::fromUtf16(view.empty));
             return;
         }
@@ -118,13 +118,13 @@ void DuplicateCommands::disableListCommands()
 
 void DuplicateCommands::tellNone(const QString &message)
 {
-    m_parts.desktop.MessageBox(message, u"No duplicates"_s);
+    m_parts.services.desktop.MessageBox(message, u"No duplicates"_s);
     m_parts.mainScreen.ShowAllMenu_Click();
 }
 
 void DuplicateCommands::deleteBy(const Rule &rule)
 {
-    guarded(m_parts.desktop, QString::fromUtf16(DeleteErrorTitle), [&] {
+    guarded(m_parts.services.desktop, QString::fromUtf16(DeleteErrorTitle), [&] {
         if (!m_parts.set.duplicateView(QString::fromUtf16(rule.toDelete))) {
             tellNone(QString::fromUtf16(NoneToDelete));
             return;
@@ -133,18 +133,20 @@ void DuplicateCommands::deleteBy(const Rule &rule)
         // After a No the rows stay shown, with every button as it was, and that is meant.
         if (!confirmed(rule, songs) || !deleteShown(rule))
             return;
-        m_parts.desktop.MessageBox(QString::number(songs) +
-                                       u" Duplicates Deleted from the Quaverly database.  This does not "
-                                       "delete the actual music file from your computer.  You can re-scan to "
-                                       "put these duplicate songs back into Quaverly.\n\n"_s +
-                                       waysBack(),
-                                   u"Duplicates Deleted"_s);
+        m_parts.services.desktop.MessageBox(
+            QString::number(songs) +
+                u" Duplicates Deleted from the Quaverly database.  This does not "
+                "delete the actual music file from your computer.  You can re-scan to "
+                "put these duplicate songs back into Quaverly.\n\n"_s +
+                waysBack(),
+            u"Duplicates Deleted"_s);
     });
 }
 
 bool DuplicateCommands::deleteShown(const Rule &rule)
 {
-    BulkChange::Work work = deletionOf(m_parts.set.Data1().Recordset(), *m_parts.catalogue.CatalogueDb);
+    BulkChange::Work work =
+        deletionOf(m_parts.set.Data1().Recordset(), *m_parts.services.catalogue.CatalogueDb);
     work.caption = u"Deleting Duplicate Records"_s;
     work.command = QString::fromUtf16(rule.command);
     work.showResult = [this] { m_parts.mainScreen.ShowAllMenu_Click(); };
@@ -153,7 +155,7 @@ bool DuplicateCommands::deleteShown(const Rule &rule)
 
 bool DuplicateCommands::confirmed(const Rule &rule, qint64 songs)
 {
-    return m_parts.desktop.MessageBox(
+    return m_parts.services.desktop.MessageBox(
                u"This will DELETE all "_s + QString::number(songs) + QString::fromUtf16(rule.behindCount),
                u"Delete Confirmation"_s, Icon::Information, Buttons::YesNo, Answer::No) == Answer::Yes;
 }

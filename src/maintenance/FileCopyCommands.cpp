@@ -68,18 +68,18 @@ FileCopyCommands::FileCopyCommands(const MaintenanceParts &parts, QString &copyF
 
 void FileCopyCommands::mnuFileCopy_Click()
 {
-    guarded(m_parts.desktop, CopyTitle, [this] { copyDisplayed(); });
+    guarded(m_parts.services.desktop, CopyTitle, [this] { copyDisplayed(); });
 }
 
 void FileCopyCommands::mnuPopupCopyFile_Click()
 {
-    guarded(m_parts.desktop, u"Copy File"_s, [this] { copyCurrent(); });
+    guarded(m_parts.services.desktop, u"Copy File"_s, [this] { copyCurrent(); });
 }
 
 void FileCopyCommands::copyDisplayed()
 {
     if (!m_parts.set.Data1().hasRows()) {
-        m_parts.desktop.MessageBox(u"No files to copy"_s, CopyTitle);
+        m_parts.services.desktop.MessageBox(u"No files to copy"_s, CopyTitle);
         return;
     }
     QString folder = browse(CopyTitle, u"Select a Folder"_s);
@@ -90,9 +90,9 @@ void FileCopyCommands::copyDisplayed()
     Result result;
     {
         const ScreenAtRest atRest(m_parts.mainScreen, m_parts.busy);
-        const Hourglass hourglass(m_parts.desktop);
-        const auto wait = m_parts.desktop.ShowWorkingForm(Copying, u"Please wait..."_s, true);
-        m_parts.desktop.letEventsRun();
+        const Hourglass hourglass(m_parts.services.desktop);
+        const auto wait = m_parts.services.desktop.ShowWorkingForm(Copying, u"Please wait..."_s, true);
+        m_parts.services.desktop.letEventsRun();
         result.shortage = shortageIn(folder, *wait);
         if (wait->isClosed())
             return;
@@ -105,7 +105,7 @@ void FileCopyCommands::copyDisplayed()
 QString FileCopyCommands::browse(const QString &prompt, const QString &title)
 {
     const QString start = m_copyFolder.isEmpty() ? musicFolder() : m_copyFolder;
-    QString folder = m_parts.desktop.BrowseForFolder(prompt, title, start);
+    QString folder = m_parts.services.desktop.BrowseForFolder(prompt, title, start);
     if (!folder.isEmpty())
         m_copyFolder = folder;
     return folder;
@@ -114,7 +114,7 @@ QString FileCopyCommands::browse(const QString &prompt, const QString &title)
 bool FileCopyCommands::isConfirmed(const QString &folder)
 {
     const QString n = QString::number(m_parts.set.Data1().Recordset().RecordCount());
-    return m_parts.desktop.MessageBox(
+    return m_parts.services.desktop.MessageBox(
                u"This will copy all "_s + n + u" files displayed on the Grid to:\n"_s + folder +
                    u" except any duplicate file names will only be copied once.\n\nProceed?"_s,
                u"Confirmation.  Number of files to copy: "_s + n, Icon::Question,
@@ -172,26 +172,26 @@ void FileCopyCommands::copyOne(const QString &source, const QString &target, Wor
 
 bool FileCopyCommands::goesOn(const WorkingWindow &wait)
 {
-    if (m_parts.desktop.inputWaiting())
-        m_parts.desktop.letEventsRun();
+    if (m_parts.services.desktop.inputWaiting())
+        m_parts.services.desktop.letEventsRun();
     return !wait.isClosed();
 }
 
 void FileCopyCommands::tell(const Result &result, const QString &folder)
 {
     if (!result.shortage.isEmpty()) {
-        m_parts.desktop.MessageBox(result.shortage, u"Not enough room"_s, Icon::Exclamation);
+        m_parts.services.desktop.MessageBox(result.shortage, u"Not enough room"_s, Icon::Exclamation);
         return;
     }
     if (!result.failures.isEmpty()) {
-        m_parts.desktop.MessageBox(u"Number of files that could not be copied: "_s +
-                                       QString::number(result.failures.size()) + u"\n"_s +
-                                       result.failures.first(),
-                                   CopyTitle, Icon::Exclamation);
+        m_parts.services.desktop.MessageBox(u"Number of files that could not be copied: "_s +
+                                                QString::number(result.failures.size()) + u"\n"_s +
+                                                result.failures.first(),
+                                            CopyTitle, Icon::Exclamation);
     }
-    m_parts.desktop.MessageBox(u"Number of files copied to folder\n"_s + folder + u" = "_s +
-                                   QString::number(result.count),
-                               u"Done"_s);
+    m_parts.services.desktop.MessageBox(u"Number of files copied to folder\n"_s + folder + u" = "_s +
+                                            QString::number(result.count),
+                                        u"Done"_s);
 }
 
 void FileCopyCommands::copyCurrent()
@@ -199,7 +199,7 @@ void FileCopyCommands::copyCurrent()
     const DataControl &list = m_parts.set.Data1();
     const SongFile file{list.currentText(u"PathName"_s), list.currentText(u"FileName"_s)};
     if (!FileExists(file.path())) {
-        m_parts.desktop.MessageBox(
+        m_parts.services.desktop.MessageBox(
             u"File not found to copy.  It may have been moved or deleted since last cataloged."_s,
             u"File does not exist"_s, Icon::Exclamation);
         return;
@@ -208,14 +208,15 @@ void FileCopyCommands::copyCurrent()
     if (folder.isEmpty() || !mayReplace(file.fileName, folder))
         return;
     if (folder + file.fileName == file.path()) {
-        m_parts.desktop.MessageBox(u"File can not be copied onto itself."_s,
-                                   u"Source and destination folders are the same"_s, Icon::Exclamation);
+        m_parts.services.desktop.MessageBox(u"File can not be copied onto itself."_s,
+                                            u"Source and destination folders are the same"_s,
+                                            Icon::Exclamation);
         return;
     }
     {
         const ScreenAtRest atRest(m_parts.mainScreen, m_parts.busy);
-        const Hourglass hourglass(m_parts.desktop);
-        const auto wait = m_parts.desktop.ShowWorkingForm(Copying, u"Please wait..."_s, true);
+        const Hourglass hourglass(m_parts.services.desktop);
+        const auto wait = m_parts.services.desktop.ShowWorkingForm(Copying, u"Please wait..."_s, true);
         const auto show = [&](qint64 done, qint64 all) {
             grow(*wait, done, all);
             return goesOn(*wait);
@@ -223,14 +224,14 @@ void FileCopyCommands::copyCurrent()
         if (!shell::copyFile(file.path(), folder + file.fileName, {.overwrite = true, .progress = show}))
             return;
     }
-    m_parts.desktop.MessageBox(u"File "_s + file.fileName + u"\ncopied to folder\n"_s + folder,
-                               u"File Copied"_s);
+    m_parts.services.desktop.MessageBox(u"File "_s + file.fileName + u"\ncopied to folder\n"_s + folder,
+                                        u"File Copied"_s);
 }
 
 bool FileCopyCommands::mayReplace(const QString &name, const QString &folder)
 {
     return !FileExists(folder + name) ||
-           m_parts.desktop.MessageBox(
+           m_parts.services.desktop.MessageBox(
                u"Copying to selected folder:\n"_s + folder +
                    u"\nA file with the same name already exists in the selected folder.\nOverwrite?"_s,
                u"Replace existing file?"_s, Icon::Information, Buttons::YesNo, Answer::No) == Answer::Yes;

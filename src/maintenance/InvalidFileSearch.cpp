@@ -49,22 +49,22 @@ void InvalidFileSearch::run()
     if (!invalid)
         return;
     if (invalid->empty()) {
-        m_parts.desktop.MessageBox(u"No records with invalid path/file names exist."_s, u"No records found"_s,
-                                   Icon::Exclamation);
+        m_parts.services.desktop.MessageBox(u"No records with invalid path/file names exist."_s,
+                                            u"No records found"_s, Icon::Exclamation);
         return;
     }
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     m_parts.set.invalidFileView();
 }
 
 std::optional<std::vector<qint64>> InvalidFileSearch::invalidSongs()
 {
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     const ScreenAtRest atRest(m_parts.mainScreen, m_parts.busy);
-    const auto wait = m_parts.desktop.ShowWorkingForm(u"Checking for records with invalid file names..."_s,
-                                                      u"Please wait..."_s, true);
-    m_parts.desktop.letEventsRun();
-    const auto songs = m_parts.catalogue.CatalogueDb->OpenRecordset(
+    const auto wait = m_parts.services.desktop.ShowWorkingForm(
+        u"Checking for records with invalid file names..."_s, u"Please wait..."_s, true);
+    m_parts.services.desktop.letEventsRun();
+    const auto songs = m_parts.services.catalogue.CatalogueDb->OpenRecordset(
         u"Select RecordId, PathName, FileName from tblContacts"_s, dao::RecordsetType::Snapshot);
     auto invalid = testAll(*songs, *wait);
     songs->Close();
@@ -91,7 +91,7 @@ std::optional<std::vector<qint64>> InvalidFileSearch::testAll(dao::Recordset &so
             ++done;
         }
         wait.setBar(static_cast<int>(done * BarShare / total));
-        m_parts.desktop.letEventsRun();
+        m_parts.services.desktop.letEventsRun();
         if (m_ended || wait.isClosed())
             return std::nullopt;
     }
@@ -100,7 +100,7 @@ std::optional<std::vector<qint64>> InvalidFileSearch::testAll(dao::Recordset &so
 
 void InvalidFileSearch::fillWorkTable(const std::vector<qint64> &songs)
 {
-    dao::Database &database = *m_parts.catalogue.CatalogueDb;
+    dao::Database &database = *m_parts.services.catalogue.CatalogueDb;
     dao::Transaction transaction(database.workspace());
     database.Execute(u"Delete * from tblOrphanFileNames"_s);
     const auto rows = database.OpenRecordset(u"Select * from tblOrphanFileNames"_s);

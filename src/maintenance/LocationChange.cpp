@@ -58,12 +58,12 @@ QString playListQuestion(const PathChange &change, qint64 tracks, const QString 
 
 dao::Database &LocationChange::database() const
 {
-    return *m_parts.catalogue.CatalogueDb;
+    return *m_parts.services.catalogue.CatalogueDb;
 }
 
 bool LocationChange::changeFilePaths(const PathChange &typed)
 {
-    Desktop &desktop = m_parts.desktop;
+    Desktop &desktop = m_parts.services.desktop;
     if (!isComplete(typed)) {
         desktop.MessageBox(u"Both the original and the new file path or string must be specified."_s,
                            u"String not specified"_s, Icon::Exclamation);
@@ -91,7 +91,7 @@ bool LocationChange::changeFilePaths(const PathChange &typed)
 
 bool LocationChange::changePlayListPaths(const PathChange &typed)
 {
-    Desktop &desktop = m_parts.desktop;
+    Desktop &desktop = m_parts.services.desktop;
     if (!isComplete(typed)) {
         desktop.MessageBox(u"Both the original text and the new replacement text must be specified."_s,
                            u"Text not specified"_s, Icon::Exclamation);
@@ -114,7 +114,7 @@ bool LocationChange::changePlayListPaths(const PathChange &typed)
 
 Presence LocationChange::presenceBehind(const std::vector<TextChange> &changes)
 {
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     QStringList files;
     for (const TextChange &change : changes) {
         if (files.isEmpty())
@@ -144,16 +144,16 @@ bool LocationChange::mayLeadNowhere(const PathChange &change, const Presence &pr
     if (!isWholePath(change.replacement) || presence.found > 0 ||
         presenceOf({EnsureBackslash(change.replacement)}).found > 0)
         return true;
-    return m_parts.desktop.MessageBox(u"There is no such folder: "_s + change.replacement +
-                                          u"\n\nDo you want to go on all the same?"_s,
-                                      u"Folder not found"_s, Icon::Exclamation, Buttons::YesNo,
-                                      Answer::No) == Answer::Yes;
+    return m_parts.services.desktop.MessageBox(u"There is no such folder: "_s + change.replacement +
+                                                   u"\n\nDo you want to go on all the same?"_s,
+                                               u"Folder not found"_s, Icon::Exclamation, Buttons::YesNo,
+                                               Answer::No) == Answer::Yes;
 }
 
 bool LocationChange::confirmed(const QString &question)
 {
-    return m_parts.desktop.MessageBox(question, u"Confirmation"_s, Icon::None, Buttons::YesNo, Answer::No) ==
-           Answer::Yes;
+    return m_parts.services.desktop.MessageBox(question, u"Confirmation"_s, Icon::None, Buttons::YesNo,
+                                               Answer::No) == Answer::Yes;
 }
 
 bool LocationChange::make(const std::vector<TextChange> &changes)

@@ -12,7 +12,7 @@ namespace quaverly {
 
 MaintenanceCommands::MaintenanceCommands(const MaintenanceParts &parts, std::function<void()> showReplace,
                                          std::function<void()> showChangeFilePath)
-    : m_desktop(parts.desktop), m_search(parts, &FileExists), m_deleteDisplayed(parts),
+    : m_desktop(parts.services.desktop), m_search(parts, &FileExists), m_deleteDisplayed(parts),
       m_showReplace(std::move(showReplace)), m_showChangeFilePath(std::move(showChangeFilePath))
 {}
 

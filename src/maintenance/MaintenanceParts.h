@@ -1,26 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
+
 #include <QString>
 
 #include <functional>
 
 namespace quaverly {
 
-class Desktop;
 class DisplayedSet;
 class MainScreen;
-struct Catalogue;
-struct Options;
 
 /** What the commands over many records need of the program. All references outlive them. */
 struct MaintenanceParts
 {
-    Catalogue &catalogue;
+    Services services;
     DisplayedSet &set;
     MainScreen &mainScreen;
-    Desktop &desktop;
-    const Options &options;
     /** True while one of them lets events run: the main screen may not go before that has ended. */
     bool &busy;
     /** Runs between the user's last Yes and the first change; a command that it answers false stops there. */

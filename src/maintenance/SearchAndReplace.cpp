@@ -65,7 +65,7 @@ QString withoutDoubleQuotes(QString text)
 
 dao::Database &SearchAndReplace::database() const
 {
-    return *m_parts.catalogue.CatalogueDb;
+    return *m_parts.services.catalogue.CatalogueDb;
 }
 
 bool SearchAndReplace::run(ReplaceRequest &request)
@@ -75,7 +75,7 @@ bool SearchAndReplace::run(ReplaceRequest &request)
     const TextChange change = changeOf(request);
     const qint64 records = countRows(database(), change);
     if (records == 0) {
-        m_parts.desktop.MessageBox(
+        m_parts.services.desktop.MessageBox(
             u"The text you specified was not found in the selected field in any records."_s, u"Not found"_s);
         return false;
     }
@@ -93,20 +93,20 @@ bool SearchAndReplace::run(ReplaceRequest &request)
         return false;
     if (isNullWord(request.replacement))
         request.replacement.clear();
-    m_parts.desktop.MessageBox(u"Update completed.  Records changed: "_s + QString::number(records),
-                               u"Finished"_s);
+    m_parts.services.desktop.MessageBox(u"Update completed.  Records changed: "_s + QString::number(records),
+                                        u"Finished"_s);
     return true;
 }
 
 bool SearchAndReplace::isComplete(const ReplaceRequest &request)
 {
     if (request.field.isEmpty()) {
-        m_parts.desktop.MessageBox(u"You must indicate which field you want to change."_s,
-                                   u"Field not indicated"_s, Icon::Exclamation);
+        m_parts.services.desktop.MessageBox(u"You must indicate which field you want to change."_s,
+                                            u"Field not indicated"_s, Icon::Exclamation);
         return false;
     }
     if (!isGreaterThanBlank(request.original) || !isGreaterThanBlank(request.replacement)) {
-        m_parts.desktop.MessageBox(
+        m_parts.services.desktop.MessageBox(
             u"Both the original text and the new replacement text must be specified.  If you want to find "
             "records with no data in a field or delete all data from a field, type the word NULL instead of "
             "leaving blank."_s,
@@ -118,8 +118,8 @@ bool SearchAndReplace::isComplete(const ReplaceRequest &request)
 
 bool SearchAndReplace::isConfirmed(const ReplaceRequest &request, qint64 records)
 {
-    return m_parts.desktop.MessageBox(question(request, records), u"Confirmation"_s, Icon::None,
-                                      Buttons::YesNo, Answer::No) == Answer::Yes;
+    return m_parts.services.desktop.MessageBox(question(request, records), u"Confirmation"_s, Icon::None,
+                                               Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
 } // namespace quaverly

@@ -27,14 +27,14 @@ void frmChangeFileNamePath::wire()
 void frmChangeFileNamePath::Form_Load()
 {
     showText(*m_ui->lblPurpose, m_ui->lblPurpose->text());
-    if (m_parts.options.TabletActive)
+    if (m_parts.services.options.TabletActive)
         sizeForFingers(*this);
     m_ui->txtOrig->setFocus();
 }
 
 void frmChangeFileNamePath::cmdOK_Click()
 {
-    work(m_parts.desktop, [this] {
+    work(m_parts.services.desktop, [this] {
         return LocationChange(m_parts).changePlayListPaths(
             {.original = m_ui->txtOrig->text(), .replacement = m_ui->txtNew->text()});
     });

@@ -38,7 +38,7 @@ void frmChangeFilePath::Form_Load()
 {
     showText(*m_ui->lblPurpose, m_ui->lblPurpose->text());
     showText(*m_ui->lblNote, m_ui->lblNote->text());
-    if (m_parts.options.TabletActive)
+    if (m_parts.services.options.TabletActive)
         sizeForFingers(*this);
     offerPlaces();
     m_ui->txtOrigPath->setFocus();
@@ -47,9 +47,9 @@ void frmChangeFilePath::Form_Load()
 // What stands in the catalogue: typed from memory, it would be found in no file name.
 void frmChangeFilePath::offerPlaces()
 {
-    static_cast<void>(guarded(m_parts.desktop, windowTitle(), [this] {
-        const Hourglass hourglass(m_parts.desktop);
-        const QStringList places = musicPlaces(*m_parts.catalogue.CatalogueDb);
+    static_cast<void>(guarded(m_parts.services.desktop, windowTitle(), [this] {
+        const Hourglass hourglass(m_parts.services.desktop);
+        const QStringList places = musicPlaces(*m_parts.services.catalogue.CatalogueDb);
         if (places.isEmpty())
             return;
         auto *completer = new QCompleter(places, this);
@@ -73,8 +73,9 @@ void frmChangeFilePath::cmdBrowseNew_Click()
 
 void frmChangeFilePath::browse(const QString &prompt, QLineEdit &box)
 {
-    guarded(m_parts.desktop, windowTitle(), [&] {
-        const QString folder = m_parts.desktop.BrowseForFolder(prompt, u"Select a Folder"_s, box.text());
+    guarded(m_parts.services.desktop, windowTitle(), [&] {
+        const QString folder =
+            m_parts.services.desktop.BrowseForFolder(prompt, u"Select a Folder"_s, box.text());
         if (!folder.isEmpty())
             box.setText(EnsureBackslash(folder));
     });
@@ -82,7 +83,7 @@ void frmChangeFilePath::browse(const QString &prompt, QLineEdit &box)
 
 void frmChangeFilePath::OKButton_Click()
 {
-    work(m_parts.desktop, [this] {
+    work(m_parts.services.desktop, [this] {
         return LocationChange(m_parts).changeFilePaths(
             {.original = m_ui->txtOrigPath->text(), .replacement = m_ui->txtNewPath->text()});
     });

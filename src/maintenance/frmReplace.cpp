@@ -51,7 +51,7 @@ void frmReplace::wire()
 
 void frmReplace::Form_Load()
 {
-    if (m_parts.options.TabletActive)
+    if (m_parts.services.options.TabletActive)
         sizeForFingers(*this);
     m_ui->txtOrig->setFocus();
 }
@@ -98,7 +98,7 @@ void frmReplace::cmdOK_Click()
     txtOrig_Validate();
     txtNew_Validate();
     ReplaceRequest request{m_ui->txtOrig->text(), m_ui->txtNew->text(), chosenField()};
-    work(m_parts.desktop, [&] { return SearchAndReplace(m_parts).run(request); });
+    work(m_parts.services.desktop, [&] { return SearchAndReplace(m_parts).run(request); });
     m_ui->txtOrig->setText(request.original.trimmed());
     m_ui->txtNew->setText(request.replacement.trimmed());
 }

@@ -25,7 +25,7 @@ PictureCommands::~PictureCommands()
 
 void PictureCommands::run(const std::function<void()> &command)
 {
-    guarded(m_parts.desktop, u"Error"_s, command, withErrorNumber(u".    Error number: "_s));
+    guarded(m_parts.services.desktop, u"Error"_s, command, withErrorNumber(u".    Error number: "_s));
 }
 
 void PictureCommands::cmdPicture_Click(const PictureEditor &editor, int slot, QWidget *nameEdit)
@@ -33,7 +33,7 @@ void PictureCommands::cmdPicture_Click(const PictureEditor &editor, int slot, QW
     run([&] {
         m_pictureIndex = slot;
         const QString name = editor.file(slot);
-        const PictureFiles files(m_parts.catalogue);
+        const PictureFiles files(m_parts.services.catalogue);
         if (isGreaterThanBlank(name) && !files.exists(name))
             tellBroken(files.pathOf(name));
         showForm(editor, {.slot = slot, .pasteName = {}}, nameEdit);
@@ -42,20 +42,22 @@ void PictureCommands::cmdPicture_Click(const PictureEditor &editor, int slot, QW
 
 void PictureCommands::tellBroken(const QString &path)
 {
-    m_parts.desktop.MessageBox(u"The file:\r"_s + path +
-                                   u" was not found.\rYou may have deleted it from another record.  You may "
-                                   "want to blank out the file name shown below the button (and then Save "
-                                   "this record) if you do not choose another picture."_s,
-                               u"File not found.  Link broken."_s, Icon::Information);
+    m_parts.services.desktop.MessageBox(
+        u"The file:\r"_s + path +
+            u" was not found.\rYou may have deleted it from another record.  You may "
+            "want to blank out the file name shown below the button (and then Save "
+            "this record) if you do not choose another picture."_s,
+        u"File not found.  Link broken."_s, Icon::Information);
 }
 
 void PictureCommands::showForm(const PictureEditor &editor, const PictureOpening &opening, QWidget *nameEdit)
 {
     if (m_form)
         return;
-    auto link = std::make_unique<PictureLink>(m_parts.desktop, m_parts.catalogue, editor, opening);
-    m_form = new PictureForm(m_parts.desktop, m_parts.options, std::move(link), m_parts.set.isDuplicateView(),
-                             nameEdit);
+    auto link =
+        std::make_unique<PictureLink>(m_parts.services.desktop, m_parts.services.catalogue, editor, opening);
+    m_form = new PictureForm(m_parts.services.desktop, m_parts.services.options, std::move(link),
+                             m_parts.set.isDuplicateView(), nameEdit);
     m_form->showModally([this] {
         m_pasting = false;
         m_form = nullptr;
@@ -72,7 +74,7 @@ void PictureCommands::showPictureMenu(const PictureEditor &editor, int slot, QPo
     menu->setAttribute(Qt::WA_DeleteOnClose);
     QAction *paste = menu->addAction(u"&Paste image"_s);
     paste->setObjectName(u"mnuFilePasteImage"_s);
-    paste->setEnabled(m_parts.desktop.isPictureOnClipboard());
+    paste->setEnabled(m_parts.services.desktop.isPictureOnClipboard());
     QObject::connect(paste, &QAction::triggered, menu,
                      [this, editor, nameEdit] { mnuFilePasteImage_Click(editor, nameEdit); });
     menu->popup(globalPlace);
@@ -81,9 +83,10 @@ void PictureCommands::showPictureMenu(const PictureEditor &editor, int slot, QPo
 void PictureCommands::mnuFilePasteImage_Click(const PictureEditor &editor, QWidget *nameEdit)
 {
     run([&] {
-        if (!m_parts.desktop.isPictureOnClipboard())
+        if (!m_parts.services.desktop.isPictureOnClipboard())
             return;
-        const auto name = askPictureName(m_parts.desktop, u"Abbey Road Cover"_s, proposedName(editor.song()));
+        const auto name =
+            askPictureName(m_parts.services.desktop, u"Abbey Road Cover"_s, proposedName(editor.song()));
         if (!name)
             return;
         m_pasting = true;
@@ -99,7 +102,7 @@ void PictureCommands::cmdPictures_Click()
 void PictureCommands::togglePics3()
 {
     if (!m_parts.set.Data1().hasRows()) {
-        m_parts.desktop.MessageBox(u"There are no pictures to display"_s, u"No pictures"_s);
+        m_parts.services.desktop.MessageBox(u"There are no pictures to display"_s, u"No pictures"_s);
         return;
     }
     if (m_pics3 && m_pics3->isVisible()) {
@@ -107,7 +110,7 @@ void PictureCommands::togglePics3()
         return;
     }
     if (!m_pics3)
-        m_pics3 = new Pics3(m_parts.catalogue, m_parts.set.Data1(), m_parts.nameList);
+        m_pics3 = new Pics3(m_parts.services.catalogue, m_parts.set.Data1(), m_parts.nameList);
     m_pics3->showThree();
     m_pics3->place();
     m_pics3->show();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "pictures/Pics3.h"
 #include "pictures/PictureForm.h"
 #include "pictures/PictureLink.h"
@@ -13,15 +14,12 @@ class QWidget;
 namespace quaverly {
 
 class DisplayedSet;
-struct Options;
 
 /** What the picture commands work with. All of it outlives them. */
 struct PictureParts
 {
-    Desktop &desktop;
-    Catalogue &catalogue;
+    Services services;
     DisplayedSet &set;
-    const Options &options;
     /** The main screen, over which the side window stands; may be null. */
     QWidget *nameList = nullptr;
     /** Gives the main screen's Pictures button the focus. */

@@ -50,8 +50,8 @@ QString waitText()
 } // namespace
 
 PlayCommands::PlayCommands(PlayParts parts)
-    : m_parts(std::move(parts)), m_lists(m_parts.catalogue),
-      m_addToPlayList(m_parts.desktop, m_parts.state, m_lists)
+    : m_parts(std::move(parts)), m_lists(m_parts.services.catalogue),
+      m_addToPlayList(m_parts.services.desktop, m_parts.state, m_lists)
 {}
 
 void PlayCommands::run(const QString &title, const std::function<void()> &command)
@@ -61,7 +61,7 @@ void PlayCommands::run(const QString &title, const std::function<void()> &comman
         return;
     m_running = true;
     const auto done = qScopeGuard([this] { m_running = false; });
-    guarded(m_parts.desktop, title, command);
+    guarded(m_parts.services.desktop, title, command);
 }
 
 void PlayCommands::cmdPlay_Click()
@@ -73,12 +73,12 @@ void PlayCommands::cmdPlay_Click()
         const QString fileName = m_parts.displayed.currentText(u"FileName"_s);
         unloadPlayer();
         if (fileName.isEmpty() || !FileExists(pathName + fileName)) {
-            ShowFileNotFound(m_parts.desktop, pathName + fileName);
+            ShowFileNotFound(m_parts.services.desktop, pathName + fileName);
             return;
         }
         PlayRequest request;
         request.cbShuffle = request.cbSkipDups = request.cbNowPlaying = request.cmdDelete = false;
-        request.cbPlayNext = request.cbPlayRandom = m_parts.options.WindowsVersionMajor >= 6;
+        request.cbPlayNext = request.cbPlayRandom = m_parts.services.options.WindowsVersionMajor >= 6;
         playFile(std::move(request), pathName, fileName);
     });
 }
@@ -115,26 +115,27 @@ void PlayCommands::cmdPlayAll_Click()
 
 void PlayCommands::playAll()
 {
-    const Hourglass hourglass(m_parts.desktop);
-    const DisplayedSongs displayed(*m_parts.catalogue.CatalogueDb, m_parts.displayed.RecordSource());
+    const Hourglass hourglass(m_parts.services.desktop);
+    const DisplayedSongs displayed(*m_parts.services.catalogue.CatalogueDb, m_parts.displayed.RecordSource());
     if (!mayPlay(displayed.count()))
         return;
     unloadPlayer();
     PlayRequest request;
     {
         // The question has taken the pointer back.
-        const Hourglass loading(m_parts.desktop);
+        const Hourglass loading(m_parts.services.desktop);
         const auto working =
-            m_parts.desktop.ShowWorkingForm(u"Loading songs into Player..."_s, waitText(), false);
-        m_parts.desktop.letEventsRun();
+            m_parts.services.desktop.ShowWorkingForm(u"Loading songs into Player..."_s, waitText(), false);
+        m_parts.services.desktop.letEventsRun();
         request.songs = playable(displayed);
         writeList(request.songs);
     }
     if (request.songs.isEmpty()) {
-        m_parts.desktop.resetPointer();
-        m_parts.desktop.MessageBox(u"No music files found for the displayed songs.  They may have changed "
-                                   "folder locations or been deleted from this machine."_s,
-                                   u"No music files found for these songs"_s, Icon::Exclamation);
+        m_parts.services.desktop.resetPointer();
+        m_parts.services.desktop.MessageBox(
+            u"No music files found for the displayed songs.  They may have changed "
+            "folder locations or been deleted from this machine."_s,
+            u"No music files found for these songs"_s, Icon::Exclamation);
         unloadPlayer();
         return;
     }
@@ -147,29 +148,29 @@ bool PlayCommands::mayPlay(qint64 songs)
 {
     const QString inList = u"There are "_s + QString::number(songs) + u" songs in the current list."_s;
     if (songs > MostSongs) {
-        m_parts.desktop.resetPointer();
-        m_parts.desktop.MessageBox(
+        m_parts.services.desktop.resetPointer();
+        m_parts.services.desktop.MessageBox(
             inList + u"  The maximum number of songs you can put in a Play List is 32000."_s,
             u"Too many songs to play"_s, Icon::Exclamation);
         return false;
     }
     if (songs < ManySongs)
         return songs > 0;
-    m_parts.desktop.resetPointer();
-    return m_parts.desktop.MessageBox(inList + u"\r\n\r\nAre you sure you want to play all of them?"_s,
-                                      u"Play All Confirmation"_s, Icon::Information, Buttons::YesNo,
-                                      Answer::No) == Answer::Yes;
+    m_parts.services.desktop.resetPointer();
+    return m_parts.services.desktop.MessageBox(
+               inList + u"\r\n\r\nAre you sure you want to play all of them?"_s, u"Play All Confirmation"_s,
+               Icon::Information, Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
 void PlayCommands::writeList(const SongQueue &songs)
 {
     if (!songs.isEmpty())
-        writeTemporaryList(m_parts.catalogue.DatabaseFolder, songs.urls());
+        writeTemporaryList(m_parts.services.catalogue.DatabaseFolder, songs.urls());
 }
 
 void PlayCommands::playList(PlayRequest request)
 {
-    request.CurrentPlayUrl = temporaryList(m_parts.catalogue.DatabaseFolder);
+    request.CurrentPlayUrl = temporaryList(m_parts.services.catalogue.DatabaseFolder);
     request.showsCount = true;
     m_parts.player.play(std::move(request));
 }
@@ -178,7 +179,7 @@ QString PlayCommands::askForFolder(const QString &title)
 {
     if (m_parts.LastMusicFolder.isEmpty())
         m_parts.LastMusicFolder = musicFolder();
-    return m_parts.desktop.BrowseForFolder(u"Select a Folder"_s, title, m_parts.LastMusicFolder);
+    return m_parts.services.desktop.BrowseForFolder(u"Select a Folder"_s, title, m_parts.LastMusicFolder);
 }
 
 void PlayCommands::mnuPlayFolder_Click()
@@ -192,13 +193,13 @@ void PlayCommands::playFolder()
     if (folder.isEmpty())
         return;
     m_parts.LastMusicFolder = folder;
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     unloadForFolder();
     PlayRequest request;
     {
         const auto working =
-            m_parts.desktop.ShowWorkingForm(u"Loading songs into Player..."_s, waitText(), false);
-        m_parts.desktop.letEventsRun();
+            m_parts.services.desktop.ShowWorkingForm(u"Loading songs into Player..."_s, waitText(), false);
+        m_parts.services.desktop.letEventsRun();
         addFolder(folder, FolderRules::OneFolder, request.songs);
         writeList(request.songs);
     }
@@ -222,13 +223,13 @@ void PlayCommands::playFolderAndSubfolders()
     const QString root = askForFolder(u"Play a Folder (including subfolders) of Music Files"_s);
     if (root.isEmpty())
         return;
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     unloadForFolder();
     PlayRequest request;
     {
-        const auto working =
-            m_parts.desktop.ShowWorkingForm(u"Adding Songs to Player..."_s, u"Please wait..."_s, true);
-        m_parts.desktop.letEventsRun();
+        const auto working = m_parts.services.desktop.ShowWorkingForm(u"Adding Songs to Player..."_s,
+                                                                      u"Please wait..."_s, true);
+        m_parts.services.desktop.letEventsRun();
         const QStringList folders = m_parts.gatherFolders(EnsureBackslash(root));
         for (qsizetype i = 0; i < folders.size(); ++i) {
             if (working->bar() < FullBarTwips)
@@ -249,14 +250,15 @@ void PlayCommands::playFolderAndSubfolders()
 
 void PlayCommands::addFolder(const QString &folder, FolderRules rules, SongQueue &songs)
 {
-    addFolderSongs(m_parts.shell, EnsureBackslash(folder), rules, m_parts.options.WindowsVersionMajor, songs);
+    addFolderSongs(m_parts.shell, EnsureBackslash(folder), rules,
+                   m_parts.services.options.WindowsVersionMajor, songs);
 }
 
 void PlayCommands::tellNoSongsInFolder()
 {
-    m_parts.desktop.resetPointer();
-    m_parts.desktop.MessageBox(u"No music files found in this folder."_s, u"No songs found to play"_s,
-                               Icon::Exclamation);
+    m_parts.services.desktop.resetPointer();
+    m_parts.services.desktop.MessageBox(u"No music files found in this folder."_s,
+                                        u"No songs found to play"_s, Icon::Exclamation);
     unloadForFolder();
 }
 
@@ -265,8 +267,8 @@ void PlayCommands::playFromEditor(const EditedSong &song, const EditorScreens &s
     run(u"Error"_s, [&] {
         if (!song.isStored || !isGreaterThanBlank(song.FileName) ||
             !FileExists(song.PathName + song.FileName)) {
-            ShowFileNotFound(m_parts.desktop, m_parts.displayed.currentText(u"PathName"_s) +
-                                                  m_parts.displayed.currentText(u"FileName"_s));
+            ShowFileNotFound(m_parts.services.desktop, m_parts.displayed.currentText(u"PathName"_s) +
+                                                           m_parts.displayed.currentText(u"FileName"_s));
             return;
         }
         unloadPlayer();
@@ -277,7 +279,7 @@ void PlayCommands::playFromEditor(const EditedSong &song, const EditorScreens &s
         m_parts.state.PlayedFromEditor = true;
         screens.hideNameList();
         screens.showNameEdit();
-        m_parts.desktop.letEventsRun();
+        m_parts.services.desktop.letEventsRun();
     });
 }
 

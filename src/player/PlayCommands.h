@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "player/AddToPlayList.h"
 
 #include <QString>
@@ -15,23 +16,18 @@ class Shell;
 namespace quaverly {
 
 class DataControl;
-class Desktop;
 class Player;
 class SongQueue;
 enum class FolderRules;
-struct Catalogue;
-struct Options;
 struct PlayRequest;
 struct PlayerState;
 
 /** What the play commands work with. All of it outlives them. */
 struct PlayParts
 {
-    Desktop &desktop;
+    Services services;
     Player &player;
     PlayerState &state;
-    const Options &options;
-    Catalogue &catalogue;
     DataControl &displayed;
     shell::Shell &shell;
     /** The folder chosen last in a folder dialog. */

@@ -36,7 +36,7 @@ constexpr int LeastRows = 3;
 
 PlayForm::PlayForm(PlayFormParts parts, QWidget *parent)
     : QMainWindow(parent), m_ui(std::make_unique<Ui::PlayForm>()), m_parts(std::move(parts)),
-      m_lists(m_parts.catalogue), m_addToPlayList(m_parts.desktop, m_parts.state, m_lists),
+      m_lists(m_parts.services.catalogue), m_addToPlayList(m_parts.services.desktop, m_parts.state, m_lists),
       m_media(m_parts.makeMediaPlayer()),
       m_songs(new SongListModel(m_queue, SongListModel::List::Songs, this)),
       m_urls(new SongListModel(m_queue, SongListModel::List::Urls, this))
@@ -96,20 +96,20 @@ void PlayForm::listenToDesktop()
 void PlayForm::Form_Load()
 {
     m_parts.state.PlayerOpen = true;
-    if (!m_parts.options.PlayerOnlyMode) {
-        m_nextSong =
-            std::make_unique<NextSong>(m_parts.catalogue, m_parts.displayed.RecordSource(), m_parts.random);
+    if (!m_parts.services.options.PlayerOnlyMode) {
+        m_nextSong = std::make_unique<NextSong>(m_parts.services.catalogue, m_parts.displayed.RecordSource(),
+                                                m_parts.random);
         loadPlayLists();
         m_ui->cmdDelete->setVisible(m_ui->cbPlayRandom->isHidden());
     }
     if (m_parts.state.PlayerLeft >= 0 && m_parts.state.PlayerTop >= 0)
         move(m_parts.state.PlayerLeft / TwipsPerPixel, m_parts.state.PlayerTop / TwipsPerPixel);
-    loadPlayerSettings(m_parts.store, *m_media);
+    loadPlayerSettings(m_parts.services.optionsStore, *m_media);
     m_media->setURL(m_parts.state.CurrentPlayUrl);
     setWindowTitle(m_parts.state.CurrentPlayTitle);
-    if (m_parts.options.TabletActive)
+    if (m_parts.services.options.TabletActive)
         sizeForFingers(*this);
-    const int row = songRowHeight(*this, m_parts.options.TabletActive);
+    const int row = songRowHeight(*this, m_parts.services.options.TabletActive);
     m_songs->setRowHeight(row);
     m_ui->lbSongs->setMinimumHeight(LeastRows * row);
 }
@@ -242,7 +242,7 @@ void PlayForm::cmbHeader_Click()
 
 void PlayForm::cmdAddToPlaylist_Click()
 {
-    guarded(m_parts.desktop, m_ui->cmdAddToPlaylist->text(), [this] {
+    guarded(m_parts.services.desktop, m_ui->cmdAddToPlaylist->text(), [this] {
         m_ui->lblSelectedPlaylist->setText(m_parts.state.PlayerPlayList);
         const int row = m_queue.hasSelection() ? m_queue.ListIndex() : 0;
         if (m_playLists->follow(m_addToPlayList.addFromPlayer(m_parts.state.PlayerPlayList, m_queue.song(row),
@@ -253,7 +253,7 @@ void PlayForm::cmdAddToPlaylist_Click()
 
 void PlayForm::cmdDelete_Click()
 {
-    guarded(m_parts.desktop, m_ui->cmdDelete->text(), [this] {
+    guarded(m_parts.services.desktop, m_ui->cmdDelete->text(), [this] {
         m_addToPlayList.deleteFromPlayer(m_queue.url(m_queue.ListIndex()));
         m_media->controls().next();
         m_playLists->confirm(u"Deleted from Playlist"_s, DeletedShownMs);
@@ -262,9 +262,9 @@ void PlayForm::cmdDelete_Click()
 
 void PlayForm::cmdLyrics_Click()
 {
-    guarded(m_parts.desktop, m_ui->cmdLyrics->text(), [this] {
+    guarded(m_parts.services.desktop, m_ui->cmdLyrics->text(), [this] {
         const int row = m_queue.count() >= 2 ? m_queue.ListIndex() : 0;
-        m_parts.desktop.OpenUrl(lyricsAddress(m_parts.store, m_queue.song(row)));
+        m_parts.services.desktop.OpenUrl(lyricsAddress(m_parts.services.optionsStore, m_queue.song(row)));
     });
 }
 
@@ -288,7 +288,8 @@ void PlayForm::closeEvent(QCloseEvent *event)
 void PlayForm::Form_Unload()
 {
     PlayerState &state = m_parts.state;
-    guarded(m_parts.desktop, windowTitle(), [this] { savePlayerSettings(*m_media, m_parts.store); });
+    guarded(m_parts.services.desktop, windowTitle(),
+            [this] { savePlayerSettings(*m_media, m_parts.services.optionsStore); });
     // Silence at once; its handlers may be what closes the player.
     m_ui->WindowsMediaPlayer1->setPlayer(nullptr);
     m_mpris.reset();
@@ -300,10 +301,10 @@ void PlayForm::Form_Unload()
         state.PlayerLeft = x() * TwipsPerPixel;
         state.PlayerTop = y() * TwipsPerPixel;
     }
-    removeTemporaryList(m_parts.catalogue.DatabaseFolder);
+    removeTemporaryList(m_parts.services.catalogue.DatabaseFolder);
     state.PlayerOpen = false;
     const bool restarts = state.RestartingPlayer || state.RestartingFolderPlayer;
-    if (!restarts && !m_parts.catalogue.SwitchingCatalogue && m_parts.isLastScreen())
+    if (!restarts && !m_parts.services.catalogue.SwitchingCatalogue && m_parts.isLastScreen())
         m_parts.endProgram();
     state.RestartingPlayer = state.RestartingFolderPlayer = false;
     state.CurrentPlayUrl.clear();

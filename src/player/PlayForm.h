@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "player/AddToPlayListBox.h"
 #include "player/NextSong.h"
 #include "player/PlayerRules.h"
@@ -24,22 +25,16 @@ class PlayForm;
 namespace quaverly {
 
 class DataControl;
-class Desktop;
-class OptionsStore;
 class SongListModel;
 class frmNowPlaying;
-struct Options;
 struct PlayRequest;
 struct PlayerState;
 
 /** What the player's screen works with. All of it outlives the screen. */
 struct PlayFormParts
 {
-    Desktop &desktop;
+    Services services;
     PlayerState &state;
-    const Options &options;
-    OptionsStore &store;
-    Catalogue &catalogue;
     /** Not looked at while the player is the only screen of the run. */
     DataControl &displayed;
     std::function<std::unique_ptr<media::MediaPlayer>()> makeMediaPlayer;

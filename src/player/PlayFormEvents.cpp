@@ -118,7 +118,7 @@ void PlayForm::focusControl()
 
 void PlayForm::lbSongs_Click(int row)
 {
-    guarded(m_parts.desktop, u"PlayForm.lbSongs_Click"_s,
+    guarded(m_parts.services.desktop, u"PlayForm.lbSongs_Click"_s,
             [this, row] {
                 m_ui->cbLoop->setChecked(false);
                 selectRow(row);
@@ -136,7 +136,7 @@ void PlayForm::lbSongs_Click(int row)
 
 void PlayForm::PlayNextRandom(NextMode mode)
 {
-    guarded(m_parts.desktop, u"Error in PlayNextRandom routine"_s, [this, mode] {
+    guarded(m_parts.services.desktop, u"Error in PlayNextRandom routine"_s, [this, mode] {
         if (!m_nextSong)
             return;
         if (const auto song = m_nextSong->find(mode, m_parts.state.CurrentPlayUrl))
@@ -148,7 +148,7 @@ void PlayForm::playNextSong(const NextSongFile &song)
 {
     const QString path = song.PathName + song.FileName;
     if (song.FileName.isEmpty() || !FileExists(path)) {
-        ShowFileNotFound(m_parts.desktop, path);
+        ShowFileNotFound(m_parts.services.desktop, path);
         close();
         return;
     }

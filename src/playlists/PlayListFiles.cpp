@@ -64,17 +64,17 @@ PlayListFiles::PlayListFiles(PlayListFilesParts parts) : m_parts(std::move(parts
 
 void PlayListFiles::mnuFileMakePlayListFile_Click()
 {
-    guarded(m_parts.desktop, u"Make PlayList Error"_s, [this] { makePlayListFile(); });
+    guarded(m_parts.services.desktop, u"Make PlayList Error"_s, [this] { makePlayListFile(); });
 }
 
 void PlayListFiles::mnuFileCopyMusic_Click()
 {
-    guarded(m_parts.desktop, copyTitle(), [this] { copyMusic(); });
+    guarded(m_parts.services.desktop, copyTitle(), [this] { copyMusic(); });
 }
 
 void PlayListFiles::mnuFileDisplayOnly_Click()
 {
-    guarded(m_parts.desktop, u"Display Only These Songs"_s, [this] {
+    guarded(m_parts.services.desktop, u"Display Only These Songs"_s, [this] {
         const QString name = m_parts.chosenList().ListName;
         const auto list = m_parts.lists.ListID(name);
         if (list && m_parts.displayed.playListView(*list, name))
@@ -93,7 +93,7 @@ void PlayListFiles::makePlayListFile()
     if (!isGreaterThanBlank(list.ListName))
         return;
     m_parts.LastPlayListFolder = startFolder(m_parts.LastPlayListFolder);
-    const auto chosen = m_parts.desktop.ShowSaveDialog(
+    const auto chosen = m_parts.services.desktop.ShowSaveDialog(
         {u"Save Play List as"_s, u"Playlist (*.m3u)|*.m3u|All Files (*.*)|*.*"_s, m_parts.LastPlayListFolder,
          fileNameOfList(list.ListName)});
     if (!chosen)
@@ -106,27 +106,29 @@ void PlayListFiles::makePlayListFile()
         return;
     const QStringList files = fileNames(playlistsql::fileNames(list.ListID));
     if (files.isEmpty()) {
-        m_parts.desktop.MessageBox(u"No music files were associated with any of the songs in this Play List, "
-                                   "so Play List file was not created."_s,
-                                   u"No sound files for these songs"_s, Icon::Exclamation);
+        m_parts.services.desktop.MessageBox(
+            u"No music files were associated with any of the songs in this Play List, "
+            "so Play List file was not created."_s,
+            u"No sound files for these songs"_s, Icon::Exclamation);
         return;
     }
-    const QString answer = m_parts.desktop.InputPrompt(prefixPrompt(), u"File location prefix?"_s,
-                                                       FilePrefix::thisMachine(), false);
+    const QString answer = m_parts.services.desktop.InputPrompt(prefixPrompt(), u"File location prefix?"_s,
+                                                                FilePrefix::thisMachine(), false);
     if (isGreaterThanBlank(answer.trimmed()))
         writePlayListFile(path, files, answer);
 }
 
 bool PlayListFiles::mayReplace(const QString &path)
 {
-    return m_parts.desktop.MessageBox(u'"' + path + u"\" already exists.\r\nDo you want to replace it?"_s,
-                                      u"Save Play List as"_s, Icon::Exclamation, Buttons::YesNo,
-                                      Answer::No) == Answer::Yes;
+    return m_parts.services.desktop.MessageBox(
+               u'"' + path + u"\" already exists.\r\nDo you want to replace it?"_s, u"Save Play List as"_s,
+               Icon::Exclamation, Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
 QStringList PlayListFiles::fileNames(const QString &sql) const
 {
-    const auto rows = m_parts.catalogue.CatalogueDb->OpenRecordset(sql, dao::RecordsetType::Snapshot);
+    const auto rows =
+        m_parts.services.catalogue.CatalogueDb->OpenRecordset(sql, dao::RecordsetType::Snapshot);
     QStringList names;
     names.reserve(rows->RecordCount());
     for (; !rows->atEOF(); rows->MoveNext())
@@ -145,20 +147,20 @@ void PlayListFiles::writePlayListFile(const QString &path, const QStringList &fi
     }
     writeListFile(path, lines);
     const QString count = QString::number(lines.size());
-    m_parts.desktop.MessageBox(u"Number of song file names written to play list file\r\n   \""_s + path +
-                                   u"\"\r\n      "_s + count,
-                               u"Finished - Record Count: "_s + count, Icon::Information);
+    m_parts.services.desktop.MessageBox(u"Number of song file names written to play list file\r\n   \""_s +
+                                            path + u"\"\r\n      "_s + count,
+                                        u"Finished - Record Count: "_s + count, Icon::Information);
 }
 
 void PlayListFiles::copyMusic()
 {
     if (m_parts.ListCount() - 1 <= 0) {
-        m_parts.desktop.MessageBox(u"No files to copy"_s, copyTitle());
+        m_parts.services.desktop.MessageBox(u"No files to copy"_s, copyTitle());
         return;
     }
     m_parts.LastMusicFolder = startFolder(m_parts.LastMusicFolder);
     const QString folder =
-        m_parts.desktop.BrowseForFolder(u"Select a Folder"_s, copyTitle(), m_parts.LastMusicFolder);
+        m_parts.services.desktop.BrowseForFolder(u"Select a Folder"_s, copyTitle(), m_parts.LastMusicFolder);
     if (folder.isEmpty())
         return;
     m_parts.LastMusicFolder = folder;
@@ -171,7 +173,7 @@ void PlayListFiles::copyMusic()
 
 bool PlayListFiles::fits(const QStringList &files, const QString &folder)
 {
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     qint64 needed = 0;
     QSet<QString> targets;
     for (const QString &file : files) {
@@ -186,10 +188,10 @@ bool PlayListFiles::fits(const QStringList &files, const QString &folder)
     const auto room = shell::freeSpace(folder);
     if (!room || needed <= *room)
         return true;
-    m_parts.desktop.MessageBox(u"These music files need "_s + sizeText(needed) + u", but only "_s +
-                                   sizeText(*room) + u" are free in the folder\r\n"_s + folder +
-                                   u"\r\nNo files were copied."_s,
-                               u"Not enough room"_s, Icon::Exclamation);
+    m_parts.services.desktop.MessageBox(u"These music files need "_s + sizeText(needed) + u", but only "_s +
+                                            sizeText(*room) + u" are free in the folder\r\n"_s + folder +
+                                            u"\r\nNo files were copied."_s,
+                                        u"Not enough room"_s, Icon::Exclamation);
     return false;
 }
 
@@ -200,10 +202,10 @@ PlayListFiles::Copied PlayListFiles::copyFiles(const QStringList &files, const Q
         return copied;
     m_parts.setScreenEnabled(false);
     const auto usable = qScopeGuard([this] { m_parts.setScreenEnabled(true); });
-    const auto working =
-        m_parts.desktop.ShowWorkingForm(u"Quaverly is copying files..."_s, u"Please wait..."_s, true);
-    const Hourglass hourglass(m_parts.desktop);
-    m_parts.desktop.letEventsRun();
+    const auto working = m_parts.services.desktop.ShowWorkingForm(u"Quaverly is copying files..."_s,
+                                                                  u"Please wait..."_s, true);
+    const Hourglass hourglass(m_parts.services.desktop);
+    m_parts.services.desktop.letEventsRun();
     for (const QString &file : files) {
         const QString name = fileNameOf(file);
         if (!name.isEmpty() && !FileExists(folder + name) && FileExists(file))
@@ -221,8 +223,8 @@ void PlayListFiles::copyOne(const QString &source, const QString &target, const 
                             Copied &copied)
 {
     const auto mayGoOn = [this, &working](qint64 /*done*/, qint64 /*all*/) {
-        if (m_parts.desktop.inputWaiting())
-            m_parts.desktop.letEventsRun();
+        if (m_parts.services.desktop.inputWaiting())
+            m_parts.services.desktop.letEventsRun();
         return !working.isClosed();
     };
     try {
@@ -240,15 +242,15 @@ void PlayListFiles::copyOne(const QString &source, const QString &target, const 
 void PlayListFiles::tellCopied(const Copied &copied, const QString &folder)
 {
     if (!copied.failures.isEmpty()) {
-        m_parts.desktop.MessageBox(u"Number of files that could not be copied: "_s +
-                                       QString::number(copied.failures.size()) + u"\r\n"_s +
-                                       copied.failures.first(),
-                                   copyTitle(), Icon::Exclamation);
+        m_parts.services.desktop.MessageBox(u"Number of files that could not be copied: "_s +
+                                                QString::number(copied.failures.size()) + u"\r\n"_s +
+                                                copied.failures.first(),
+                                            copyTitle(), Icon::Exclamation);
     }
     const QString stopped = copied.wasGivenUp ? u"Copying was stopped.\r\n"_s : QString();
-    m_parts.desktop.MessageBox(stopped + u"Number of files copied to folder\r\n"_s + folder + u" = "_s +
-                                   QString::number(copied.count),
-                               u"Done"_s);
+    m_parts.services.desktop.MessageBox(stopped + u"Number of files copied to folder\r\n"_s + folder +
+                                            u" = "_s + QString::number(copied.count),
+                                        u"Done"_s);
 }
 
 } // namespace quaverly

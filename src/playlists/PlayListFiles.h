@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "lists/PlayListStore.h"
 
 #include <QString>
@@ -10,15 +11,13 @@
 
 namespace quaverly {
 
-class Desktop;
 class DisplayedSet;
 class WorkingWindow;
 
 /** What the commands that carry a play list out of its screen work with. All of it outlives them. */
 struct PlayListFilesParts
 {
-    Desktop &desktop;
-    Catalogue &catalogue;
+    Services services;
     PlayListStore &lists;
     DisplayedSet &displayed;
     /** The folder chosen last in a folder dialog. */

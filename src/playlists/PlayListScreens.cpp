@@ -22,7 +22,7 @@ void PlayListScreens::show(const std::function<void()> &closed)
 {
     if (m_form)
         m_form->close();
-    const bool isOpen = guarded(m_parts.desktop, u"Play Lists"_s, [&] {
+    const bool isOpen = guarded(m_parts.services.desktop, u"Play Lists"_s, [&] {
         auto form = std::make_unique<frmPlayList>(m_parts, m_owner());
         form->setAttribute(Qt::WA_DeleteOnClose);
         QObject::connect(form.get(), &QDialog::finished, form.get(), [this, closed] {

@@ -41,8 +41,8 @@ bool PlayListTracks::isThere(const PlayListName &list)
 {
     if (m_parts.lists.exists(list.ListID))
         return true;
-    m_parts.desktop.MessageBox(u'"' + list.ListName + u"\" Play list name not found."_s, u"Not added"_s,
-                               Icon::Stop);
+    m_parts.services.desktop.MessageBox(u'"' + list.ListName + u"\" Play list name not found."_s,
+                                        u"Not added"_s, Icon::Stop);
     return false;
 }
 
@@ -56,7 +56,7 @@ bool PlayListTracks::addCurrentSong(const PlayListName &list)
 
 qint64 PlayListTracks::countDisplayed() const
 {
-    const auto rows = m_parts.catalogue.CatalogueDb->OpenRecordset(
+    const auto rows = m_parts.services.catalogue.CatalogueDb->OpenRecordset(
         countStatement(m_parts.displayed.RecordSource()), dao::RecordsetType::Snapshot);
     return rows->value(u"RowCount"_s).toLongLong();
 }
@@ -66,13 +66,14 @@ bool PlayListTracks::mayAdd(qint64 songs)
     const QString count = QString::number(songs);
     // What the list holds already does not count.
     if (songs > MostTracks) {
-        m_parts.desktop.MessageBox(u"You cannot add more than 32,000 songs to a single Play List.  You are "
-                                   "trying to add "_s +
-                                       count + u" songs."_s,
-                                   QString::fromUtf16(ProductName));
+        m_parts.services.desktop.MessageBox(
+            u"You cannot add more than 32,000 songs to a single Play List.  You are "
+            "trying to add "_s +
+                count + u" songs."_s,
+            QString::fromUtf16(ProductName));
         return false;
     }
-    return m_parts.desktop.MessageBox(
+    return m_parts.services.desktop.MessageBox(
                u"This will add every song displayed on the main screen (the Grid) to the current Play List.  "
                "Songs will be added in the current Grid sort order.  Number of songs about to be added to "
                "Play List: "_s +
@@ -85,13 +86,13 @@ std::optional<qint64> PlayListTracks::addAllSongs(const PlayListName &list)
 {
     qint64 songs = 0;
     {
-        const Hourglass hourglass(m_parts.desktop);
+        const Hourglass hourglass(m_parts.services.desktop);
         songs = countDisplayed();
     }
     if (!mayAdd(songs) || !isGreaterThanBlank(list.ListName) || !isThere(list))
         return std::nullopt;
-    const Hourglass hourglass(m_parts.desktop);
-    const auto rows = m_parts.catalogue.CatalogueDb->OpenRecordset(
+    const Hourglass hourglass(m_parts.services.desktop);
+    const auto rows = m_parts.services.catalogue.CatalogueDb->OpenRecordset(
         withColumns(m_parts.displayed.RecordSource(), columnsOfTracks()), dao::RecordsetType::Snapshot);
     QList<Track> tracks;
     tracks.reserve(rows->RecordCount());
@@ -107,17 +108,18 @@ OrderKept PlayListTracks::ReOrderTracksAfterDrag()
     try {
         missing = m_parts.lists.reorder(m_listId, m_rows.keys());
     } catch (const dao::DaoError &error) {
-        m_parts.desktop.MessageBox(u"Error number:"_s + QString::number(error.number) + u".  "_s +
-                                       error.description,
-                                   u"Error"_s, Icon::Stop);
+        m_parts.services.desktop.MessageBox(u"Error number:"_s + QString::number(error.number) + u".  "_s +
+                                                error.description,
+                                            u"Error"_s, Icon::Stop);
         return OrderKept::No;
     }
     if (!missing)
         return OrderKept::Yes;
     // The player, which stays usable beside the screen, deletes songs of lists too.
-    m_parts.desktop.MessageBox(u"In ReOrderTracksAfterDrag routine.  Match not found on Track Title: "_s +
-                                   m_rows.text(static_cast<int>(*missing)),
-                               QString::fromUtf16(ProductName));
+    m_parts.services.desktop.MessageBox(
+        u"In ReOrderTracksAfterDrag routine.  Match not found on Track Title: "_s +
+            m_rows.text(static_cast<int>(*missing)),
+        QString::fromUtf16(ProductName));
     return OrderKept::WithOtherSongs;
 }
 

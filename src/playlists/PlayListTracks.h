@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "lists/PlayListStore.h"
 #include "playlists/TrackRows.h"
 
 namespace quaverly {
 
 class DataControl;
-class Desktop;
 
 /** What the commands on a list's tracks work with. All of it outlives them. */
 struct PlayListTracksParts
 {
-    Desktop &desktop;
-    Catalogue &catalogue;
+    Services services;
     PlayListStore &lists;
     /** The songs that the main screen shows. */
     DataControl &displayed;

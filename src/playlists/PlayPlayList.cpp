@@ -36,27 +36,29 @@ void playPlayList(const PlayPlayListParts &parts, const PlayListName &list)
     parts.player.unload();
     const QList<FiledTrack> tracks = parts.lists.tracksWithFile(list.ListID);
     if (tracks.isEmpty()) {
-        tellNothingToPlay(parts.desktop, u"No music files were associated with any of the songs in this Play "
-                                         "List, so there is nothing to play."_s);
+        tellNothingToPlay(parts.services.desktop,
+                          u"No music files were associated with any of the songs in this Play "
+                          "List, so there is nothing to play."_s);
         return;
     }
     PlayRequest request;
     {
-        const Hourglass hourglass(parts.desktop);
+        const Hourglass hourglass(parts.services.desktop);
         request.songs = playable(tracks);
         if (!request.songs.isEmpty())
-            writeTemporaryList(parts.catalogue.DatabaseFolder, request.songs.urls());
+            writeTemporaryList(parts.services.catalogue.DatabaseFolder, request.songs.urls());
     }
     if (request.songs.isEmpty()) {
-        tellNothingToPlay(parts.desktop,
+        tellNothingToPlay(parts.services.desktop,
                           u"No music files found for the songs in this Play List.  They may have changed "
                           "folder locations or been deleted from this machine."_s);
         return;
     }
-    request.CurrentPlayUrl = temporaryList(parts.catalogue.DatabaseFolder);
+    request.CurrentPlayUrl = temporaryList(parts.services.catalogue.DatabaseFolder);
     if (!FileExists(request.CurrentPlayUrl)) {
-        parts.desktop.MessageBox(u"File "_s + request.CurrentPlayUrl + u" cannot be found to play."_s,
-                                 u"File not found"_s, Icon::Stop);
+        parts.services.desktop.MessageBox(u"File "_s + request.CurrentPlayUrl +
+                                              u" cannot be found to play."_s,
+                                          u"File not found"_s, Icon::Stop);
         return;
     }
     request.caption = captionOfPlayList(list.ListName);

@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "lists/PlayListStore.h"
 
 namespace quaverly {
 
-class Desktop;
 class Player;
 
 /** What playing a list works with. All of it outlives it. */
 struct PlayPlayListParts
 {
-    Desktop &desktop;
-    Catalogue &catalogue;
+    Services services;
     PlayListStore &lists;
     Player &player;
     /** Closes the screen: the player follows. */

@@ -101,14 +101,14 @@ PopulateFromText::PopulateFromText(PopulateParts parts) : m_parts(std::move(part
 
 void PopulateFromText::mnuFilePopulate_Click()
 {
-    guarded(m_parts.desktop, u"Populate From Text File List"_s, [this] { populate(); },
+    guarded(m_parts.services.desktop, u"Populate From Text File List"_s, [this] { populate(); },
             {nullptr, Icon::None});
 }
 
 bool PopulateFromText::isConfirmed()
 {
-    return m_parts.desktop.MessageBox(explanation(), u"Confirmation"_s, Icon::Question, Buttons::YesNo,
-                                      std::nullopt) == Answer::Yes;
+    return m_parts.services.desktop.MessageBox(explanation(), u"Confirmation"_s, Icon::Question,
+                                               Buttons::YesNo, std::nullopt) == Answer::Yes;
 }
 
 void PopulateFromText::populate()
@@ -116,19 +116,19 @@ void PopulateFromText::populate()
     const QString name = m_parts.state.CurrentPlayListName;
     if (!isConfirmed() || name.isEmpty())
         return;
-    const auto path = m_parts.desktop.ShowOpenDialog(
+    const auto path = m_parts.services.desktop.ShowOpenDialog(
         {u"Select a text file"_s,
          u"Text files (*.txt)|*.txt|All Files (*.*)|*.*"_s,
          m_parts.LastMusicFolder.isEmpty() ? QString() : EnsureBackslash(m_parts.LastMusicFolder),
          {}});
     if (!path)
         return;
-    m_parts.desktop.setHourglass(true);
+    m_parts.services.desktop.setHourglass(true);
     const auto list = m_parts.lists.ListID(name);
     if (!list) {
-        m_parts.desktop.resetPointer();
-        m_parts.desktop.MessageBox(u'"' + name + u"\" Play list name not found."_s,
-                                   u"Sub mnuPopupAddToPlaylist_Click"_s, Icon::Stop);
+        m_parts.services.desktop.resetPointer();
+        m_parts.services.desktop.MessageBox(u'"' + name + u"\" Play list name not found."_s,
+                                            u"Sub mnuPopupAddToPlaylist_Click"_s, Icon::Stop);
         return;
     }
     const Found found = find(readText(*path), MostTracks - m_parts.lists.countTracks(*list));
@@ -136,14 +136,15 @@ void PopulateFromText::populate()
         m_parts.lists.addTracks(*list, found.tracks);
     if (found.isFull) {
         // Meant: the busy pointer stays, the text stays open and the box keeps its old rows.
-        m_parts.desktop.MessageBox(u"The current Play List has reached maximum size of 32,000 songs.  Song "
-                                   "not added to Play List."_s,
-                                   u"Not added"_s);
+        m_parts.services.desktop.MessageBox(
+            u"The current Play List has reached maximum size of 32,000 songs.  Song "
+            "not added to Play List."_s,
+            u"Not added"_s);
         return;
     }
     m_textFile.close();
     m_parts.LoadDetailListbox();
-    m_parts.desktop.resetPointer();
+    m_parts.services.desktop.resetPointer();
 }
 
 QString PopulateFromText::readText(const QString &path)
@@ -169,7 +170,7 @@ PopulateFromText::Found PopulateFromText::find(const QString &text, qint64 room)
     ScanReport report({m_parts.reportPath});
     // One statement, prepared once: a text has many lines.
     const auto songs =
-        m_parts.catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s, dao::RecordsetType::Table);
+        m_parts.services.catalogue.CatalogueDb->OpenRecordset(u"tblContacts"_s, dao::RecordsetType::Table);
     songs->setIndex(u"SongName"_s);
     Found found;
     forEachLine(text, [&](const QString &line) {

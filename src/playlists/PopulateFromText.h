@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "lists/PlayListStore.h"
 
 #include <QFile>
@@ -11,14 +12,12 @@
 
 namespace quaverly {
 
-class Desktop;
 struct PlayerState;
 
 /** What filling a list from a text works with. All of it outlives the command. */
 struct PopulateParts
 {
-    Desktop &desktop;
-    Catalogue &catalogue;
+    Services services;
     PlayListStore &lists;
     /** Its CurrentPlayListName is the list that is filled. */
     const PlayerState &state;

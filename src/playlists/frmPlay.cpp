@@ -39,9 +39,9 @@ void frmPlay::wire()
 
 void frmPlay::Form_Load()
 {
-    if (m_parts.options.TabletActive)
+    if (m_parts.services.options.TabletActive)
         sizeForFingers(*this);
-    loadPlayerSettings(m_parts.store, *m_media);
+    loadPlayerSettings(m_parts.services.optionsStore, *m_media);
     m_ui->WMPlayer->setFocus();
 }
 
@@ -88,7 +88,8 @@ void frmPlay::done(int result)
     if (!player)
         return;
     m_ui->WMPlayer->setPlayer(nullptr);
-    guarded(m_parts.desktop, windowTitle(), [&] { savePlayerSettings(*player, m_parts.store); });
+    guarded(m_parts.services.desktop, windowTitle(),
+            [&] { savePlayerSettings(*player, m_parts.services.optionsStore); });
     QDialog::done(result);
     if (!m_unloading)
         Q_EMIT closedByUser();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "playlists/OneSongRun.h"
 
 #include <QDialog>
@@ -19,15 +20,10 @@ class frmPlay;
 
 namespace quaverly {
 
-class OptionsStore;
-struct Options;
-
 /** What the window works with. All of it outlives it. */
 struct frmPlayParts
 {
-    Desktop &desktop;
-    const Options &options;
-    OptionsStore &store;
+    Services services;
     std::function<std::unique_ptr<media::MediaPlayer>()> makeMediaPlayer;
 };
 

@@ -27,20 +27,33 @@ constexpr QSize FirstSize(680, 620);
 
 frmPlayList::frmPlayList(PlayListParts parts, QWidget *parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmPlayList>()), m_parts(std::move(parts)),
-      m_lists(m_parts.catalogue),
-      m_tracks({m_parts.desktop, m_parts.catalogue, m_lists, m_parts.displayed.Data1()}),
+      m_lists(m_parts.services.catalogue),
+      m_tracks({.services = m_parts.services, .lists = m_lists, .displayed = m_parts.displayed.Data1()}),
       m_model(new TrackListModel(m_tracks.rows(), this)),
-      m_files({m_parts.desktop, m_parts.catalogue, m_lists, m_parts.displayed, m_parts.LastMusicFolder,
-               m_parts.LastPlayListFolder, [this] { return chosenList(); },
-               [this] { return m_tracks.rows().ListCount(); }, [this] { close(); },
-               [this](bool on) { setEnabled(on); }}),
-      m_populate({m_parts.desktop, m_parts.catalogue, m_lists, m_parts.state, m_parts.LastMusicFolder,
-                  m_parts.populateReport, [this] { LoadDetailListbox(); }}),
-      m_window({m_parts.desktop, m_parts.options, m_parts.store, m_parts.makeMediaPlayer}, this),
-      m_run({m_parts.desktop, m_window,
-             [this](int row) { return m_lists.oneTrack(chosenList().ListID, m_tracks.rows().key(row)); },
-             [this] { return m_tracks.rows().ListCount(); }, [this] { return ListIndex(); },
-             [this](int row) { chooseSong(row); }, [this] { m_ui->lbDetail->setFocus(); }})
+      m_files({.services = m_parts.services,
+               .lists = m_lists,
+               .displayed = m_parts.displayed,
+               .LastMusicFolder = m_parts.LastMusicFolder,
+               .LastPlayListFolder = m_parts.LastPlayListFolder,
+               .chosenList = [this] { return chosenList(); },
+               .ListCount = [this] { return m_tracks.rows().ListCount(); },
+               .unload = [this] { close(); },
+               .setScreenEnabled = [this](bool on) { setEnabled(on); }}),
+      m_populate({.services = m_parts.services,
+                  .lists = m_lists,
+                  .state = m_parts.state,
+                  .LastMusicFolder = m_parts.LastMusicFolder,
+                  .reportPath = m_parts.populateReport,
+                  .LoadDetailListbox = [this] { LoadDetailListbox(); }}),
+      m_window({.services = m_parts.services, .makeMediaPlayer = m_parts.makeMediaPlayer}, this),
+      m_run({.desktop = m_parts.services.desktop,
+             .window = m_window,
+             .track =
+                 [this](int row) { return m_lists.oneTrack(chosenList().ListID, m_tracks.rows().key(row)); },
+             .ListCount = [this] { return m_tracks.rows().ListCount(); },
+             .ListIndex = [this] { return ListIndex(); },
+             .select = [this](int row) { chooseSong(row); },
+             .focusDetail = [this] { m_ui->lbDetail->setFocus(); }})
 {
     m_ui->setupUi(this);
     m_ui->lbDetail->setModel(m_model);
@@ -54,9 +67,9 @@ frmPlayList::~frmPlayList() = default;
 
 void frmPlayList::Form_Load()
 {
-    if (m_parts.options.TabletActive)
+    if (m_parts.services.options.TabletActive)
         sizeForFingers(*this);
-    m_model->setRowHeight(songRowHeight(*this, m_parts.options.TabletActive));
+    m_model->setRowHeight(songRowHeight(*this, m_parts.services.options.TabletActive));
     resize(FirstSize.boundedTo(roomFor(*this)));
     m_ui->Label3->setText(u"To change song order, drag and drop song names in this list to a new position.\n"
                           "To delete a song, right-click a song and choose Delete from the pop-up menu."_s);
@@ -110,7 +123,7 @@ void frmPlayList::LoadHeaderCombo()
 
 void frmPlayList::LoadDetailListbox()
 {
-    const Hourglass hourglass(m_parts.desktop);
+    const Hourglass hourglass(m_parts.services.desktop);
     m_hasTracks = m_tracks.LoadDetailListbox(chosenList().ListID);
     rowsLoaded();
     follow(stateAfter(PlayListEvent::TracksLoaded));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/Services.h"
 #include "lists/PlayListReportKind.h"
 #include "lists/PlayListStore.h"
 #include "playlists/OneSongRun.h"
@@ -30,12 +31,9 @@ struct PlayerState;
 /** What the play lists screen works with. All of it outlives the screen. */
 struct PlayListParts
 {
-    Desktop &desktop;
+    Services services;
     Player &player;
     PlayerState &state;
-    const Options &options;
-    OptionsStore &store;
-    Catalogue &catalogue;
     DisplayedSet &displayed;
     /** The folder chosen last in a folder dialog. */
     QString &LastMusicFolder;

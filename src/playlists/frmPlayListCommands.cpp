@@ -58,7 +58,7 @@ void frmPlayList::wireMenus()
 
 void frmPlayList::command(const std::function<void()> &handler)
 {
-    guarded(m_parts.desktop, windowTitle(), [&] {
+    guarded(m_parts.services.desktop, windowTitle(), [&] {
         if (keepOrder())
             handler();
     });
@@ -95,7 +95,7 @@ void frmPlayList::mnuEditAddSong_Click()
 {
     command([this] {
         if (m_tracks.rows().ListCount() >= MostRows) {
-            m_parts.desktop.MessageBox(
+            m_parts.services.desktop.MessageBox(
                 u"Play List has reached maximum size of 32,000 songs.  No more can be added."_s,
                 u"Cannot add more songs"_s);
             return;
@@ -109,8 +109,8 @@ void frmPlayList::mnuEditEditSong_Click()
     command([this] {
         const int row = ListIndex();
         if (!m_tracks.rows().isSong(row)) {
-            m_parts.desktop.MessageBox(u"You must select a song to edit from the list."_s,
-                                       u"No song selected"_s);
+            m_parts.services.desktop.MessageBox(u"You must select a song to edit from the list."_s,
+                                                u"No song selected"_s);
             return;
         }
         showDetail(frmPlayListDetail::Role::Edit, m_tracks.rows().key(row));
@@ -120,7 +120,7 @@ void frmPlayList::mnuEditEditSong_Click()
 void frmPlayList::showDetail(frmPlayListDetail::Role role, qint64 key)
 {
     auto screen =
-        std::make_unique<frmPlayListDetail>(m_parts.desktop, m_lists, m_parts.options, role,
+        std::make_unique<frmPlayListDetail>(m_parts.services.desktop, m_lists, m_parts.services.options, role,
                                             frmPlayListDetail::Place{chosenList().ListID, key}, this);
     connect(screen.get(), &frmPlayListDetail::saved, this,
             [this, role](const TrackTexts &song) { songSaved(role, song); });
@@ -156,8 +156,8 @@ void frmPlayList::mnuEditDeleteSong_Click()
     command([this] {
         const int row = ListIndex();
         if (!m_tracks.rows().isSong(row)) {
-            m_parts.desktop.MessageBox(u"You must select a song to remove from the list."_s,
-                                       u"No song selected"_s);
+            m_parts.services.desktop.MessageBox(u"You must select a song to remove from the list."_s,
+                                                u"No song selected"_s);
             return;
         }
         m_tracks.deleteSong(row);
@@ -170,7 +170,7 @@ void frmPlayList::mnuEditDeleteSong_Click()
 void frmPlayList::mnuEditDelete_Click()
 {
     command([this] {
-        PlayListHeaders headers(m_parts.desktop, m_lists);
+        PlayListHeaders headers(m_parts.services.desktop, m_lists);
         if (!headers.deleteList(chosenList().ListID,
                                 u"Are you sure you want to delete this entire play list?"_s))
             return;
@@ -185,8 +185,8 @@ void frmPlayList::mnuEditPlayList_Click()
 {
     command([this] {
         if (m_ui->cmbHeader->currentIndex() < 0) {
-            m_parts.desktop.MessageBox(u"You must select a Play List name from the list first."_s,
-                                       u"No Play List selected"_s, Icon::Exclamation);
+            m_parts.services.desktop.MessageBox(u"You must select a Play List name from the list first."_s,
+                                                u"No Play List selected"_s, Icon::Exclamation);
             return;
         }
         showHeader(true);
@@ -201,7 +201,7 @@ void frmPlayList::cmdAddHeader_Click()
 void frmPlayList::showHeader(bool isEdited)
 {
     auto screen =
-        std::make_unique<frmPlayListHeader>(m_parts.desktop, m_lists, m_parts.options,
+        std::make_unique<frmPlayListHeader>(m_parts.services.desktop, m_lists, m_parts.services.options,
                                             isEdited ? std::optional(chosenList()) : std::nullopt, this);
     connect(screen.get(), &frmPlayListHeader::added, this, &frmPlayList::headerChanged);
     connect(screen.get(), &frmPlayListHeader::edited, this,
@@ -226,7 +226,10 @@ void frmPlayList::headerChanged(const QString &name)
 void frmPlayList::cmdPlay_Click()
 {
     command([this] {
-        playPlayList({m_parts.desktop, m_parts.catalogue, m_lists, m_parts.player, [this] { close(); }},
+        playPlayList({.services = m_parts.services,
+                      .lists = m_lists,
+                      .player = m_parts.player,
+                      .unload = [this] { close(); }},
                      chosenList());
     });
 }
@@ -256,8 +259,9 @@ void frmPlayList::mnuEditChangeFileNamePath_Click()
 
 void frmPlayList::mnuHelp_Click()
 {
-    guarded(m_parts.desktop, windowTitle(),
-            [this] { m_parts.desktop.ShowHelp(QString::fromUtf16(PlayListHelpHeading), playListHelp()); });
+    guarded(m_parts.services.desktop, windowTitle(), [this] {
+        m_parts.services.desktop.ShowHelp(QString::fromUtf16(PlayListHelpHeading), playListHelp());
+    });
 }
 
 } // namespace quaverly

@@ -76,7 +76,7 @@ bool frmPlayList::keepOrder()
     if (!std::exchange(m_isMoved, false))
         return true;
     OrderKept kept = OrderKept::No;
-    guarded(m_parts.desktop, windowTitle(), [&] {
+    guarded(m_parts.services.desktop, windowTitle(), [&] {
         kept = m_tracks.ReOrderTracksAfterDrag();
         if (kept == OrderKept::WithOtherSongs)
             LoadDetailListbox();

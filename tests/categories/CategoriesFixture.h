@@ -64,16 +64,14 @@ protected:
             QStringLiteral("Delete From tblCategoryDesc Where CategoryNumber=%1").arg(category));
     }
 
-    Options options;
+    Options &options = store.options();
     int backups = 0;
     bool backupWorks = true;
     QWidget window;
-    CategoryCommands commands{{.catalogue = store.catalogue(),
+    CategoryCommands commands{{.services = store.services(desktop),
                                .settings = store.settings(),
                                .set = set,
                                .mainScreen = screen,
-                               .desktop = desktop,
-                               .options = options,
                                .beforeBulk =
                                    [this](const QString &) {
                                        ++backups;

@@ -11,13 +11,25 @@ using namespace Qt::StringLiterals;
 namespace quaverly::test {
 
 EditorTest::EditorTest()
-    : commands({desktop, set, screen, store.catalogue(), player, state,
-                [this](std::function<void()> closed) {
-                    form = new NameEdit({desktop, set, screen, store.catalogue(), store.settings(), options,
-                                         player, state, MusicFolder, [this] { return now; }, hooks});
-                    form->showModally(std::move(closed));
-                },
-                [this] { ++listShown; }})
+    : commands({.services = store.services(desktop),
+                .set = set,
+                .mainScreen = screen,
+                .player = player,
+                .state = state,
+                .showNameEdit =
+                    [this](std::function<void()> closed) {
+                        form = new NameEdit({.services = store.services(desktop),
+                                             .set = set,
+                                             .mainScreen = screen,
+                                             .settings = store.settings(),
+                                             .player = player,
+                                             .state = state,
+                                             .LastMusicFolder = LastMusicFolder,
+                                             .now = [this] { return now; },
+                                             .hooks = hooks});
+                        form->showModally(std::move(closed));
+                    },
+                .showNameList = [this] { ++listShown; }})
 {
     QDir().mkpath(music());
 }

@@ -57,12 +57,12 @@ protected:
 
     StoreFixture store;
     ScriptedDesktop desktop;
-    Options options;
+    Options &options = store.options();
     PlayerState player;
     EditorState state;
     DisplayedSet set{store.catalogue(), store.settings(), desktop};
     FakeMainScreen screen{&set};
-    QString MusicFolder;
+    QString LastMusicFolder;
     QDateTime now{QDate(2026, 11, 22), QTime(19, 22, 5), Qt::UTC};
     NameEditHooks hooks;
     QPointer<NameEdit> form;

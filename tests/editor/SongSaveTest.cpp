@@ -59,8 +59,10 @@ protected:
         EXPECT_TRUE(set.Data1().findRecord(sos));
         state.EditMode = true;
         state.RecordSaved = false;
-        return SongSave({desktop, set, store.catalogue(), options, state,
-                         clock ? std::move(clock) : [this] { return now; }});
+        return SongSave({.services = store.services(desktop),
+                         .set = set,
+                         .state = state,
+                         .now = clock ? std::move(clock) : [this] { return now; }});
     }
     SaveOutcome saveAs(SongSave &save, const QString &path, const QString &name, const QString &id = {})
     {
@@ -110,7 +112,7 @@ TEST_F(TheSave, RenamesAndMovesTheFileAndItsTracksOnly)
     press(Qt::Key_Tab);
     desktop.willBrowse(music()).willPassWarning(true);
     press(u"cmdBrowsePath"_s);
-    EXPECT_EQ(MusicFolder, music(u"new/"_s));
+    EXPECT_EQ(LastMusicFolder, music(u"new/"_s));
     press(u"cmdSave"_s);
     reopen();
     EXPECT_EQ(row(), music(u"Save Our Souls.mp3"_s));

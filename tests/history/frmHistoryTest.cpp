@@ -53,8 +53,7 @@ protected:
     ScriptedDesktop desktop;
     DisplayedSet set{store.catalogue(), store.settings(), desktop};
     QStringList told;
-    HistoryCommands commands{{.desktop = desktop,
-                              .catalogue = store.catalogue(),
+    HistoryCommands commands{{.services = store.services(desktop),
                               .set = set,
                               .tell = [this](const QString &sentence) { told.append(sentence); },
                               .showHistory = [this] { open(); }}};

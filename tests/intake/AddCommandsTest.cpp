@@ -37,7 +37,7 @@ TEST_F(IntakeTest, AFolderOrAFileIsAskedForAndAdded)
     EXPECT_EQ(m_mainScreen.playFormUnloads, 1);
     EXPECT_TRUE(m_player.RestartingFolderPlayer);
     EXPECT_EQ(m_mainScreen.gridFocuses, 1);
-    EXPECT_EQ(m_state.MusicFolder, music(u"all/"_s));
+    EXPECT_EQ(m_state.LastMusicFolder, music(u"all/"_s));
 
     m_desktop.willOpen(std::nullopt);
     m_commands->AddOneMusicFile_Click();

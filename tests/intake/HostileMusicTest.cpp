@@ -118,7 +118,7 @@ TEST_F(IntakeTest, AFolderSpeltOtherwiseIsTheSameFolder)
         m_desktop.willSee(u"Number of songs added to database: 0\r"_s);
         m_loader->LoadMusicFiles(music(QString::fromUtf16(spelt)), {});
     }
-    EXPECT_EQ(m_state.MusicFolder, music(u"a/b/"_s));
+    EXPECT_EQ(m_state.LastMusicFolder, music(u"a/b/"_s));
 }
 
 TEST_F(IntakeTest, WithoutACatalogueTheScanStillEnds)

@@ -25,16 +25,15 @@ void IntakeTest::useShell(std::unique_ptr<shell::Shell> shell)
                           [] {
                               return QDateTime({2026, 11, 22}, {19, 22}, Qt::UTC);
                           }};
-    m_loader = std::make_unique<MusicLoader>(
-        IntakeParts{m_desktop,
-                    m_mainScreen,
-                    *m_shell,
-                    m_store.catalogue(),
-                    m_state,
-                    *m_forms,
-                    clock,
-                    {m_store.path(u"state/report.txt"_s), m_store.path(u"other/report.txt"_s)},
-                    [] { return std::optional<QString>(); }});
+    m_loader = std::make_unique<MusicLoader>(IntakeParts{
+        .services = m_store.services(m_desktop),
+        .mainScreen = m_mainScreen,
+        .shell = *m_shell,
+        .state = m_state,
+        .screens = *m_forms,
+        .clock = clock,
+        .reportPlaces = {m_store.path(u"state/report.txt"_s), m_store.path(u"other/report.txt"_s)},
+        .currentArtist = [] { return std::optional<QString>(); }});
     m_commands = std::make_unique<AddCommands>(m_desktop, m_mainScreen, m_player, m_state, *m_loader,
                                                [this] { m_forms->showScanDriveForm(*m_loader); });
 }

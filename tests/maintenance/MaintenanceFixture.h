@@ -52,17 +52,15 @@ public:
     bool isOpen() const { return form && form->isVisible(); }
 
     QPointer<QDialog> form;
-    Options options;
+    Options &options = store.options();
     int backups = 0;
     bool backupWorks = true;
     /** What the user does meanwhile. */
     std::function<void()> duringBackup = [] {};
     bool busy = false;
-    MaintenanceParts parts{.catalogue = store.catalogue(),
+    MaintenanceParts parts{.services = store.services(desktop),
                            .set = set,
                            .mainScreen = screen,
-                           .desktop = desktop,
-                           .options = options,
                            .busy = busy,
                            .beforeBulk = [this](const QString &) {
                                ++backups;

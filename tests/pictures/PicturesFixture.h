@@ -109,7 +109,7 @@ protected:
 
     StoreFixture m_store;
     ScriptedDesktop m_desktop;
-    Options m_options;
+    Options &m_options = m_store.options();
     DisplayedSet m_set{m_store.catalogue(), m_store.settings(), m_desktop};
     QWidget m_nameEdit;
     QMap<QString, QString> m_texts;
@@ -117,10 +117,8 @@ protected:
     bool m_pictureChanged = false;
     bool m_recordDirty = false;
     int m_focused = 0;
-    PictureCommands m_commands{{.desktop = m_desktop,
-                                .catalogue = m_store.catalogue(),
+    PictureCommands m_commands{{.services = m_store.services(m_desktop),
                                 .set = m_set,
-                                .options = m_options,
                                 .nameList = &m_nameEdit,
                                 .focusCmdPictures = [this] { ++m_focused; }}};
     PictureHousekeeping m_housekeeping{m_desktop, m_store.catalogue()};

@@ -226,17 +226,15 @@ TEST_F(ThePlayCommands, TellOfAFolderWithoutMusic)
 TEST_F(ThePlayCommands, FindTheExtensionThatTheShellHides)
 {
     m_shell = shell::makeShell({.hideFileExt = true});
-    PlayCommands commands({m_desktop,
-                           m_forms,
-                           m_state,
-                           m_options,
-                           m_store.catalogue(),
-                           m_data,
-                           *m_shell,
-                           m_lastMusicFolder,
-                           {},
-                           {},
-                           {}});
+    PlayCommands commands({.services = m_store.services(m_desktop),
+                           .player = m_forms,
+                           .state = m_state,
+                           .displayed = m_data,
+                           .shell = *m_shell,
+                           .LastMusicFolder = m_lastMusicFolder,
+                           .gatherFolders = {},
+                           .showPlayLists = {},
+                           .showSongAdded = {}});
     for (const char16_t *name : {u"a.mp3", u"b.flac", u"c.txt", u"d.ogg", u"e.wma"})
         write(QString::fromUtf16(name));
     m_desktop.willBrowse(music());

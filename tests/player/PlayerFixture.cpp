@@ -40,21 +40,31 @@ void SteppedEngine::finish()
 }
 
 PlayerTest::PlayerTest()
-    : m_forms({m_desktop, m_state, m_options, m_optionsStore, m_store.catalogue(), m_data,
-               [this] { return makeMediaPlayer(); }, [this] { return m_lastScreen; }, [this] { ++m_ends; },
-               [this] { return m_random; }}),
-      m_commands({m_desktop, m_forms, m_state, m_options, m_store.catalogue(), m_data, *m_shell,
-                  m_lastMusicFolder,
-                  [this](const QString &root) {
-                      m_gathered.prepend(root);
-                      return m_gathered;
-                  },
-                  [this](const std::function<void()> &closed) {
-                      EXPECT_TRUE(m_state.AddingFromGrid);
-                      ++m_playListScreens;
-                      closed();
-                  },
-                  [this] { ++m_songsAdded; }})
+    : m_forms({.services = m_store.services(m_desktop),
+               .state = m_state,
+               .displayed = m_data,
+               .makeMediaPlayer = [this] { return makeMediaPlayer(); },
+               .isLastScreen = [this] { return m_lastScreen; },
+               .endProgram = [this] { ++m_ends; },
+               .random = [this] { return m_random; }}),
+      m_commands({.services = m_store.services(m_desktop),
+                  .player = m_forms,
+                  .state = m_state,
+                  .displayed = m_data,
+                  .shell = *m_shell,
+                  .LastMusicFolder = m_lastMusicFolder,
+                  .gatherFolders =
+                      [this](const QString &root) {
+                          m_gathered.prepend(root);
+                          return m_gathered;
+                      },
+                  .showPlayLists =
+                      [this](const std::function<void()> &closed) {
+                          EXPECT_TRUE(m_state.AddingFromGrid);
+                          ++m_playListScreens;
+                          closed();
+                      },
+                  .showSongAdded = [this] { ++m_songsAdded; }})
 {
     QDir().mkpath(music());
     m_options.WindowsVersionMajor = 6;

@@ -86,8 +86,8 @@ protected:
 
     StoreFixture m_store;
     ScriptedDesktop m_desktop;
-    Options m_options;
-    OptionsStore m_optionsStore{m_store.path(QStringLiteral("options.ini"))};
+    Options &m_options = m_store.options();
+    OptionsStore &m_optionsStore = m_store.optionsStore();
     PlayerState m_state;
     DataControl m_data{m_store.catalogue()};
     std::unique_ptr<shell::Shell> m_shell = shell::makeShell();

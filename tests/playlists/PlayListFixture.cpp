@@ -11,22 +11,20 @@ using namespace Qt::StringLiterals;
 namespace quaverly::test {
 
 PlayListTest::PlayListTest()
-    : m_screens({m_desktop,
-                 m_player,
-                 m_state,
-                 m_options,
-                 m_optionsStore,
-                 m_store.catalogue(),
-                 m_displayed,
-                 m_musicFolder,
-                 m_playListFolder,
-                 [this] { return makeMediaPlayer(); },
-                 {},
-                 [this](PlayListReportKind kind, const PlayListName &list) {
-                     const bool isShort = kind == PlayListReportKind::Detail;
-                     m_reports += (isShort ? u"Detail "_s : u"DetailWithFileNames "_s) + list.ListName;
-                 },
-                 {}},
+    : m_screens({.services = m_store.services(m_desktop),
+                 .player = m_player,
+                 .state = m_state,
+                 .displayed = m_displayed,
+                 .LastMusicFolder = m_musicFolder,
+                 .LastPlayListFolder = m_playListFolder,
+                 .makeMediaPlayer = [this] { return makeMediaPlayer(); },
+                 .populateReport = {},
+                 .RunPlayListReport =
+                     [this](PlayListReportKind kind, const PlayListName &list) {
+                         const bool isShort = kind == PlayListReportKind::Detail;
+                         m_reports += (isShort ? u"Detail "_s : u"DetailWithFileNames "_s) + list.ListName;
+                     },
+                 .showChangeFileNamePath = {}},
                 [this] { return &m_owner; })
 {
     m_displayed.setScreen(&m_mainScreen);

@@ -74,8 +74,8 @@ protected:
 
     StoreFixture m_store;
     ScriptedDesktop m_desktop;
-    Options m_options;
-    OptionsStore m_optionsStore{m_store.path(QStringLiteral("options.ini"))};
+    Options &m_options = m_store.options();
+    OptionsStore &m_optionsStore = m_store.optionsStore();
     PlayerState m_state;
     DisplayedSet m_displayed{m_store.catalogue(), m_store.settings(), m_desktop};
     FakeMainScreen m_mainScreen{&m_displayed};

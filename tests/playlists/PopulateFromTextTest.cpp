@@ -79,8 +79,12 @@ protected:
     QString lastMusicFolder = store.path(u"music"_s);
     qint64 list = 0;
     int files = 0, loads = 0;
-    PopulateFromText commands{{desktop, store.catalogue(), lists, state, lastMusicFolder,
-                               store.path(u"state/populate.txt"_s), [this] { ++loads; }}};
+    PopulateFromText commands{{.services = store.services(desktop),
+                               .lists = lists,
+                               .state = state,
+                               .LastMusicFolder = lastMusicFolder,
+                               .reportPath = store.path(u"state/populate.txt"_s),
+                               .LoadDetailListbox = [this] { ++loads; }}};
 };
 
 TEST_F(Populate, AddsTheSongsOfALineInEitherOrder)

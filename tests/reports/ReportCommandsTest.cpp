@@ -56,8 +56,8 @@ protected:
         click(form(), u"cmdSave"_s);
     }
 
-    Options m_options;
-    OptionsStore m_optionsStore{store.path(u"options.ini"_s)};
+    Options &m_options = store.options();
+    OptionsStore &m_optionsStore = store.optionsStore();
     ReportState m_state;
     RichTextForms m_forms{desktop, m_options, m_state};
     ReportCommands m_commands{desktop, set, store.catalogue(), m_options, m_optionsStore, m_forms};

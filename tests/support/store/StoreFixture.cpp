@@ -25,7 +25,8 @@ Song &Song::file(const QString &pathName, const QString &fileName)
     return with(u"PathName"_s, pathName).with(u"FileName"_s, fileName);
 }
 
-StoreFixture::StoreFixture() : m_engine(catalogueSchema()), m_settings(m_catalogue)
+StoreFixture::StoreFixture()
+    : m_engine(catalogueSchema()), m_settings(m_catalogue), m_optionsStore(path(u"options.ini"_s))
 {
     m_catalogue.DatabaseFolder = folder();
     m_catalogue.DatabaseFile = path(QString::fromUtf16(CatalogueFileName));

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/Options.h"
+#include "catalogue/Services.h"
 #include "catalogue/SettingsRows.h"
+#include "platform/options/OptionsStore.h"
 #include "support/QtPrinters.h"
 
 #include <QMap>
@@ -40,6 +43,12 @@ public:
     [[nodiscard]] dao::Database &db() { return *m_catalogue.CatalogueDb; }
     [[nodiscard]] dao::DBEngine &engine() { return m_engine; }
     [[nodiscard]] SettingsRows &settings() { return m_settings; }
+    [[nodiscard]] Options &options() { return m_options; }
+    [[nodiscard]] OptionsStore &optionsStore() { return m_optionsStore; }
+    [[nodiscard]] Services services(Desktop &desktop)
+    {
+        return {desktop, m_catalogue, m_options, m_optionsStore};
+    }
 
     void open();
     void close();
@@ -67,6 +76,8 @@ private:
     dao::DBEngine m_engine;
     Catalogue m_catalogue;
     SettingsRows m_settings;
+    Options m_options;
+    OptionsStore m_optionsStore;
 };
 
 } // namespace quaverly::test

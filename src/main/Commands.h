@@ -21,8 +21,8 @@ namespace quaverly {
 
 class Session;
 
-/** What the spokes need of the program that is not in the session. */
-struct SpokeHooks
+/** What the commands need of the program that is not in the session. */
+struct CommandHooks
 {
     /** The player of the run. */
     Player &player;
@@ -41,11 +41,11 @@ struct SpokeHooks
  * The commands of the folders around the main screen, each made with what it needs of the session. They
  * live as long as the main screen.
  */
-class Spokes final
+class Commands final
 {
 public:
     /** @p session outlives this object. */
-    Spokes(Session &session, const SpokeHooks &hooks);
+    Commands(Session &session, const CommandHooks &hooks);
 
     /** True while a command lets events run: the main screen may not go before that has ended. */
     [[nodiscard]] bool isBusy() const { return m_busy; }
@@ -67,7 +67,7 @@ private:
     template <typename Screen> void showMaintenance();
 
     Session &m_session;
-    SpokeHooks m_hooks;
+    CommandHooks m_hooks;
     WebLookup m_webLookup;
     ReportState m_reportState;
     bool m_busy = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "main/Spokes.h"
+#include "main/Commands.h"
 
 #include "desktop/Guard.h"
 #include "history/frmHistory.h"
@@ -35,14 +35,12 @@ LookupSong lookupSong(const NameEdit &editor)
 
 } // namespace
 
-Spokes::Spokes(Session &session, const SpokeHooks &hooks)
+Commands::Commands(Session &session, const CommandHooks &hooks)
     : m_session(session), m_hooks(hooks), m_webLookup(session.desktop(), session.optionsStore()),
-      categories({.catalogue = session.catalogue(),
+      categories({.services = session.services(),
                   .settings = session.settings(),
                   .set = session.displayedSet(),
                   .mainScreen = hooks.mainScreen,
-                  .desktop = session.desktop(),
-                  .options = session.options(),
                   .beforeBulk = hooks.beforeBulk},
                  hooks.owner),
       viewer(session.desktop(), session.options(), m_reportState),
@@ -50,10 +48,8 @@ Spokes::Spokes(Session &session, const SpokeHooks &hooks)
               session.optionsStore(), viewer),
       playListReports(session.desktop(), session.catalogue(), viewer),
       csv(session.desktop(), session.displayedSet().Data1(), session.catalogue()),
-      pictures({.desktop = session.desktop(),
-                .catalogue = session.catalogue(),
+      pictures({.services = session.services(),
                 .set = session.displayedSet(),
-                .options = session.options(),
                 .nameList = &hooks.owner,
                 .focusCmdPictures = hooks.focusCmdPictures}),
       playLists(playListParts(), [this] { return &m_hooks.owner; }), edit(editParts()),
@@ -61,74 +57,70 @@ Spokes::Spokes(Session &session, const SpokeHooks &hooks)
           maintenanceParts(), [this] { showMaintenance<frmReplace>(); },
           [this] { showMaintenance<frmChangeFilePath>(); }),
       duplicates(maintenanceParts()), fileCopy(maintenanceParts(), session.copyFolder()),
-      history({.desktop = session.desktop(),
-               .catalogue = session.catalogue(),
+      history({.services = session.services(),
                .set = session.displayedSet(),
                .tell = hooks.tell,
                .showHistory = [this] { showHistory(); }})
 {}
 
-void Spokes::showHistory()
+void Commands::showHistory()
 {
     (new frmHistory(m_session.desktop(), *m_session.catalogue().CatalogueDb, history, &m_hooks.owner))
         ->showModally();
 }
 
-void Spokes::unload()
+void Commands::unload()
 {
     pictures.unloadPics3();
     viewer.unload();
 }
 
-MaintenanceParts Spokes::maintenanceParts()
+MaintenanceParts Commands::maintenanceParts()
 {
-    return {.catalogue = m_session.catalogue(),
+    return {.services = m_session.services(),
             .set = m_session.displayedSet(),
             .mainScreen = m_hooks.mainScreen,
-            .desktop = m_session.desktop(),
-            .options = m_session.options(),
             .busy = m_busy,
             .beforeBulk = m_hooks.beforeBulk};
 }
 
-template <typename Screen> void Spokes::showMaintenance()
+template <typename Screen> void Commands::showMaintenance()
 {
     (new Screen(maintenanceParts(), &m_hooks.owner))->showModally();
 }
 
-PlayListParts Spokes::playListParts()
+PlayListParts Commands::playListParts()
 {
-    return {
-        m_session.desktop(),
-        m_hooks.player,
-        m_session.player(),
-        m_session.options(),
-        m_session.optionsStore(),
-        m_session.catalogue(),
-        m_session.displayedSet(),
-        m_session.intake().MusicFolder,
-        m_session.lastPlayListFolder(),
-        [this] { return m_session.media().makeMediaPlayer(); },
-        folders::state() + u"populate-report.txt"_s,
-        [this](PlayListReportKind kind, const PlayListName &list) {
-            playListReports.RunPlayListReport(kind, list.ListName);
-        },
-        [this](QWidget *owner) { (new frmChangeFileNamePath(maintenanceParts(), owner))->showModally(); }};
+    return {.services = m_session.services(),
+            .player = m_hooks.player,
+            .state = m_session.player(),
+            .displayed = m_session.displayedSet(),
+            .LastMusicFolder = m_session.intake().LastMusicFolder,
+            .LastPlayListFolder = m_session.lastPlayListFolder(),
+            .makeMediaPlayer = [this] { return m_session.media().makeMediaPlayer(); },
+            .populateReport = folders::state() + u"populate-report.txt"_s,
+            .RunPlayListReport =
+                [this](PlayListReportKind kind, const PlayListName &list) {
+                    playListReports.RunPlayListReport(kind, list.ListName);
+                },
+            .showChangeFileNamePath =
+                [this](QWidget *owner) {
+                    (new frmChangeFileNamePath(maintenanceParts(), owner))->showModally();
+                }};
 }
 
-EditParts Spokes::editParts()
+EditParts Commands::editParts()
 {
-    return {m_session.desktop(),
-            m_session.displayedSet(),
-            m_hooks.mainScreen,
-            m_session.catalogue(),
-            m_session.player(),
-            m_session.editor(),
-            [this](const std::function<void()> &closed) { showNameEdit(closed); },
-            [this] { m_hooks.owner.show(); }};
+    return {.services = m_session.services(),
+            .set = m_session.displayedSet(),
+            .mainScreen = m_hooks.mainScreen,
+            .player = m_session.player(),
+            .state = m_session.editor(),
+            .showNameEdit = [this](const std::function<void()> &closed) { showNameEdit(closed); },
+            .showNameList = [this] { m_hooks.owner.show(); }};
 }
 
-NameEditHooks Spokes::nameEditHooks()
+NameEditHooks Commands::nameEditHooks()
 {
     NameEditHooks hooks;
     hooks.playFromEditor = m_hooks.playFromEditor;
@@ -150,7 +142,7 @@ NameEditHooks Spokes::nameEditHooks()
     return hooks;
 }
 
-void Spokes::showWebLookupMenu(NameEdit &editor, QPoint place)
+void Commands::showWebLookupMenu(NameEdit &editor, QPoint place)
 {
     auto *menu = new QMenu(&editor);
     menu->setObjectName(u"mnuWebLookup"_s);
@@ -165,19 +157,24 @@ void Spokes::showWebLookupMenu(NameEdit &editor, QPoint place)
     menu->popup(place);
 }
 
-void Spokes::showNameEdit(const std::function<void()> &closed)
+void Commands::showNameEdit(const std::function<void()> &closed)
 {
-    auto editor = std::make_unique<NameEdit>(
-        NameEditParts{m_session.desktop(), m_session.displayedSet(), m_hooks.mainScreen,
-                      m_session.catalogue(), m_session.settings(), m_session.options(), m_session.player(),
-                      m_session.editor(), m_session.intake().MusicFolder, &QDateTime::currentDateTime,
-                      nameEditHooks()},
-        &m_hooks.owner);
+    auto editor =
+        std::make_unique<NameEdit>(NameEditParts{.services = m_session.services(),
+                                                 .set = m_session.displayedSet(),
+                                                 .mainScreen = m_hooks.mainScreen,
+                                                 .settings = m_session.settings(),
+                                                 .player = m_session.player(),
+                                                 .state = m_session.editor(),
+                                                 .LastMusicFolder = m_session.intake().LastMusicFolder,
+                                                 .now = &QDateTime::currentDateTime,
+                                                 .hooks = nameEditHooks()},
+                                   &m_hooks.owner);
     editor.release()->showModally(closed);
 }
 
-void Spokes::showNotesForm(QWidget &owner, const QString &notes,
-                           const std::function<void(const QString &)> &closed)
+void Commands::showNotesForm(QWidget &owner, const QString &notes,
+                             const std::function<void(const QString &)> &closed)
 {
     auto *form = new NotesForm(
         notes, m_session.desktop(), m_session.options(), m_session.optionsStore(),
@@ -186,7 +183,7 @@ void Spokes::showNotesForm(QWidget &owner, const QString &notes,
     form->open();
 }
 
-void Spokes::cmdNotes_Click()
+void Commands::cmdNotes_Click()
 {
     static_cast<void>(guarded(m_session.desktop(), u"Notes"_s, [this] {
         const Catalogue &catalogue = m_session.catalogue();
