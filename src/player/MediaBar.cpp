@@ -173,6 +173,12 @@ void MediaBar::sldVolume_Change(int percent)
     m_player->settings().setVolume(percent);
 }
 
+void MediaBar::seekBy(double seconds)
+{
+    if (m_player)
+        m_player->controls().setCurrentPosition(m_player->controls().currentPosition() + seconds);
+}
+
 bool MediaBar::pressMediaKey(int key)
 {
     if (!m_player)

@@ -32,6 +32,8 @@ public:
 
     /** Obeys a key of the keyboard's media row; false for any other key. */
     bool pressMediaKey(int key);
+    /** Forwards or, below 0, back; not beyond either end. */
+    void seekBy(double seconds);
 
 private:
     void wire();

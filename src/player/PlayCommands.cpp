@@ -207,6 +207,8 @@ void PlayCommands::playFolder()
         tellNoSongsInFolder();
         return;
     }
+    // A folder is no play list that something could be deleted from.
+    request.cmdDelete = false;
     // The screen is up before the title becomes the folder.
     request.caption = u"All Songs in Folder"_s;
     request.CurrentPlayTitle = folder;
@@ -244,6 +246,7 @@ void PlayCommands::playFolderAndSubfolders()
         return;
     }
     request.songs.setListIndex(0);
+    request.cmdDelete = false;
     request.caption = request.CurrentPlayTitle = root;
     playList(std::move(request));
 }

@@ -46,6 +46,7 @@ PlayForm::PlayForm(PlayFormParts parts, QWidget *parent)
     m_ui->lbSongURL->setModel(m_urls);
     m_ui->WindowsMediaPlayer1->setPlayer(m_media.get());
     m_playLists = std::make_unique<AddToPlayListBox>(*m_ui->cmbHeader, *m_ui->txtSongAddedToPlaylist);
+    m_keys = std::make_unique<PlayerKeys>(*this, *m_ui->WindowsMediaPlayer1, m_ui->lbSongs);
     wire();
     wireMedia();
     listenToDesktop();
@@ -88,7 +89,11 @@ void PlayForm::listenToDesktop()
                           // The call itself must have come back before its objects go.
                           [this, later] { later([this] { close(); }); },
                           [this](bool on) { m_ui->cbLoop->setChecked(on); },
-                          [this](bool on) { m_ui->cbShuffle->setChecked(on); },
+                          [this](bool on) {
+                              // Of one song there is nothing to shuffle.
+                              m_ui->cbShuffle->setVisible(m_queue.count() > 1);
+                              m_ui->cbShuffle->setChecked(on && m_queue.count() > 1);
+                          },
                           [names] { return names().SongName; }, [names] { return names().Artist; }});
     m_mpris = std::make_unique<media::Mpris>(*m_remote);
 }
@@ -112,6 +117,7 @@ void PlayForm::Form_Load()
     const int row = songRowHeight(*this, m_parts.services.options.TabletActive);
     m_songs->setRowHeight(row);
     m_ui->lbSongs->setMinimumHeight(LeastRows * row);
+    m_ui->WindowsMediaPlayer1->setFocus();
 }
 
 void PlayForm::loadPlayLists()
@@ -139,7 +145,7 @@ void PlayForm::showPlayLists()
 
 void PlayForm::fill(const PlayRequest &request)
 {
-    m_queue = request.songs;
+    m_queue = m_walked = request.songs;
     m_ui->cbPlayNext->setVisible(request.cbPlayNext);
     m_ui->cbPlayRandom->setVisible(request.cbPlayRandom);
     m_ui->cbShuffle->setVisible(request.cbShuffle);
@@ -184,18 +190,20 @@ void PlayForm::showCurrentSong()
 
 void PlayForm::cbPlayNext_Click(bool checked)
 {
-    if (!checked)
-        return;
-    m_ui->cbLoop->setChecked(false);
-    m_ui->cbPlayRandom->setChecked(false);
+    if (checked) {
+        m_ui->cbLoop->setChecked(false);
+        m_ui->cbPlayRandom->setChecked(false);
+    }
+    planFollowing();
 }
 
 void PlayForm::cbPlayRandom_Click(bool checked)
 {
-    if (!checked)
-        return;
-    m_ui->cbLoop->setChecked(false);
-    m_ui->cbPlayNext->setChecked(false);
+    if (checked) {
+        m_ui->cbLoop->setChecked(false);
+        m_ui->cbPlayNext->setChecked(false);
+    }
+    planFollowing();
 }
 
 void PlayForm::cbLoop_Click(bool checked)
@@ -270,8 +278,7 @@ void PlayForm::cmdLyrics_Click()
 
 void PlayForm::keyPressEvent(QKeyEvent *event)
 {
-    const int key = event->key() == Qt::Key_Space ? Qt::Key_MediaTogglePlayPause : event->key();
-    if (!m_ui->WindowsMediaPlayer1->pressMediaKey(key))
+    if (!m_ui->WindowsMediaPlayer1->pressMediaKey(event->key()))
         QMainWindow::keyPressEvent(event);
 }
 

@@ -4,6 +4,7 @@
 #include "catalogue/Services.h"
 #include "player/AddToPlayListBox.h"
 #include "player/NextSong.h"
+#include "player/PlayerKeys.h"
 #include "player/PlayerRules.h"
 
 #include <QMainWindow>
@@ -96,13 +97,18 @@ private:
     void passOverDuplicates();
     void PlayNextRandom(NextMode mode);
     void playNextSong(const NextSongFile &song);
+    /** Has the control go on with the song that the boxes ask for, or with none. */
+    void planFollowing();
+    [[nodiscard]] QString followingFile();
+    /** The control went on to, or back to, a song that was planned. */
+    void followOneFile();
+    void showOneSong(const QString &row, const QString &path);
     [[nodiscard]] PlayerChecks checks() const;
 
     /** Both list boxes; -1 for no row. */
     void selectRow(int row);
     void showQueue();
     void showCurrentSong();
-    void focusControl();
     void showSkipped(const QString &sourceURL, const QString &sentence);
     void showNote(const QString &sentence);
 
@@ -111,12 +117,15 @@ private:
     PlayListStore m_lists;
     AddToPlayList m_addToPlayList;
     std::unique_ptr<AddToPlayListBox> m_playLists;
+    std::unique_ptr<PlayerKeys> m_keys;
     /** Null once unloaded. */
     std::unique_ptr<media::MediaPlayer> m_media;
     /** Media keys and the desktop's player widget. */
     std::unique_ptr<media::PlayerRemote> m_remote;
     std::unique_ptr<media::Mpris> m_mpris;
     SongQueue m_queue;
+    /** The songs that were played one by one, and the one that is planned. */
+    SongQueue m_walked;
     SongListModel *m_songs;
     SongListModel *m_urls;
     /** Null in a run that has no catalogue. */

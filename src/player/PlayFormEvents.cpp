@@ -45,6 +45,9 @@ void PlayForm::WindowsMediaPlayer1_PlayStateChange(int NewState)
         change.ListIndex = m_queue.ListIndex();
         change.endsProgram = !m_parts.state.RestartingPlayer && m_parts.isLastScreen();
         obey(decideStateChange(change));
+        const bool goesOn = change.checks.cbPlayNext || change.checks.cbPlayRandom;
+        if (NewState == media::Playing && !(goesOn && m_media->controls().hasNext()))
+            planFollowing();
     });
 }
 
@@ -77,8 +80,6 @@ void PlayForm::followList(const StateFollow &steps)
 {
     if (steps.play)
         m_media->controls().play();
-    if (steps.focusControl)
-        focusControl();
     if (steps.advance)
         selectRow(m_queue.ListIndex() + 1);
     if (steps.skipDuplicates)
@@ -98,22 +99,15 @@ void PlayForm::passOverDuplicates()
 void PlayForm::WindowsMediaPlayer1_CurrentItemChange()
 {
     quietly([this] {
+        followOneFile();
         ItemChange change;
         change.playState = m_media->playState();
         change.Url = m_media->currentMedia().sourceURL;
         change.itemName = m_media->controls().currentItem().name;
         change.cbLoop = m_ui->cbLoop->isChecked();
         change.cbShuffle = m_ui->cbShuffle->isChecked();
-        const ItemDecision decision = decideItemChange(change, m_queue);
-        selectRow(decision.row);
-        if (decision.focusControl && m_queue.hasSelection())
-            focusControl();
+        selectRow(decideItemChange(change, m_queue));
     });
-}
-
-void PlayForm::focusControl()
-{
-    m_ui->WindowsMediaPlayer1->setFocus();
 }
 
 void PlayForm::lbSongs_Click(int row)
@@ -129,7 +123,6 @@ void PlayForm::lbSongs_Click(int row)
                     controls.setCurrentItem(m_media->currentPlaylist().Item(row));
                 controls.play();
                 controls.setCurrentItem(m_media->currentPlaylist().Item(row));
-                focusControl();
             },
             {nullptr, Icon::None});
 }
@@ -137,8 +130,11 @@ void PlayForm::lbSongs_Click(int row)
 void PlayForm::PlayNextRandom(NextMode mode)
 {
     guarded(m_parts.services.desktop, u"Error in PlayNextRandom routine"_s, [this, mode] {
-        if (!m_nextSong)
+        // What was planned comes by itself, if it is still there.
+        const QString planned = m_walked.url(m_walked.count() - 1);
+        if (!m_nextSong || (m_media->controls().hasNext() && FileExists(planned)))
             return;
+        m_media->controls().setFollowing({});
         if (const auto song = m_nextSong->find(mode, m_parts.state.CurrentPlayUrl))
             playNextSong(*song);
     });
@@ -152,13 +148,49 @@ void PlayForm::playNextSong(const NextSongFile &song)
         close();
         return;
     }
-    m_parts.state.CurrentPlayUrl = path;
-    m_parts.state.CurrentPlayTitle = song.FileName;
-    m_queue.clear();
-    m_queue.add(songRow(song.SongName, song.Artist), path);
-    showQueue();
-    setWindowTitle(song.FileName);
+    const QString row = songRow(song.SongName, song.Artist);
+    m_walked.add(row, path);
+    showOneSong(row, path);
     m_media->setURL(path);
+}
+
+void PlayForm::showOneSong(const QString &row, const QString &path)
+{
+    const QString fileName = fileNameOf(path);
+    m_parts.state.CurrentPlayUrl = path;
+    m_parts.state.CurrentPlayTitle = fileName;
+    m_queue.clear();
+    m_queue.add(row, path);
+    showQueue();
+    setWindowTitle(fileName);
+}
+
+void PlayForm::planFollowing()
+{
+    quietly([this] { m_media->controls().setFollowing(followingFile()); });
+}
+
+QString PlayForm::followingFile()
+{
+    const PlayerChecks now = checks();
+    const QString &current = m_parts.state.CurrentPlayUrl;
+    if (!m_nextSong || !isOneFile(current) || !(now.cbPlayNext || now.cbPlayRandom))
+        return {};
+    const auto song = m_nextSong->find(now.cbPlayRandom ? NextMode::Random : NextMode::Next, current);
+    QString path = song ? song->PathName + song->FileName : QString();
+    // One that isn't there is told of when its turn has come.
+    if (!song || song->FileName.isEmpty() || !FileExists(path))
+        return {};
+    m_walked.add(songRow(song->SongName, song->Artist), path);
+    return path;
+}
+
+void PlayForm::followOneFile()
+{
+    const QString url = m_media->currentMedia().sourceURL;
+    const qsizetype row = m_walked.urls().lastIndexOf(url);
+    if (isOneFile(m_parts.state.CurrentPlayUrl) && url != m_parts.state.CurrentPlayUrl && row >= 0)
+        showOneSong(m_walked.song(static_cast<int>(row)), url);
 }
 
 void PlayForm::showSkipped(const QString & /*sourceURL*/, const QString &sentence)

@@ -7,16 +7,10 @@ namespace quaverly {
 
 namespace {
 
-bool isOneFile(const QString &url)
-{
-    return !url.contains(QString::fromUtf16(TemporaryListItem), Qt::CaseInsensitive);
-}
-
 StateFollow follow(const StateChange &change)
 {
     StateFollow steps;
     steps.play = change.checks.cbSkipDups && change.playState == media::Stopped;
-    steps.focusControl = change.ListIndex >= 0;
     steps.advance = change.NewState == media::MediaEnded && change.ListIndex < change.songs - 1;
     steps.skipDuplicates = steps.advance && change.checks.cbSkipDups;
     return steps;
@@ -53,6 +47,11 @@ int rowInOrder(const ItemChange &change, const SongQueue &queue)
 
 } // namespace
 
+bool isOneFile(const QString &url)
+{
+    return !url.contains(QString::fromUtf16(TemporaryListItem), Qt::CaseInsensitive);
+}
+
 StateDecision decideStateChange(const StateChange &change)
 {
     const PlayerChecks &checks = change.checks;
@@ -85,21 +84,21 @@ DuplicateSkip skipDuplicates(const SongQueue &queue)
     return skip;
 }
 
-ItemDecision decideItemChange(const ItemChange &change, const SongQueue &queue)
+int decideItemChange(const ItemChange &change, const SongQueue &queue)
 {
     const int here = queue.ListIndex();
     const bool isFirst = isSameText(queue.url(0), change.Url);
     if (isFirst && ((change.playState == media::Ready && here != 0) || here == -1))
-        return {0, false};
+        return 0;
     // "Previous" on the last song is no wrap.
     if (change.cbLoop && queue.isLastSelected() && change.playState == media::Transitioning &&
         (isFirst || queue.rowOf(change.Url) == -1))
-        return {0, false};
+        return 0;
     if (here == -1)
-        return {-1};
+        return -1;
     if (change.cbShuffle)
-        return {isSameText(queue.url(here), change.Url) ? here : queue.rowOf(change.Url)};
-    return {rowInOrder(change, queue)};
+        return isSameText(queue.url(here), change.Url) ? here : queue.rowOf(change.Url);
+    return rowInOrder(change, queue);
 }
 
 } // namespace quaverly

@@ -52,7 +52,6 @@ enum class StateStep {
 struct StateFollow
 {
     bool play = false;
-    bool focusControl = false;
     /** Select the row that follows, and then pass over duplicates if so checked. */
     bool advance = false;
     bool skipDuplicates = false;
@@ -67,6 +66,9 @@ struct StateDecision
 
     bool operator==(const StateDecision &) const = default;
 };
+
+/** @p url is no list file: one song plays at a time. */
+[[nodiscard]] bool isOneFile(const QString &url);
 
 [[nodiscard]] StateDecision decideStateChange(const StateChange &change);
 
@@ -96,16 +98,7 @@ struct ItemChange
     bool cbShuffle = false;
 };
 
-struct ItemDecision
-{
-    /** The row to select, the selected one where it stays; -1 for none. */
-    int row = -1;
-    /** The control gets the focus, if a row is selected. */
-    bool focusControl = true;
-
-    bool operator==(const ItemDecision &) const = default;
-};
-
-[[nodiscard]] ItemDecision decideItemChange(const ItemChange &change, const SongQueue &queue);
+/** The row to select, the selected one where it stays; -1 for none. */
+[[nodiscard]] int decideItemChange(const ItemChange &change, const SongQueue &queue);
 
 } // namespace quaverly

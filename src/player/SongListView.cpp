@@ -25,6 +25,18 @@ SongListView::SongListView(QWidget *parent) : QListView(parent)
             [this](const QModelIndex &index) { Q_EMIT rowChosen(index.row()); });
 }
 
+bool SongListView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+            event->accept();
+            return true;
+        }
+    }
+    return QListView::event(event);
+}
+
 void SongListView::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Space) {

@@ -18,6 +18,8 @@ Q_SIGNALS:
     void rowChosen(int row);
 
 protected:
+    /** The arrow keys walk here, whatever they do in the window around. */
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     /** A text that is cut shows as a whole. */
     bool viewportEvent(QEvent *event) override;

@@ -5,6 +5,8 @@
 #include "desktop/Guard.h"
 #include "desktop/ScreenLook.h"
 #include "platform/media/Media.h"
+#include "platform/media/Mpris.h"
+#include "player/PlayerKeys.h"
 #include "player/PlayerSettings.h"
 #include "ui_frmPlay.h"
 
@@ -35,6 +37,19 @@ void frmPlay::wire()
 {
     connect(m_media.get(), &media::MediaPlayer::PlayStateChange, this, &frmPlay::WMPlayer_PlayStateChange);
     connect(m_media.get(), &media::MediaPlayer::mediaError, this, &frmPlay::showNote);
+    m_keys = std::make_unique<PlayerKeys>(*this, *m_ui->WMPlayer, nullptr);
+    media::RemoteHost host;
+    host.raise = [this] {
+        raise();
+        activateWindow();
+    };
+    // The call itself must have come back before its objects go.
+    host.quit = [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { reject(); }, Qt::QueuedConnection);
+    };
+    m_remote = std::make_unique<media::PlayerRemote>(*m_media, std::move(host));
+    m_mpris = std::make_unique<media::Mpris>(*m_remote);
 }
 
 void frmPlay::Form_Load()
@@ -71,8 +86,7 @@ void frmPlay::showNote(const QString &sentence)
 
 void frmPlay::keyPressEvent(QKeyEvent *event)
 {
-    const int key = event->key() == Qt::Key_Space ? Qt::Key_MediaTogglePlayPause : event->key();
-    if (!m_ui->WMPlayer->pressMediaKey(key))
+    if (!m_ui->WMPlayer->pressMediaKey(event->key()))
         QDialog::keyPressEvent(event);
 }
 
@@ -88,6 +102,8 @@ void frmPlay::done(int result)
     if (!player)
         return;
     m_ui->WMPlayer->setPlayer(nullptr);
+    m_mpris.reset();
+    m_remote.reset();
     guarded(m_parts.services.desktop, windowTitle(),
             [&] { savePlayerSettings(*player, m_parts.services.optionsStore); });
     QDialog::done(result);

@@ -12,13 +12,17 @@
 
 namespace media {
 class MediaPlayer;
-}
+class Mpris;
+class PlayerRemote;
+} // namespace media
 
 namespace Ui {
 class frmPlay;
 }
 
 namespace quaverly {
+
+class PlayerKeys;
 
 /** What the window works with. All of it outlives it. */
 struct frmPlayParts
@@ -62,6 +66,10 @@ private:
     frmPlayParts m_parts;
     /** Null once closed. */
     std::unique_ptr<media::MediaPlayer> m_media;
+    /** Media keys and the desktop's player widget. */
+    std::unique_ptr<media::PlayerRemote> m_remote;
+    std::unique_ptr<media::Mpris> m_mpris;
+    std::unique_ptr<PlayerKeys> m_keys;
     bool m_unloading = false;
 };
 

@@ -95,12 +95,13 @@ TEST_F(PlayListTest, BeforeItIsReadTheListIsItsOnlyItem)
 
 TEST_F(PlayListTest, ItemsPlayWithoutAGap)
 {
-    const auto heard = [this](const QString &name, const QString &url) {
+    const auto heard = [this](const QString &name, const QString &url, const QString &following = {}) {
         usePlayer({.audioOutput = u"pcm"_s, .outputFile = path(name), .untimed = true, .moduleFolder = {}});
         player().setURL(url);
         // Time for the second song to be made ready, which a song played at its own pace has.
         player().controls().pause();
         eventsUntil(u"2"_s);
+        player().controls().setFollowing(following);
         player().controls().play();
         eventsUntilStopped();
         dropPlayer();
@@ -111,9 +112,54 @@ TEST_F(PlayListTest, ItemsPlayWithoutAGap)
     const qsizetype second = heard(u"second.wav"_s, song(u"b.flac"_s));
     EXPECT_GT(first, 8000);
     EXPECT_EQ(heard(u"both.wav"_s, list({path(u"a.flac"_s), path(u"b.flac"_s)})), first + second);
+    EXPECT_EQ(heard(u"next.wav"_s, path(u"a.flac"_s), path(u"b.flac"_s)), first + second);
 }
 
 // --- what stands in a music file or list that somebody else made
+
+TEST_F(PlayListTest, OneFileGoesOnToWhatWasNamed)
+{
+    player().setURL(song(u"a.mp3"_s));
+    const QString b = song(u"b.mp3"_s);
+    on(u"3"_s, [&] { player().controls().setFollowing(b); });
+    EXPECT_EQ(eventsUntil(u"item b"_s), u"10, item a, 9, 3, 8, 9, item b"_s);
+    EXPECT_FALSE(player().controls().hasNext());
+    EXPECT_TRUE(player().controls().hasPrevious());
+    player().settings().setMode(u"loop"_s, true);
+    EXPECT_EQ(eventsUntil(u"8"_s), u"3, 8"_s);
+    EXPECT_EQ(eventsUntil(u"8"_s), u"9, 3, 8"_s) << "a loop repeats the one that plays";
+    player().settings().setMode(u"loop"_s, false);
+    EXPECT_EQ(eventsUntilStopped(), u"9, 3, 8, 1"_s);
+    player().controls().play();
+    EXPECT_EQ(eventsUntil(u"3"_s), u"9, 3"_s) << "not the first one again";
+    player().controls().previous();
+    EXPECT_EQ(eventsUntil(u"3"_s), u"9, item a, 3"_s);
+    player().controls().setFollowing({});
+    EXPECT_EQ(eventsUntilStopped(), u"8, 1"_s);
+    EXPECT_EQ(player().currentPlaylist().count(), 1);
+}
+
+TEST_F(PlayListTest, OneOfTwoPlayersSounds)
+{
+    const MediaFactory factory(silently(false));
+    const auto first = factory.makeMediaPlayer();
+    const auto waitFor = [](MediaPlayer &player, PlayState state) {
+        return QTest::qWaitFor([&] { return player.playState() == state; });
+    };
+    first->setURL(longSong(u"a.wav"_s));
+    ASSERT_TRUE(waitFor(*first, Playing));
+    {
+        const auto second = factory.makeMediaPlayer();
+        second->setURL(longSong(u"b.wav"_s));
+        ASSERT_TRUE(waitFor(*second, Playing));
+        EXPECT_TRUE(waitFor(*first, Paused));
+        first->controls().play();
+        ASSERT_TRUE(waitFor(*first, Playing));
+        EXPECT_TRUE(waitFor(*second, Paused));
+    }
+    first->controls().pause();
+    EXPECT_TRUE(waitFor(*first, Paused));
+}
 
 TEST_F(PlayListTest, NothingIsFetchedForAFileThatRefersElsewhere)
 {

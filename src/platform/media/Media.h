@@ -60,6 +60,15 @@ public:
      */
     void next();
     void previous();
+    /** There is another item that next() or previous() would lead to. */
+    [[nodiscard]] bool hasNext() const;
+    [[nodiscard]] bool hasPrevious() const;
+    /**
+     * While the URL is one file: what plays behind the current item, without a gap, in place of what was
+     * named before; the empty text for nothing. Items that have played stay in front for previous(), and the
+     * list doesn't wrap. Passed over while a list file is the URL.
+     */
+    void setFollowing(const QString &path);
 
     /** Seconds from the beginning of the current item. */
     [[nodiscard]] double currentPosition() const;
@@ -176,7 +185,7 @@ Q_SIGNALS:
     void seeked(double seconds);
     /** Duration and tags of the current item became known; as a rule shortly before Playing. */
     void mediaChanged();
-    /** A mode, the volume or mute changed. */
+    /** A mode, the volume, mute or what follows changed. */
     void settingsChanged();
 
     /** An item of a list was passed over; the sentence tells the user which and why. */
@@ -204,16 +213,19 @@ struct MediaOptions
     QString moduleFolder;
 };
 
-/** Makes players. Cheap: nothing is loaded before a player is to play. */
+class SoundTurn;
+
+/** Makes players, of which one sounds at a time. Cheap: nothing is loaded before a player is to play. */
 class MediaFactory final
 {
 public:
-    explicit MediaFactory(MediaOptions options = {}) : m_options(std::move(options)) {}
+    explicit MediaFactory(MediaOptions options = {});
 
     [[nodiscard]] std::unique_ptr<MediaPlayer> makeMediaPlayer() const;
 
 private:
     MediaOptions m_options;
+    std::shared_ptr<SoundTurn> m_turn;
 };
 
 } // namespace media

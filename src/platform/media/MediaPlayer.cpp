@@ -3,6 +3,7 @@
 
 #include "platform/media/EngineModule.h"
 #include "platform/media/PlayerCore.h"
+#include "platform/media/SoundTurn.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +41,21 @@ void MediaControls::next()
 void MediaControls::previous()
 {
     m_core.previous();
+}
+
+bool MediaControls::hasNext() const
+{
+    return m_core.order().hasNext();
+}
+
+bool MediaControls::hasPrevious() const
+{
+    return m_core.order().hasPrevious();
+}
+
+void MediaControls::setFollowing(const QString &path)
+{
+    m_core.setFollowing(path);
 }
 
 double MediaControls::currentPosition() const
@@ -140,9 +156,15 @@ MediaItem MediaPlayer::currentMedia() const
     return m_core->media();
 }
 
+MediaFactory::MediaFactory(MediaOptions options)
+    : m_options(std::move(options)), m_turn(std::make_shared<SoundTurn>())
+{}
+
 std::unique_ptr<MediaPlayer> MediaFactory::makeMediaPlayer() const
 {
-    return std::make_unique<MediaPlayer>([options = m_options] { return loadEngine(options); });
+    auto player = std::make_unique<MediaPlayer>([options = m_options] { return loadEngine(options); });
+    m_turn->add(*player);
+    return player;
 }
 
 } // namespace media

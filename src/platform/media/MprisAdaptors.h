@@ -54,8 +54,8 @@ class MprisPlayer final : public QDBusAbstractAdaptor
     Q_PROPERTY(QVariantMap Metadata READ metadata)
     Q_PROPERTY(double Volume READ volume WRITE setVolume)
     Q_PROPERTY(qlonglong Position READ position)
-    Q_PROPERTY(bool CanGoNext READ canGoOn)
-    Q_PROPERTY(bool CanGoPrevious READ canGoOn)
+    Q_PROPERTY(bool CanGoNext READ canGoNext)
+    Q_PROPERTY(bool CanGoPrevious READ canGoPrevious)
     Q_PROPERTY(bool CanPlay READ hasSong)
     Q_PROPERTY(bool CanPause READ hasSong)
     Q_PROPERTY(bool CanSeek READ canSeek)
@@ -75,7 +75,8 @@ public:
     [[nodiscard]] double volume() const { return m_target.status().volume; }
     void setVolume(double volume) { m_target.setVolume(volume); }
     [[nodiscard]] qlonglong position() const;
-    [[nodiscard]] bool canGoOn() const { return m_target.status().canGoOn; }
+    [[nodiscard]] bool canGoNext() const { return m_target.status().canGoNext; }
+    [[nodiscard]] bool canGoPrevious() const { return m_target.status().canGoPrevious; }
     [[nodiscard]] bool hasSong() const { return m_target.status().track >= 0; }
     [[nodiscard]] bool canSeek() const { return m_target.status().length > 0; }
     [[nodiscard]] bool yes() const { return true; }

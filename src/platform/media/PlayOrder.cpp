@@ -7,9 +7,10 @@
 
 namespace media {
 
-void PlayOrder::reset(qsizetype count)
+void PlayOrder::reset(qsizetype count, bool openEnded)
 {
     m_count = count;
+    m_openEnded = openEnded;
     rewind();
 }
 
@@ -17,7 +18,7 @@ void PlayOrder::rewind()
 {
     m_place = 0;
     m_nextRound.clear();
-    m_order = m_shuffle ? shuffled(-1) : std::vector<qsizetype>();
+    m_order = isShuffled() ? shuffled(-1) : std::vector<qsizetype>();
 }
 
 void PlayOrder::setShuffle(bool on)
@@ -26,6 +27,8 @@ void PlayOrder::setShuffle(bool on)
         return;
     const qsizetype here = current();
     m_shuffle = on;
+    if (m_openEnded)
+        return;
     rewind();
     if (!on)
         m_place = std::max<qsizetype>(here, 0);
@@ -37,14 +40,16 @@ qsizetype PlayOrder::current() const
 {
     if (m_count == 0)
         return -1;
-    return m_shuffle ? m_order[size_t(m_place)] : m_place;
+    return isShuffled() ? m_order[size_t(m_place)] : m_place;
 }
 
 std::optional<qsizetype> PlayOrder::following()
 {
-    if (m_count == 0 || (isLast() && !m_loop))
+    if (m_openEnded && m_loop && m_count > 0)
+        return m_place;
+    if (m_count == 0 || (isLast() && m_openEnded) || (isLast() && !m_loop))
         return {};
-    if (!m_shuffle)
+    if (!isShuffled())
         return isLast() ? 0 : m_place + 1;
     if (!isLast())
         return m_order[size_t(m_place + 1)];
@@ -53,10 +58,17 @@ std::optional<qsizetype> PlayOrder::following()
     return m_nextRound.front();
 }
 
+PlayOrder::Step PlayOrder::goOn()
+{
+    return m_openEnded && m_loop ? Step{current(), false} : next();
+}
+
 PlayOrder::Step PlayOrder::next()
 {
     const bool wraps = isLast();
-    if (wraps && m_shuffle) {
+    if (wraps && m_openEnded)
+        return {current(), true};
+    if (wraps && isShuffled()) {
         m_order = m_nextRound.empty() ? shuffled(current()) : m_nextRound;
         m_nextRound.clear();
     }
@@ -67,15 +79,17 @@ PlayOrder::Step PlayOrder::next()
 PlayOrder::Step PlayOrder::previous()
 {
     const bool wraps = m_place == 0;
+    if (wraps && m_openEnded)
+        return {current(), true};
     m_place = (wraps ? m_count : m_place) - 1;
     return {current(), wraps};
 }
 
 void PlayOrder::select(qsizetype index)
 {
-    if (!m_shuffle || index == current()) {
+    if (!isShuffled() || index == current()) {
         m_place = index;
-        if (m_shuffle)
+        if (isShuffled())
             m_place = std::find(m_order.begin(), m_order.end(), index) - m_order.begin();
         return;
     }

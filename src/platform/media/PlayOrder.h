@@ -8,7 +8,11 @@
 
 namespace media {
 
-/** In which order the items of a play list come: as they stand, or each once in random order. */
+/**
+ * In which order the items of a play list come: as they stand, or each once in random order. An open-ended
+ * list is one file and what was put behind it: it comes as it stands and never wraps, and a loop repeats its
+ * current item.
+ */
 class PlayOrder final
 {
 public:
@@ -23,7 +27,9 @@ public:
     PlayOrder() : m_random(QRandomGenerator::securelySeeded()) {}
 
     /** A list of @p count items; the current one is the first of the order. */
-    void reset(qsizetype count);
+    void reset(qsizetype count, bool openEnded = false);
+    /** An open-ended list got longer or shorter behind its current item, which stays. */
+    void setCount(qsizetype count) { m_count = count; }
     void setLoop(bool on) { m_loop = on; }
     /** The current item stays; all others are still to come. */
     void setShuffle(bool on);
@@ -31,11 +37,17 @@ public:
     [[nodiscard]] bool loop() const { return m_loop; }
     [[nodiscard]] bool shuffle() const { return m_shuffle; }
     [[nodiscard]] qsizetype count() const { return m_count; }
+    [[nodiscard]] bool openEnded() const { return m_openEnded; }
+    /** Another item can be gone to. */
+    [[nodiscard]] bool hasNext() const { return m_openEnded ? !isLast() : m_count > 1; }
+    [[nodiscard]] bool hasPrevious() const { return m_openEnded ? m_place > 0 : m_count > 1; }
     /** -1 while the list is empty. */
     [[nodiscard]] qsizetype current() const;
 
     /** What plays by itself when the current item ends; nothing at the end without loop. */
     [[nodiscard]] std::optional<qsizetype> following();
+    /** To following(), which must be there. */
+    Step goOn();
     /** Both may be called on a list with items only. */
     Step next();
     Step previous();
@@ -46,6 +58,7 @@ public:
 private:
     [[nodiscard]] std::vector<qsizetype> shuffled(qsizetype notFirst);
     [[nodiscard]] bool isLast() const { return m_place + 1 >= m_count; }
+    [[nodiscard]] bool isShuffled() const { return m_shuffle && !m_openEnded; }
 
     QRandomGenerator m_random;
     qsizetype m_count = 0;
@@ -56,6 +69,7 @@ private:
     std::vector<qsizetype> m_nextRound;
     bool m_loop = false;
     bool m_shuffle = false;
+    bool m_openEnded = false;
 };
 
 } // namespace media

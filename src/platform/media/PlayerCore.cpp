@@ -115,7 +115,8 @@ void PlayerCore::restart()
 {
     if (m_order.count() == 0)
         return;
-    const bool fromTheTop = (m_atEnd || m_mode == Mode::Ending) && m_order.count() > 1;
+    const bool fromTheTop =
+        (m_atEnd || m_mode == Mode::Ending) && m_order.count() > 1 && !m_order.openEnded();
     // A Ready that somebody waited for was told already, and its item stands before what follows.
     if (m_mode == Mode::Ready && !m_queue.lastState())
         m_queue.insertBehind();
@@ -162,13 +163,13 @@ void PlayerCore::move(bool ahead)
         return;
     // While an end is told the list stands on the item to come, and moves on from there.
     if (m_mode == Mode::Ending && m_order.following())
-        m_order.next();
+        m_order.goOn();
     const PlayOrder::Step step = ahead ? m_order.next() : m_order.previous();
     // The load that waits announces the item.
     if (m_mode == Mode::Loading)
         return;
     m_queue.clear();
-    const bool wraps = step.wraps && m_order.count() > 1;
+    const bool wraps = step.wraps && m_order.count() > 1 && !m_order.openEnded();
     // In these states the screens' rules expect the list to jump from one of its ends to the other.
     if (wraps)
         announce(ahead ? Ready : Stopped);
@@ -206,6 +207,18 @@ void PlayerCore::setCurrentItem(qsizetype index)
         announceItem();
     }
     schedule();
+}
+
+void PlayerCore::setFollowing(const QString &path)
+{
+    if (count() == 0 || !m_order.openEnded())
+        return;
+    m_paths.resize(m_order.current() + 1);
+    if (!path.isEmpty())
+        m_paths.append(path);
+    m_order.setCount(m_paths.size());
+    planNext();
+    Q_EMIT m_player.settingsChanged();
 }
 
 void PlayerCore::seek(double seconds)
@@ -276,7 +289,7 @@ void PlayerCore::readItems()
             m_listFailure = QString::fromUtf8(e.what());
         }
     }
-    m_order.reset(m_paths.size());
+    m_order.reset(m_paths.size(), !isListFile(path));
 }
 
 qsizetype PlayerCore::count()

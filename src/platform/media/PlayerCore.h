@@ -31,6 +31,7 @@ public:
     void next() { move(true); }
     void previous() { move(false); }
     void setCurrentItem(qsizetype index);
+    void setFollowing(const QString &path);
     void seek(double seconds);
 
     void setLoop(bool on);

@@ -228,7 +228,7 @@ void PlayerCore::begin()
 /** The item that comes by itself. */
 void PlayerCore::advance()
 {
-    const qsizetype index = m_order.next().index;
+    const qsizetype index = m_order.goOn().index;
     m_mode = Mode::Active;
     announce(Transitioning);
     announceItem();

@@ -61,7 +61,8 @@ RemoteStatus PlayerRemote::status() const
     status.album = media.album;
     status.file = media.sourceURL;
     status.length = media.duration;
-    status.canGoOn = m_player.currentPlaylist().count() > 1;
+    status.canGoNext = m_player.controls().hasNext();
+    status.canGoPrevious = m_player.controls().hasPrevious();
     status.loop = settings.getMode(LoopMode);
     status.shuffle = settings.getMode(ShuffleMode);
     status.volume = settings.volume() / FullVolume;

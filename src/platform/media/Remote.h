@@ -23,7 +23,8 @@ struct RemoteStatus
     QString file;
     /** Seconds; 0 when not known. */
     double length = 0;
-    bool canGoOn = false;
+    bool canGoNext = false;
+    bool canGoPrevious = false;
     bool loop = false;
     bool shuffle = false;
     /** 0 to 1, muted or not. */
