@@ -23,12 +23,14 @@ public:
         told += text;
         return buttons == quaverly::Buttons::YesNo ? quaverly::Answer::Yes : quaverly::Answer::Ok;
     }
-    bool MessageWithMore(const QString &text, const QString & /*title*/, quaverly::Icon /*icon*/,
-                         const QString & /*more*/) override
+    quaverly::Answer MessageWithMore(const QString &text, const QString &title, quaverly::Icon icon,
+                                     quaverly::Buttons buttons,
+                                     std::optional<quaverly::Answer> defaultAnswer,
+                                     const QString & /*more*/) override
     {
-        told += text;
-        return false;
+        return MessageBox(text, title, icon, buttons, defaultAnswer);
     }
+    bool ShowPreview(quaverly::Preview & /*preview*/) override { return true; }
     QString InputPrompt(const QString & /*prompt*/, const QString & /*title*/,
                         const QString & /*defaultText*/, bool /*password*/) override
     {

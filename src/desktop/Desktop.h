@@ -13,9 +13,14 @@ class QPagedPaintDevice;
 
 namespace quaverly {
 
+class Preview;
+
 enum class Icon { None, Information, Exclamation, Question, Stop };
 enum class Buttons { Ok, OkCancel, YesNo };
-enum class Answer { Ok, Cancel, Yes, No };
+enum class Answer { Ok, Cancel, Yes, No, More };
+
+/** Caption of a question's own button that leads to the preview. */
+inline constexpr char16_t ShowChangesCaption[] = u"&Show Changes ...";
 
 /** What a file dialog is to ask. */
 struct FileQuestion
@@ -82,9 +87,12 @@ public:
                               Buttons buttons = Buttons::Ok,
                               std::optional<Answer> defaultAnswer = std::nullopt) = 0;
 
-    /** A box with OK and one more button, captioned @p more; true when that one was pressed. */
-    virtual bool MessageWithMore(const QString &text, const QString &title, Icon icon,
-                                 const QString &more) = 0;
+    /** A box with one more button, captioned @p more: Answer::More. */
+    virtual Answer MessageWithMore(const QString &text, const QString &title, Icon icon, Buttons buttons,
+                                   std::optional<Answer> defaultAnswer, const QString &more) = 0;
+
+    /** Shows what a command would do; true when it is to go on with the rows that are ticked by then. */
+    [[nodiscard]] virtual bool ShowPreview(Preview &preview) = 0;
 
     /** The modal text prompt. Cancel and an empty answer are the same: the empty text. */
     virtual QString InputPrompt(const QString &prompt, const QString &title, const QString &defaultText = {},

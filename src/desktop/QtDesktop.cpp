@@ -8,6 +8,7 @@
 #include "desktop/WorkingForm.h"
 #include "desktop/frmHelp.h"
 #include "desktop/frmMessage.h"
+#include "desktop/frmPreview.h"
 #include "platform/store/DaoError.h"
 
 #include <QApplication>
@@ -102,6 +103,7 @@ QMessageBox::StandardButton buttonOf(Answer answer)
     case Answer::No:
         return QMessageBox::No;
     case Answer::Ok:
+    case Answer::More:
         break;
     }
     return QMessageBox::Ok;
@@ -195,17 +197,29 @@ QtDesktop::~QtDesktop()
 Answer QtDesktop::MessageBox(const QString &text, const QString &title, Icon icon, Buttons buttons,
                              std::optional<Answer> defaultAnswer)
 {
+    return MessageWithMore(text, title, icon, buttons, defaultAnswer, {});
+}
+
+Answer QtDesktop::MessageWithMore(const QString &text, const QString &title, Icon icon, Buttons buttons,
+                                  std::optional<Answer> defaultAnswer, const QString &more)
+{
     const PlainPointer pointer;
     QMessageBox box(ownerOfDialogs());
     const QList<Answer> answers = answersOf(buttons);
     for (const Answer answer : answers)
         box.addButton(buttonOf(answer));
+    const QPushButton *ownButton =
+        more.isEmpty() ? nullptr : box.addButton(more, QMessageBox::ActionRole);
     fill(box, text, title, icon);
     box.setDefaultButton(buttonOf(defaultAnswer.value_or(answers.first())));
+    if (ownButton != nullptr)
+        box.setEscapeButton(buttonOf(answers.last()));
     if (m_tabletActive)
         sizeForFingers(box);
 
     const int pressed = box.exec();
+    if (ownButton != nullptr && box.clickedButton() == ownButton)
+        return Answer::More;
     for (const Answer answer : answers) {
         if (pressed == buttonOf(answer))
             return answer;
@@ -213,19 +227,13 @@ Answer QtDesktop::MessageBox(const QString &text, const QString &title, Icon ico
     return answers.last();
 }
 
-bool QtDesktop::MessageWithMore(const QString &text, const QString &title, Icon icon, const QString &more)
+bool QtDesktop::ShowPreview(Preview &preview)
 {
     const PlainPointer pointer;
-    QMessageBox box(ownerOfDialogs());
-    box.addButton(QMessageBox::Ok);
-    const QPushButton *button = box.addButton(more, QMessageBox::ActionRole);
-    fill(box, text, title, icon);
-    box.setDefaultButton(QMessageBox::Ok);
-    box.setEscapeButton(QMessageBox::Ok);
+    frmPreview form(*this, preview, ownerOfDialogs());
     if (m_tabletActive)
-        sizeForFingers(box);
-    box.exec();
-    return box.clickedButton() == button;
+        sizeForFingers(form);
+    return form.exec() == QDialog::Accepted;
 }
 
 QString QtDesktop::InputPrompt(const QString &prompt, const QString &title, const QString &defaultText,

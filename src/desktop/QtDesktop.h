@@ -29,7 +29,9 @@ public:
     Answer MessageBox(const QString &text, const QString &title, Icon icon = Icon::None,
                       Buttons buttons = Buttons::Ok,
                       std::optional<Answer> defaultAnswer = std::nullopt) override;
-    bool MessageWithMore(const QString &text, const QString &title, Icon icon, const QString &more) override;
+    Answer MessageWithMore(const QString &text, const QString &title, Icon icon, Buttons buttons,
+                           std::optional<Answer> defaultAnswer, const QString &more) override;
+    bool ShowPreview(Preview &preview) override;
     QString InputPrompt(const QString &prompt, const QString &title, const QString &defaultText = {},
                         bool password = false) override;
     bool ShowWarning(const QString &text, const QString &key) override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Preview.h"
 #include "platform/store/History.h"
 
 #include <QString>
@@ -8,17 +9,6 @@
 #include <optional>
 
 namespace quaverly {
-
-/** What one entry of a change did, in words. */
-struct ChangedRowTexts
-{
-    /** The song, list, category, filter or note. */
-    QString record;
-    /** The grid's heading for a song's field; what happened to a whole row otherwise. */
-    QString field;
-    QString before;
-    QString after;
-};
 
 /** Puts what the journal holds into words that people understand. */
 class ChangeTexts final

@@ -18,14 +18,6 @@ namespace {
 
 using State = dao::Change::State;
 
-void layOut(QTableView &table)
-{
-    table.verticalHeader()->hide();
-    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 8);
-    table.horizontalHeader()->setHighlightSections(false);
-    table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-}
-
 } // namespace
 
 frmHistory::frmHistory(Desktop &desktop, dao::Database &database, HistoryCommands &commands, QWidget *parent)
@@ -54,19 +46,14 @@ void frmHistory::wire()
 
 void frmHistory::layOutColumns()
 {
-    layOut(*m_ui->listChanges);
-    layOut(*m_ui->listRows);
+    layOutTable(*m_ui->listChanges);
+    layOutChanges(*m_ui->listRows);
     const int character = fontMetrics().averageCharWidth();
     QHeaderView &changes = *m_ui->listChanges->horizontalHeader();
     changes.setSectionResizeMode(ChangeListModel::What, QHeaderView::Stretch);
     changes.resizeSection(ChangeListModel::When, 26 * character);
     changes.resizeSection(ChangeListModel::Rows, 12 * character);
     changes.resizeSection(ChangeListModel::Files, 9 * character);
-    QHeaderView &rows = *m_ui->listRows->horizontalHeader();
-    rows.resizeSection(ChangedRowsModel::Record, 34 * character);
-    rows.resizeSection(ChangedRowsModel::Field, 18 * character);
-    rows.resizeSection(ChangedRowsModel::Before, 30 * character);
-    rows.setStretchLastSection(true);
     resize(QSize(130 * character, 42 * fontMetrics().lineSpacing()).boundedTo(roomFor(*this)));
 }
 

@@ -313,7 +313,8 @@ void MusicScan::tell(const QString &text, const QString &title, Icon icon, bool 
     const QString report = m_report.path();
     if (!withReport || report.isEmpty())
         m_parts.services.desktop.MessageBox(text, title, icon);
-    else if (m_parts.services.desktop.MessageWithMore(text, title, icon, u"Show &Report"_s) &&
+    else if (m_parts.services.desktop.MessageWithMore(text, title, icon, Buttons::Ok, {},
+                                                      u"Show &Report"_s) == Answer::More &&
              !m_parts.services.desktop.OpenUrl(QUrl::fromLocalFile(report)))
         m_parts.services.desktop.MessageBox(u"No program was found to show this file:  "_s + report, title,
                                             Icon::Exclamation);

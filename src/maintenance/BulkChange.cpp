@@ -20,7 +20,7 @@ namespace {
 constexpr qsizetype Portion = 3000;
 
 /** The store empties a table at once, but takes single rows out of each of its indexes. */
-bool areAllSongs(dao::Recordset &songs, dao::Database &database)
+bool areAllSongs(const std::vector<qint64> &songs, dao::Database &database)
 {
     const dao::RowKeys keys(database, songs);
     // A snapshot would be read through a connection that doesn't know the keys.
@@ -30,7 +30,7 @@ bool areAllSongs(dao::Recordset &songs, dao::Database &database)
     return others->isEmpty();
 }
 
-bool deleteByKey(dao::Recordset &songs, dao::Database &database, const dao::GoesOn &goesOn)
+bool deleteByKey(const std::vector<qint64> &songs, dao::Database &database, const dao::GoesOn &goesOn)
 {
     const dao::RowKeys keys(database, songs);
     qint64 done = 0;
@@ -111,7 +111,7 @@ QString waysBack()
     return u"To bring the songs back, choose Restore From Backup in the File menu."_s;
 }
 
-BulkChange::Work deletionOf(dao::Recordset &songs, dao::Database &database)
+BulkChange::Work deletionOf(const std::vector<qint64> &songs, dao::Database &database)
 {
     if (areAllSongs(songs, database))
         return {.change =
@@ -120,7 +120,9 @@ BulkChange::Work deletionOf(dao::Recordset &songs, dao::Database &database)
                         return true;
                     },
                 .isOneStatement = true};
-    return {.change = [&](const dao::GoesOn &goesOn) { return deleteByKey(songs, database, goesOn); }};
+    return {.change = [songs, &database](const dao::GoesOn &goesOn) {
+        return deleteByKey(songs, database, goesOn);
+    }};
 }
 
 } // namespace quaverly

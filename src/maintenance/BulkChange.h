@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace quaverly {
 
 class WorkingWindow;
@@ -56,10 +58,7 @@ private:
 /** Tells whoever deleted songs how they come back. */
 [[nodiscard]] QString waysBack();
 
-/**
- * What takes the songs of these rows out of the catalogue, whatever their statement would find by now. Both
- * outlive it. @throws dao::DaoError.
- */
-[[nodiscard]] BulkChange::Work deletionOf(dao::Recordset &songs, dao::Database &database);
+/** What takes the songs with these keys out of the catalogue. @p database outlives it. @throws dao::DaoError. */
+[[nodiscard]] BulkChange::Work deletionOf(const std::vector<qint64> &songs, dao::Database &database);
 
 } // namespace quaverly

@@ -2,12 +2,12 @@
 #include "maintenance/DeleteDisplayed.h"
 
 #include "catalogue/Catalogue.h"
-#include "desktop/Desktop.h"
+#include "desktop/PreviewQuestion.h"
 #include "maintenance/BulkChange.h"
+#include "platform/store/RowKeys.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
-
-#include <algorithm>
+#include "songlist/SongPreview.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,22 +27,10 @@ bool isWholeTable(const DisplayedSet &set, const QString &recordSource)
            !mentions(recordSource, "where"_L1) && !mentions(recordSource, "join"_L1);
 }
 
-/** Each key once, ascending. */
-std::vector<qint64> keysOf(dao::Recordset &songs)
+/** "1 record", "7 song records". */
+QString counted(qint64 records, const QString &kind = {})
 {
-    std::vector<qint64> keys;
-    const qint64 count = songs.RecordCount();
-    keys.reserve(static_cast<std::size_t>(count));
-    for (qint64 song = 0; song < count; ++song)
-        keys.push_back(songs.bookmarkAt(song).key);
-    std::ranges::sort(keys);
-    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
-    return keys;
-}
-
-std::vector<qint64> keysOf(dao::Database &database, const QString &sql)
-{
-    return keysOf(*database.OpenRecordset(sql, dao::RecordsetType::Dynaset));
+    return QString::number(records) + u' ' + kind + (records == 1 ? u"record"_s : u"records"_s);
 }
 
 } // namespace
@@ -53,11 +41,13 @@ void DeleteDisplayed::run()
     if (!list.hasRows())
         return;
     bringUpToDate();
-    const qint64 records = list.hasRows() ? list.Recordset().RecordCount() : 0;
-    if (records == 0 || !isConfirmed(records))
+    if (!list.hasRows())
+        return;
+    const auto songs = confirmedSongs();
+    if (!songs)
         return;
     const QString recordSource = list.RecordSource();
-    BulkChange::Work work = deletionOf(list.Recordset(), *m_parts.services.catalogue.CatalogueDb);
+    BulkChange::Work work = deletionOf(*songs, *m_parts.services.catalogue.CatalogueDb);
     work.caption = u"Deleting Displayed Records"_s;
     work.command = u"Delete All Displayed Records"_s;
     work.showResult = [&] { showWhatIsLeft(recordSource); };
@@ -73,30 +63,44 @@ void DeleteDisplayed::bringUpToDate()
     if (isWholeTable(m_parts.set, list.RecordSource()))
         return;
     const Hourglass hourglass(m_parts.services.desktop);
-    if (keysOf(*m_parts.services.catalogue.CatalogueDb, list.RecordSource()) == keysOf(list.Recordset()))
+    const auto now =
+        m_parts.services.catalogue.CatalogueDb->OpenRecordset(list.RecordSource(), dao::RecordsetType::Dynaset);
+    if (dao::keysOf(*now) == dao::keysOf(list.Recordset()))
         return;
     const KeepRow row(list);
     list.Refresh();
 }
 
-bool DeleteDisplayed::isConfirmed(qint64 records)
+std::optional<std::vector<qint64>> DeleteDisplayed::confirmedSongs()
 {
-    const QString n = QString::number(records);
-    const QString word = records == 1 ? u"record"_s : u"records"_s;
-    const auto confirms = [this](const QString &text, const QString &title) {
-        return m_parts.services.desktop.MessageBox(text, title, Icon::Information, Buttons::YesNo,
-                                                   Answer::No) == Answer::Yes;
-    };
-    return confirms(u"This will DELETE the "_s + n + u' ' + word +
-                        u" currently displayed on the Grid.  This will not delete any of the actual music "
-                        "files, just their entry in this database.\n\n"
-                        "Are you SURE you want to delete the "_s +
-                        n + u" song "_s + word + u" currently displayed on the Grid?"_s,
-                    u"Delete Confirmation"_s) &&
-           confirms(u"About to DELETE "_s + n + u' ' + word +
-                        u".  Please confirm one more time:\n\n"
-                        "Are you SURE you want to DELETE every record that is currently displayed?"_s,
-                    u"Are you REALLY sure?"_s);
+    DataControl &list = m_parts.set.Data1();
+    const qint64 records = list.Recordset().RecordCount();
+    std::unique_ptr<DeletionPreview> preview;
+    const Question question{u"This will DELETE the "_s + counted(records) +
+                                u" currently displayed on the Grid.  This will not delete any of the actual "
+                                "music files, just their entry in this database.\n\n"
+                                "Are you SURE you want to delete the "_s +
+                                counted(records, u"song "_s) + u" currently displayed on the Grid?"_s,
+                            u"Delete Confirmation"_s, Icon::Information};
+    if (!isConfirmed(m_parts.services.desktop, question, [&]() -> Preview & {
+            preview = std::make_unique<DeletionPreview>(
+                SongPreview::Ground{*m_parts.services.catalogue.CatalogueDb, list});
+            return *preview;
+        }))
+        return std::nullopt;
+    std::vector<qint64> songs = preview ? preview->tickedSongs() : dao::keysOf(list.Recordset());
+    if (!isConfirmedAgain(preview ? preview->ticked() : records))
+        return std::nullopt;
+    return songs;
+}
+
+bool DeleteDisplayed::isConfirmedAgain(qint64 records)
+{
+    return m_parts.services.desktop.MessageBox(
+               u"About to DELETE "_s + counted(records) +
+                   u".  Please confirm one more time:\n\n"
+                   "Are you SURE you want to DELETE every record that is currently displayed?"_s,
+               u"Are you REALLY sure?"_s, Icon::Information, Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
 void DeleteDisplayed::showWhatIsLeft(const QString &recordSource)

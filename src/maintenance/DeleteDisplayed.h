@@ -6,6 +6,9 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <optional>
+#include <vector>
+
 namespace quaverly {
 
 /** Takes all displayed songs out of the catalogue; no music file is touched. */
@@ -19,7 +22,9 @@ public:
 
 private:
     void bringUpToDate();
-    [[nodiscard]] bool isConfirmed(qint64 records);
+    /** Nothing when the user does not want it. */
+    [[nodiscard]] std::optional<std::vector<qint64>> confirmedSongs();
+    [[nodiscard]] bool isConfirmedAgain(qint64 records);
     void showWhatIsLeft(const QString &recordSource);
 
     MaintenanceParts m_parts;

@@ -3,7 +3,10 @@
 
 #include "catalogue/Catalogue.h"
 #include "desktop/Guard.h"
+#include "desktop/PreviewQuestion.h"
 #include "maintenance/BulkChange.h"
+#include "maintenance/DuplicatePreview.h"
+#include "platform/store/RowKeys.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
 
@@ -30,6 +33,8 @@ struct DuplicateCommands::View
 struct DuplicateCommands::Rule
 {
     const char16_t *toDelete;
+    /** The stored query of all songs with duplicates. */
+    const char16_t *groups;
     const char16_t *behindCount;
     const char16_t *command;
 };
@@ -68,6 +73,7 @@ void DuplicateCommands::mnuDeleteDuplicates_Click()
 {
     deleteBy(
         {.toDelete = u"qryShowDuplicatesToBeDeleted",
+         .groups = u"qryDuplicateSongs",
          .behindCount =
              u" duplicate songs from Quaverly.  Duplicates are defined as two or more songs with the same "
              "Song Name, Artist, and File Size.  All except one will be deleted.  This will not delete the "
@@ -81,6 +87,7 @@ void DuplicateCommands::mnuDeleteDuplicatesAlbum_Click()
 {
     deleteBy(
         {.toDelete = u"qryShowDuplicatesToBeDeletedAlbum",
+         .groups = u"qryDuplicateSongsAlbum",
          .behindCount =
              u" duplicate songs within the same album from Quaverly.  Duplicates are defined as two or "
              "more songs with the same Song Name, Artist, and Album Name.  All except one will be deleted.  "
@@ -129,35 +136,43 @@ void DuplicateCommands::deleteBy(const Rule &rule)
             tellNone(QString::fromUtf16(NoneToDelete));
             return;
         }
-        const qint64 songs = m_parts.set.Data1().Recordset().RecordCount();
         // After a No the rows stay shown, with every button as it was, and that is meant.
-        if (!confirmed(rule, songs) || !deleteShown(rule))
+        const auto songs = confirmedSongs(rule);
+        if (!songs || !deleteSongs(rule, *songs))
             return;
-        m_parts.services.desktop.MessageBox(
-            QString::number(songs) +
-                u" Duplicates Deleted from the Quaverly database.  This does not "
-                "delete the actual music file from your computer.  You can re-scan to "
-                "put these duplicate songs back into Quaverly.\n\n"_s +
-                waysBack(),
-            u"Duplicates Deleted"_s);
+        m_parts.services.desktop.MessageBox(QString::number(songs->size()) +
+                                       u" Duplicates Deleted from the Quaverly database.  This does not "
+                                       "delete the actual music file from your computer.  You can re-scan to "
+                                       "put these duplicate songs back into Quaverly.\n\n"_s +
+                                       waysBack(),
+                                   u"Duplicates Deleted"_s);
     });
 }
 
-bool DuplicateCommands::deleteShown(const Rule &rule)
+bool DuplicateCommands::deleteSongs(const Rule &rule, const Keys &songs)
 {
-    BulkChange::Work work =
-        deletionOf(m_parts.set.Data1().Recordset(), *m_parts.services.catalogue.CatalogueDb);
+    BulkChange::Work work = deletionOf(songs, *m_parts.services.catalogue.CatalogueDb);
     work.caption = u"Deleting Duplicate Records"_s;
     work.command = QString::fromUtf16(rule.command);
     work.showResult = [this] { m_parts.mainScreen.ShowAllMenu_Click(); };
     return BulkChange(m_parts).run(work);
 }
 
-bool DuplicateCommands::confirmed(const Rule &rule, qint64 songs)
+std::optional<DuplicateCommands::Keys> DuplicateCommands::confirmedSongs(const Rule &rule)
 {
-    return m_parts.services.desktop.MessageBox(
-               u"This will DELETE all "_s + QString::number(songs) + QString::fromUtf16(rule.behindCount),
-               u"Delete Confirmation"_s, Icon::Information, Buttons::YesNo, Answer::No) == Answer::Yes;
+    dao::Database &database = *m_parts.services.catalogue.CatalogueDb;
+    DataControl &shown = m_parts.set.Data1();
+    std::unique_ptr<DuplicatePreview> preview;
+    const Question question{u"This will DELETE all "_s + QString::number(shown.Recordset().RecordCount()) +
+                                QString::fromUtf16(rule.behindCount),
+                            u"Delete Confirmation"_s, Icon::Information};
+    if (!isConfirmed(m_parts.services.desktop, question, [&]() -> Preview & {
+            preview = std::make_unique<DuplicatePreview>(SongPreview::Ground{database, shown},
+                                                         QString::fromUtf16(rule.groups));
+            return *preview;
+        }))
+        return std::nullopt;
+    return preview ? preview->tickedSongs() : dao::keysOf(shown.Recordset());
 }
 
 } // namespace quaverly

@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <optional>
+#include <vector>
+
 namespace quaverly {
 
 /**
@@ -24,6 +27,7 @@ public:
     void mnuDeleteDuplicatesAlbum_Click();
 
 private:
+    using Keys = std::vector<qint64>;
     /** A stored query, what stands above the list while it is shown, and what is said when it is empty. */
     struct View;
     /** The stored query of what a rule deletes, and its question around the number of songs. */
@@ -31,9 +35,10 @@ private:
 
     void showView(const View &view);
     void deleteBy(const Rule &rule);
-    [[nodiscard]] bool confirmed(const Rule &rule, qint64 songs);
+    /** What is to be deleted; nothing when the user does not want it. */
+    [[nodiscard]] std::optional<Keys> confirmedSongs(const Rule &rule);
     /** False when the command was stopped before. */
-    [[nodiscard]] bool deleteShown(const Rule &rule);
+    [[nodiscard]] bool deleteSongs(const Rule &rule, const Keys &songs);
     void disableListCommands();
     void tellNone(const QString &message);
 

@@ -2,9 +2,10 @@
 #include "maintenance/LocationChange.h"
 
 #include "catalogue/Catalogue.h"
-#include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
+#include "desktop/PreviewQuestion.h"
 #include "maintenance/BulkChange.h"
+#include "maintenance/TextPreview.h"
 #include "platform/text/Text.h"
 #include "songlist/DisplayedSet.h"
 
@@ -70,8 +71,8 @@ bool LocationChange::changeFilePaths(const PathChange &typed)
         return false;
     }
     const PathChange change = inOneForm(typed, PathKind::Folders);
-    const std::vector changes{partReplaced(SongFolders, change.original, change.replacement),
-                              partReplaced(PlayListFiles, change.original, change.replacement)};
+    std::vector changes{partReplaced(SongFolders, change.original, change.replacement),
+                        partReplaced(PlayListFiles, change.original, change.replacement)};
     const qint64 songs = countRows(database(), changes[0]);
     const qint64 tracks = countRows(database(), changes[1]);
     if (songs == 0 && tracks == 0) {
@@ -80,11 +81,14 @@ bool LocationChange::changeFilePaths(const PathChange &typed)
         return false;
     }
     const Presence presence = presenceBehind(changes);
+    qint64 replacements = songs + tracks;
     if (!mayLeadNowhere(change, presence) ||
-        !confirmed(filePathQuestion(change, songs, tracks, presenceText(presence))) || !make(changes))
+        !confirmed(filePathQuestion(change, songs, tracks, presenceText(presence)), change, changes,
+                   replacements) ||
+        !make(changes))
         return false;
     desktop.MessageBox(u"Update completed. Total number of replacements made: "_s +
-                           QString::number(songs + tracks),
+                           QString::number(replacements),
                        u"Finished"_s);
     return true;
 }
@@ -98,15 +102,15 @@ bool LocationChange::changePlayListPaths(const PathChange &typed)
         return false;
     }
     const PathChange change = inOneForm(typed, PathKind::Files);
-    const std::vector changes{partReplaced(PlayListFiles, change.original, change.replacement)};
-    const qint64 tracks = countRows(database(), changes[0]);
+    std::vector changes{partReplaced(PlayListFiles, change.original, change.replacement)};
+    qint64 tracks = countRows(database(), changes[0]);
     if (tracks == 0) {
         desktop.MessageBox(u"The text you specified was not found in the FileName in any PlayList."_s,
                            u"Not found"_s);
         return false;
     }
     const QString presence = presenceText(presenceBehind(changes));
-    if (!confirmed(playListQuestion(change, tracks, presence)) || !make(changes))
+    if (!confirmed(playListQuestion(change, tracks, presence), change, changes, tracks) || !make(changes))
         return false;
     desktop.MessageBox(u"Update completed.  Records changed: "_s + QString::number(tracks), u"Finished"_s);
     return true;
@@ -145,15 +149,29 @@ bool LocationChange::mayLeadNowhere(const PathChange &change, const Presence &pr
         presenceOf({EnsureBackslash(change.replacement)}).found > 0)
         return true;
     return m_parts.services.desktop.MessageBox(u"There is no such folder: "_s + change.replacement +
-                                                   u"\n\nDo you want to go on all the same?"_s,
-                                               u"Folder not found"_s, Icon::Exclamation, Buttons::YesNo,
-                                               Answer::No) == Answer::Yes;
+                                          u"\n\nDo you want to go on all the same?"_s,
+                                      u"Folder not found"_s, Icon::Exclamation, Buttons::YesNo,
+                                      Answer::No) == Answer::Yes;
 }
 
-bool LocationChange::confirmed(const QString &question)
+bool LocationChange::confirmed(const QString &question, const PathChange &change,
+                               std::vector<TextChange> &changes, qint64 &rows)
 {
-    return m_parts.services.desktop.MessageBox(question, u"Confirmation"_s, Icon::None, Buttons::YesNo,
-                                               Answer::No) == Answer::Yes;
+    std::unique_ptr<TextPreview> preview;
+    if (!isConfirmed(m_parts.services.desktop, {question, u"Confirmation"_s}, [&]() -> Preview & {
+            preview = std::make_unique<TextPreview>(
+                SongPreview::Ground{database(), m_parts.set.Data1()},
+                u"Replace \"%1\" by \"%2\" in the places of files.  No file is touched."_s.arg(
+                    change.original, change.replacement),
+                changes);
+            return *preview;
+        }))
+        return false;
+    if (preview) {
+        changes = preview->chosen();
+        rows = preview->ticked();
+    }
+    return true;
 }
 
 bool LocationChange::make(const std::vector<TextChange> &changes)

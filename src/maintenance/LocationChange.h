@@ -30,7 +30,9 @@ private:
     [[nodiscard]] QStringList firstFiles(const TextChange &change);
     /** True when the new folder is there, or the user says so. */
     [[nodiscard]] bool mayLeadNowhere(const PathChange &change, const Presence &presence);
-    [[nodiscard]] bool confirmed(const QString &question);
+    /** What is not ticked in a preview is left out of the changes; @p rows is then what is. */
+    [[nodiscard]] bool confirmed(const QString &question, const PathChange &change,
+                                 std::vector<TextChange> &changes, qint64 &rows);
     [[nodiscard]] bool make(const std::vector<TextChange> &changes);
     [[nodiscard]] dao::Database &database() const;
 

@@ -3,8 +3,9 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/SongFields.h"
-#include "desktop/Desktop.h"
+#include "desktop/PreviewQuestion.h"
 #include "maintenance/BulkChange.h"
+#include "maintenance/TextPreview.h"
 #include "platform/text/Text.h"
 #include "songlist/DisplayedSet.h"
 
@@ -72,14 +73,14 @@ bool SearchAndReplace::run(ReplaceRequest &request)
 {
     if (!isComplete(request))
         return false;
-    const TextChange change = changeOf(request);
-    const qint64 records = countRows(database(), change);
+    TextChange change = changeOf(request);
+    qint64 records = countRows(database(), change);
     if (records == 0) {
         m_parts.services.desktop.MessageBox(
             u"The text you specified was not found in the selected field in any records."_s, u"Not found"_s);
         return false;
     }
-    if (!isConfirmed(request, records))
+    if (!isConfirmed(request, change, records))
         return false;
     const bool done = BulkChange(m_parts).run({
         .caption = u"Search and Replace"_s,
@@ -94,7 +95,7 @@ bool SearchAndReplace::run(ReplaceRequest &request)
     if (isNullWord(request.replacement))
         request.replacement.clear();
     m_parts.services.desktop.MessageBox(u"Update completed.  Records changed: "_s + QString::number(records),
-                                        u"Finished"_s);
+                               u"Finished"_s);
     return true;
 }
 
@@ -102,7 +103,7 @@ bool SearchAndReplace::isComplete(const ReplaceRequest &request)
 {
     if (request.field.isEmpty()) {
         m_parts.services.desktop.MessageBox(u"You must indicate which field you want to change."_s,
-                                            u"Field not indicated"_s, Icon::Exclamation);
+                                   u"Field not indicated"_s, Icon::Exclamation);
         return false;
     }
     if (!isGreaterThanBlank(request.original) || !isGreaterThanBlank(request.replacement)) {
@@ -116,10 +117,22 @@ bool SearchAndReplace::isComplete(const ReplaceRequest &request)
     return true;
 }
 
-bool SearchAndReplace::isConfirmed(const ReplaceRequest &request, qint64 records)
+bool SearchAndReplace::isConfirmed(const ReplaceRequest &request, TextChange &change, qint64 &records)
 {
-    return m_parts.services.desktop.MessageBox(question(request, records), u"Confirmation"_s, Icon::None,
-                                               Buttons::YesNo, Answer::No) == Answer::Yes;
+    std::unique_ptr<TextPreview> preview;
+    if (!quaverly::isConfirmed(m_parts.services.desktop, {question(request, records), u"Confirmation"_s},
+                               [&]() -> Preview & {
+                                   preview = std::make_unique<TextPreview>(
+                                       SongPreview::Ground{database(), m_parts.set.Data1()},
+                                       sentence(request), std::vector{change});
+                                   return *preview;
+                               }))
+        return false;
+    if (preview) {
+        change = preview->chosen().front();
+        records = preview->ticked();
+    }
+    return true;
 }
 
 } // namespace quaverly

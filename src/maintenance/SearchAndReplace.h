@@ -34,7 +34,8 @@ public:
 
 private:
     [[nodiscard]] bool isComplete(const ReplaceRequest &request);
-    [[nodiscard]] bool isConfirmed(const ReplaceRequest &request, qint64 records);
+    /** What is not ticked in a preview is left out of the change; @p records is then what is. */
+    [[nodiscard]] bool isConfirmed(const ReplaceRequest &request, TextChange &change, qint64 &records);
     [[nodiscard]] dao::Database &database() const;
 
     MaintenanceParts m_parts;

@@ -34,6 +34,18 @@ QString described(const dao::Recordset &song)
     return u'\n' + song.text(u"SongName"_s) + u'\n' + song.text(u"PathName"_s) + song.text(u"FileName"_s);
 }
 
+/** Null for a field that takes any text. */
+std::unique_ptr<dao::Recordset> rowsThatOutgrow(dao::Database &database, const TextChange &change)
+{
+    const int width = widthOf(database, change.place);
+    if (width == 0)
+        return nullptr;
+    return database.OpenRecordset(u"Select * From "_s + change.place.table + u" Where ("_s +
+                                      change.condition + u") And Len("_s + change.expression + u") > "_s +
+                                      QString::number(width),
+                                  dao::RecordsetType::Dynaset);
+}
+
 /** Runs one change, and keeps what is left to do of it. */
 class TextChanger final
 {
@@ -59,19 +71,20 @@ private:
     void requireRoom()
     {
         const TextField &place = m_change.place;
-        const int width = widthOf(m_database, place);
-        if (width == 0)
-            return;
-        const auto row = m_database.OpenRecordset(
-            u"Select Top 1 * From "_s + place.table + u" Where ("_s + m_change.condition + u") And Len("_s +
-                m_change.expression + u") > "_s + QString::number(width),
-            dao::RecordsetType::Dynaset);
-        if (row->isEmpty())
+        const auto rows = rowsThatOutgrow(m_database, m_change);
+        while (rows && !rows->atEOF() && isLeftOut(rows->bookmark().key))
+            rows->MoveNext();
+        if (!rows || rows->atEOF())
             return;
         const QString text =
             u"The field '%1' is too small to accept the amount of data you attempted to add."_s.arg(
                 place.name());
-        throw dao::DaoError(dao::FieldTooSmall, place.key.isEmpty() ? text : text + u'\n' + described(*row));
+        throw dao::DaoError(dao::FieldTooSmall, place.key.isEmpty() ? text : text + u'\n' + described(*rows));
+    }
+
+    [[nodiscard]] bool isLeftOut(qint64 key) const
+    {
+        return std::ranges::binary_search(m_change.leftOut, key);
     }
 
     bool changeByKey()
@@ -80,8 +93,10 @@ private:
         const auto rows = m_database.OpenRecordset(u"Select "_s + place.key + u" From "_s + place.table +
                                                        u" Where "_s + m_change.condition,
                                                    dao::RecordsetType::Dynaset);
-        const dao::RowKeys keys(m_database, *rows);
+        std::vector<qint64> found = dao::keysOf(*rows);
         rows->Close();
+        std::erase_if(found, [this](qint64 key) { return isLeftOut(key); });
+        const dao::RowKeys keys(m_database, std::move(found));
         m_all = keys.count();
         const auto portions = keys.portions(Portion);
         return std::ranges::all_of(
@@ -117,7 +132,7 @@ private:
         m_all = std::max(m_all, rows->RecordCount());
         qint64 looked = 0;
         for (; !rows->atEOF(); rows->MoveNext()) {
-            if (!changeRow(*rows))
+            if (!isLeftOut(rows->bookmark().key) && !changeRow(*rows))
                 m_postponed.push_back(rows->bookmark().key);
             if (++looked % SingleRows == 0 && !goesOn(SingleRows))
                 return false;
@@ -244,6 +259,12 @@ bool changesRows(dao::Database &database, const TextChange &change)
                                  change.condition + u") And ("_s + change.place.field +
                                  u" Is Null Or StrComp("_s + change.place.field + u", "_s +
                                  change.expression + u", 0) <> 0)"_s) > 0;
+}
+
+std::vector<qint64> rowsWithoutRoom(dao::Database &database, const TextChange &change)
+{
+    const auto rows = change.mayGrow ? rowsThatOutgrow(database, change) : nullptr;
+    return rows ? dao::keysOf(*rows) : std::vector<qint64>();
 }
 
 bool changeTexts(dao::Database &database, const TextChange &change, const dao::GoesOn &goesOn)

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 namespace quaverly {
 
@@ -34,6 +35,8 @@ struct TextChange
     std::function<QString(const QString &)> changed;
     /** False when no text gets longer by it. */
     bool mayGrow = true;
+    /** Keys of rows that stay as they are all the same, ascending. */
+    std::vector<qint64> leftOut{};
 };
 
 /**
@@ -56,6 +59,9 @@ struct TextChange
 
 /** False when each of these rows would stay as it is, to the letter. @throws dao::DaoError */
 [[nodiscard]] bool changesRows(dao::Database &database, const TextChange &change);
+
+/** Keys of the rows whose text would outgrow the field, ascending. @throws dao::DaoError */
+[[nodiscard]] std::vector<qint64> rowsWithoutRoom(dao::Database &database, const TextChange &change);
 
 /**
  * Changes the rows, within the caller's transaction. False when @p goesOn gave it up, with some of them

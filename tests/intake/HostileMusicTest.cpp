@@ -37,7 +37,7 @@ TEST_F(IntakeTest, HostileFilesDoNotKeepTheGoodOnesOut)
               0);
 
     QString listed;
-    m_desktop.willAnswer(Answer::Yes).meanwhile([&] { listed = report(); });
+    m_desktop.willAnswer(Answer::More).meanwhile([&] { listed = report(); });
     m_loader->LoadMusicFiles(music(), {});
     EXPECT_TRUE(m_desktop.lastCall().text.startsWith(u"Number of songs added to database: 11\r"_s));
     EXPECT_TRUE(m_desktop.lastCall().text.contains(

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ScriptedDesktop.h"
 
+#include "desktop/frmPreview.h"
+
 #include <QCoreApplication>
 
 #include <array>
@@ -13,7 +15,7 @@ const char *nameOf(Shown shown)
 {
     constexpr std::array names = {"message box",  "prompt",      "warning",
                                   "open dialog",  "save dialog", "folder dialog",
-                                  "color dialog", "font dialog", "printer dialog"};
+                                  "color dialog", "font dialog", "printer dialog", "preview"};
     return names.at(static_cast<std::size_t>(shown));
 }
 
@@ -96,6 +98,11 @@ ScriptedDesktop &ScriptedDesktop::willPickFont(const std::optional<FontChoice> &
     return add({.shown = Shown::FontDialog, .font = font});
 }
 
+ScriptedDesktop &ScriptedDesktop::willPreview(std::function<void(QWidget &)> act)
+{
+    return add({.shown = Shown::Preview, .preview = std::move(act)});
+}
+
 ScriptedDesktop &ScriptedDesktop::meanwhile(Action action)
 {
     EXPECT_FALSE(m_script.isEmpty()) << "No dialog is queued that something could happen in.";
@@ -137,22 +144,36 @@ std::optional<QString> ScriptedDesktop::takeFile(Shown shown, const FileQuestion
 Answer ScriptedDesktop::MessageBox(const QString &text, const QString &title, Icon icon, Buttons buttons,
                                    std::optional<Answer> defaultAnswer)
 {
-    const DesktopCall call{
-        .text = text, .title = title, .icon = icon, .buttons = buttons, .defaultAnswer = defaultAnswer};
+    return MessageWithMore(text, title, icon, buttons, defaultAnswer, {});
+}
+
+Answer ScriptedDesktop::MessageWithMore(const QString &text, const QString &title, Icon icon,
+                                        Buttons buttons, std::optional<Answer> defaultAnswer,
+                                        const QString &more)
+{
+    const DesktopCall call{.text = text,
+                           .title = title,
+                           .icon = icon,
+                           .buttons = buttons,
+                           .defaultAnswer = defaultAnswer,
+                           .offered = more};
     const std::optional<Scripted> scripted = take(call);
     if (!scripted)
         return safeAnswer(buttons);
-    EXPECT_TRUE(offers(buttons, scripted->answer))
+    EXPECT_TRUE(offers(buttons, scripted->answer) || (scripted->answer == Answer::More && !more.isEmpty()))
         << "The scripted answer is no button of " << describe(call);
     return scripted->answer;
 }
 
-bool ScriptedDesktop::MessageWithMore(const QString &text, const QString &title, Icon icon,
-                                      const QString &more)
+bool ScriptedDesktop::ShowPreview(Preview &preview)
 {
-    const std::optional<Scripted> scripted =
-        take({.text = text, .title = title, .icon = icon, .offered = more});
-    return scripted && scripted->answer == Answer::Yes;
+    const std::optional<Scripted> scripted = take({.shown = Shown::Preview, .text = preview.sentence()});
+    if (!scripted)
+        return false;
+    frmPreview form(*this, preview);
+    form.show();
+    scripted->preview(form);
+    return form.result() == QDialog::Accepted;
 }
 
 QString ScriptedDesktop::InputPrompt(const QString &prompt, const QString &title, const QString &defaultText,

@@ -4,6 +4,8 @@
 #include "desktop/Desktop.h"
 #include "support/QtPrinters.h"
 
+#include <QWidget>
+
 #include <QImage>
 #include <QList>
 
@@ -21,7 +23,8 @@ enum class Shown {
     FolderDialog,
     ColorDialog,
     FontDialog,
-    PrinterDialog
+    PrinterDialog,
+    Preview
 };
 
 /** One thing that the program showed, with all that it said. */
@@ -82,6 +85,8 @@ public:
     ScriptedDesktop &willPickFont(const std::optional<FontChoice> &font);
     /** Null is Cancel. */
     ScriptedDesktop &willPrintOn(std::shared_ptr<QPagedPaintDevice> printer);
+    /** The next dialog is the preview; @p act goes on or gives up there. */
+    ScriptedDesktop &willPreview(std::function<void(QWidget &preview)> act);
     /** Runs @p action while the dialog queued last is up. */
     ScriptedDesktop &meanwhile(Action action);
 
@@ -104,8 +109,10 @@ public:
 
     Answer MessageBox(const QString &text, const QString &title, Icon icon, Buttons buttons,
                       std::optional<Answer> defaultAnswer) override;
-    /** A scripted Yes presses the box's own button. */
-    bool MessageWithMore(const QString &text, const QString &title, Icon icon, const QString &more) override;
+    Answer MessageWithMore(const QString &text, const QString &title, Icon icon, Buttons buttons,
+                           std::optional<Answer> defaultAnswer, const QString &more) override;
+    /** The screen itself is shown, for the scripted user to act on; left alone, it gives up. */
+    bool ShowPreview(Preview &preview) override;
     QString InputPrompt(const QString &prompt, const QString &title, const QString &defaultText,
                         bool password) override;
     bool ShowWarning(const QString &text, const QString &key) override;
@@ -152,6 +159,7 @@ private:
         std::shared_ptr<QPagedPaintDevice> printer{};
         QString part{};
         Action meanwhile{};
+        std::function<void(QWidget &)> preview{};
     };
 
     ScriptedDesktop &add(Scripted scripted);

@@ -29,18 +29,34 @@ void fill(DatabaseImpl &database, const std::vector<qint64> &keys)
     database.learnTable(QString::fromUtf16(RowKeyTable));
 }
 
+void sortOnce(std::vector<qint64> &keys)
+{
+    std::ranges::sort(keys);
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+}
+
 } // namespace
 
-RowKeys::RowKeys(Database &database, Recordset &rows) : m_database(database)
+std::vector<qint64> keysOf(Recordset &rows)
 {
+    std::vector<qint64> keys;
     const qint64 count = rows.RecordCount();
-    m_keys.reserve(static_cast<std::size_t>(count));
+    keys.reserve(static_cast<std::size_t>(count));
     for (qint64 position = 0; position < count; ++position)
-        m_keys.push_back(rows.bookmarkAt(position).key);
-    std::ranges::sort(m_keys);
-    m_keys.erase(std::unique(m_keys.begin(), m_keys.end()), m_keys.end());
+        keys.push_back(rows.bookmarkAt(position).key);
+    sortOnce(keys);
+    return keys;
+}
+
+RowKeys::RowKeys(Database &database, std::vector<qint64> keys)
+    : m_database(database), m_keys(std::move(keys))
+{
+    sortOnce(m_keys);
     fill(m_database.impl(), m_keys);
 }
+
+RowKeys::RowKeys(Database &database, Recordset &rows) : RowKeys(database, keysOf(rows))
+{}
 
 RowKeys::~RowKeys()
 {
