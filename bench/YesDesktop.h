@@ -24,8 +24,7 @@ public:
         return buttons == quaverly::Buttons::YesNo ? quaverly::Answer::Yes : quaverly::Answer::Ok;
     }
     quaverly::Answer MessageWithMore(const QString &text, const QString &title, quaverly::Icon icon,
-                                     quaverly::Buttons buttons,
-                                     std::optional<quaverly::Answer> defaultAnswer,
+                                     quaverly::Buttons buttons, std::optional<quaverly::Answer> defaultAnswer,
                                      const QString & /*more*/) override
     {
         return MessageBox(text, title, icon, buttons, defaultAnswer);

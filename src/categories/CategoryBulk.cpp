@@ -2,8 +2,12 @@
 #include "categories/CategoryBulk.h"
 
 #include "desktop/Guard.h"
+#include "desktop/PreviewQuestion.h"
 #include "platform/store/RowKeys.h"
 #include "songlist/DisplayedSet.h"
+#include "songlist/SongPreview.h"
+
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -97,15 +101,17 @@ void CategoryBulk::run(Direction direction, const Category *category)
 {
     const Words &words = wordsOf(direction);
     const auto handler = [&] {
-        if (m_parts.services.desktop.MessageBox(warning(words), u"Warning"_s, Icon::Exclamation,
-                                                Buttons::OkCancel, Answer::Cancel) != Answer::Ok)
+        if (category == nullptr) {
+            m_parts.services.desktop.MessageBox(warning(words), u"Warning"_s, Icon::Exclamation,
+                                                Buttons::OkCancel, Answer::Cancel);
             return;
-        if (category == nullptr)
-            return;
+        }
         try {
-            if (const auto changed = change(direction, category->CategoryNumber))
-                tellStatistics(words, category->CategoryDesc, m_parts.set.Data1().Recordset().RecordCount(),
-                               *changed);
+            const auto asked = confirmed(direction, *category);
+            if (!asked)
+                return;
+            if (const auto changed = change(direction, category->CategoryNumber, asked->songs))
+                tellStatistics(words, category->CategoryDesc, asked->count, *changed);
         } catch (const dao::DaoError &error) {
             // A statement that the store can't read ends the command without a word, and that is meant.
             if (error.number != dao::SyntaxError)
@@ -113,6 +119,46 @@ void CategoryBulk::run(Direction direction, const Category *category)
         }
     };
     guarded(m_parts.services.desktop, words.title, handler, ErrorBox{{}, Icon::None});
+}
+
+std::optional<CategoryBulk::Asked> CategoryBulk::confirmed(Direction direction, const Category &category)
+{
+    std::unique_ptr<SongPreview> preview;
+    if (!isConfirmed(
+            m_parts.services.desktop,
+            {warning(wordsOf(direction)), u"Warning"_s, Icon::Exclamation, Buttons::OkCancel, Answer::Cancel},
+            [&]() -> Preview & {
+                preview = previewOf(direction, category);
+                return *preview;
+            }))
+        return std::nullopt;
+    if (preview)
+        return Asked{preview->tickedSongs(), preview->ticked()};
+    dao::Recordset &displayed = m_parts.set.Data1().Recordset();
+    return Asked{dao::keysOf(displayed), displayed.RecordCount()};
+}
+
+// Songs that are where they are to come show nothing.
+std::unique_ptr<SongPreview> CategoryBulk::previewOf(Direction direction, const Category &category)
+{
+    const SongPreview::Ground ground{*m_parts.services.catalogue.CatalogueDb, m_parts.set.Data1()};
+    const auto rows = ground.database.OpenRecordset(
+        u"Select ID From tblCategoryID Where CategoryNumber = %1"_s.arg(category.CategoryNumber),
+        dao::RecordsetType::Snapshot);
+    QSet<qint64> inside;
+    rows->forEachRow({0}, [&](qint64 /*position*/, std::span<const QByteArrayView> texts) {
+        inside.insert(texts[0].toLongLong());
+    });
+    const bool in = direction == Direction::In;
+    std::vector<PlannedChange> plans = plansOfDisplayed(ground);
+    std::erase_if(plans, [&](const PlannedChange &plan) { return inside.contains(plan.song) == in; });
+    for (PlannedChange &plan : plans) {
+        plan.field = u"Category"_s;
+        (in ? plan.after : plan.before) = category.CategoryDesc;
+    }
+    const QString sentence = (in ? u"Assign to category \"%1\": %2"_s : u"Remove from category \"%1\": %2"_s)
+                                 .arg(category.CategoryDesc, countedSongs(static_cast<qint64>(plans.size())));
+    return std::make_unique<SongPreview>(ground, sentence, std::move(plans));
 }
 
 QString CategoryBulk::warning(const Words &words) const
@@ -123,12 +169,13 @@ QString CategoryBulk::warning(const Words &words) const
     return words.assigned + QString::number(selected) + words.selected + ShowSelectedAdvice + words.all;
 }
 
-std::optional<qint64> CategoryBulk::change(Direction direction, qint64 number)
+std::optional<qint64> CategoryBulk::change(Direction direction, qint64 number,
+                                           const std::vector<qint64> &songs)
 {
     const Hourglass hourglass(m_parts.services.desktop);
     m_store.requireCategory(number);
     dao::Database &database = *m_parts.services.catalogue.CatalogueDb;
-    const dao::RowKeys displayed(database, m_parts.set.Data1().Recordset());
+    const dao::RowKeys displayed(database, songs);
     const qint64 inside = database.OpenRecordset(countInside(number))->value(u"NumRecs"_s).toLongLong();
     if (inside == (direction == Direction::In ? displayed.count() : 0))
         return 0;

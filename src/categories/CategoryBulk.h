@@ -4,9 +4,13 @@
 #include "categories/CategoryParts.h"
 #include "categories/CategoryStore.h"
 
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace quaverly {
+
+class SongPreview;
 
 /**
  * Puts all displayed songs into a category, or takes them out, in one transaction. After a failure, which is
@@ -27,9 +31,20 @@ private:
     static const Words &wordsOf(Direction direction);
 
     void run(Direction direction, const Category *category);
+    /** Songs to act on. */
+    struct Asked
+    {
+        std::vector<qint64> songs;
+        /** With those that are displayed twice. */
+        qint64 count = 0;
+    };
+    /** All displayed ones, or those that were ticked in a preview; nothing when the command is to stop. */
+    [[nodiscard]] std::optional<Asked> confirmed(Direction direction, const Category &category);
+    [[nodiscard]] std::unique_ptr<SongPreview> previewOf(Direction direction, const Category &category);
     [[nodiscard]] QString warning(const Words &words) const;
     /** The number of assignments that were made or taken away; nothing when the command is to stop. */
-    [[nodiscard]] std::optional<qint64> change(Direction direction, qint64 number);
+    [[nodiscard]] std::optional<qint64> change(Direction direction, qint64 number,
+                                               const std::vector<qint64> &songs);
     void tellStatistics(const Words &words, const QString &name, qint64 displayed, qint64 changed);
 
     const CategoryParts &m_parts;

@@ -51,7 +51,8 @@ public:
     virtual void follow(int /*rule*/) {}
     /** Why the command can't go on with these ticks; empty when it can. @throws dao::DaoError */
     [[nodiscard]] virtual QString objection() const { return {}; }
-    /** Makes the row's song current in the grid; false when the grid doesn't show it. @throws dao::DaoError */
+    /** Makes the row's song current in the grid; false when the grid doesn't show it. @throws dao::DaoError
+     */
     virtual bool showSong(int /*row*/) { return false; }
 
 protected:

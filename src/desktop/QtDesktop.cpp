@@ -208,8 +208,7 @@ Answer QtDesktop::MessageWithMore(const QString &text, const QString &title, Ico
     const QList<Answer> answers = answersOf(buttons);
     for (const Answer answer : answers)
         box.addButton(buttonOf(answer));
-    const QPushButton *ownButton =
-        more.isEmpty() ? nullptr : box.addButton(more, QMessageBox::ActionRole);
+    const QPushButton *ownButton = more.isEmpty() ? nullptr : box.addButton(more, QMessageBox::ActionRole);
     fill(box, text, title, icon);
     box.setDefaultButton(buttonOf(defaultAnswer.value_or(answers.first())));
     if (ownButton != nullptr)

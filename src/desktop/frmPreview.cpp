@@ -79,9 +79,8 @@ void frmPreview::Form_Load()
 void frmPreview::showCounts()
 {
     const QLocale locale;
-    m_ui->lblTicked->setText(
-        u"%1 of %2 ticked"_s.arg(locale.toString(m_preview.ticked()),
-                                 locale.toString(m_preview.count() - m_preview.obstructed())));
+    m_ui->lblTicked->setText(u"%1 of %2 ticked"_s.arg(
+        locale.toString(m_preview.ticked()), locale.toString(m_preview.count() - m_preview.obstructed())));
     m_ui->cmdGoOn->setEnabled(m_preview.ticked() > 0);
 }
 

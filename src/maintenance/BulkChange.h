@@ -58,7 +58,8 @@ private:
 /** Tells whoever deleted songs how they come back. */
 [[nodiscard]] QString waysBack();
 
-/** What takes the songs with these keys out of the catalogue. @p database outlives it. @throws dao::DaoError. */
+/** What takes the songs with these keys out of the catalogue. @p database outlives it. @throws dao::DaoError.
+ */
 [[nodiscard]] BulkChange::Work deletionOf(const std::vector<qint64> &songs, dao::Database &database);
 
 } // namespace quaverly

@@ -63,8 +63,8 @@ void DeleteDisplayed::bringUpToDate()
     if (isWholeTable(m_parts.set, list.RecordSource()))
         return;
     const Hourglass hourglass(m_parts.services.desktop);
-    const auto now =
-        m_parts.services.catalogue.CatalogueDb->OpenRecordset(list.RecordSource(), dao::RecordsetType::Dynaset);
+    const auto now = m_parts.services.catalogue.CatalogueDb->OpenRecordset(list.RecordSource(),
+                                                                           dao::RecordsetType::Dynaset);
     if (dao::keysOf(*now) == dao::keysOf(list.Recordset()))
         return;
     const KeepRow row(list);

@@ -140,12 +140,13 @@ void DuplicateCommands::deleteBy(const Rule &rule)
         const auto songs = confirmedSongs(rule);
         if (!songs || !deleteSongs(rule, *songs))
             return;
-        m_parts.services.desktop.MessageBox(QString::number(songs->size()) +
-                                       u" Duplicates Deleted from the Quaverly database.  This does not "
-                                       "delete the actual music file from your computer.  You can re-scan to "
-                                       "put these duplicate songs back into Quaverly.\n\n"_s +
-                                       waysBack(),
-                                   u"Duplicates Deleted"_s);
+        m_parts.services.desktop.MessageBox(
+            QString::number(songs->size()) +
+                u" Duplicates Deleted from the Quaverly database.  This does not "
+                "delete the actual music file from your computer.  You can re-scan to "
+                "put these duplicate songs back into Quaverly.\n\n"_s +
+                waysBack(),
+            u"Duplicates Deleted"_s);
     });
 }
 

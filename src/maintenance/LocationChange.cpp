@@ -149,9 +149,9 @@ bool LocationChange::mayLeadNowhere(const PathChange &change, const Presence &pr
         presenceOf({EnsureBackslash(change.replacement)}).found > 0)
         return true;
     return m_parts.services.desktop.MessageBox(u"There is no such folder: "_s + change.replacement +
-                                          u"\n\nDo you want to go on all the same?"_s,
-                                      u"Folder not found"_s, Icon::Exclamation, Buttons::YesNo,
-                                      Answer::No) == Answer::Yes;
+                                                   u"\n\nDo you want to go on all the same?"_s,
+                                               u"Folder not found"_s, Icon::Exclamation, Buttons::YesNo,
+                                               Answer::No) == Answer::Yes;
 }
 
 bool LocationChange::confirmed(const QString &question, const PathChange &change,

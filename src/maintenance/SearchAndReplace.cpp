@@ -95,7 +95,7 @@ bool SearchAndReplace::run(ReplaceRequest &request)
     if (isNullWord(request.replacement))
         request.replacement.clear();
     m_parts.services.desktop.MessageBox(u"Update completed.  Records changed: "_s + QString::number(records),
-                               u"Finished"_s);
+                                        u"Finished"_s);
     return true;
 }
 
@@ -103,7 +103,7 @@ bool SearchAndReplace::isComplete(const ReplaceRequest &request)
 {
     if (request.field.isEmpty()) {
         m_parts.services.desktop.MessageBox(u"You must indicate which field you want to change."_s,
-                                   u"Field not indicated"_s, Icon::Exclamation);
+                                            u"Field not indicated"_s, Icon::Exclamation);
         return false;
     }
     if (!isGreaterThanBlank(request.original) || !isGreaterThanBlank(request.replacement)) {
@@ -120,13 +120,12 @@ bool SearchAndReplace::isComplete(const ReplaceRequest &request)
 bool SearchAndReplace::isConfirmed(const ReplaceRequest &request, TextChange &change, qint64 &records)
 {
     std::unique_ptr<TextPreview> preview;
-    if (!quaverly::isConfirmed(m_parts.services.desktop, {question(request, records), u"Confirmation"_s},
-                               [&]() -> Preview & {
-                                   preview = std::make_unique<TextPreview>(
-                                       SongPreview::Ground{database(), m_parts.set.Data1()},
-                                       sentence(request), std::vector{change});
-                                   return *preview;
-                               }))
+    if (!quaverly::isConfirmed(
+            m_parts.services.desktop, {question(request, records), u"Confirmation"_s}, [&]() -> Preview & {
+                preview = std::make_unique<TextPreview>(SongPreview::Ground{database(), m_parts.set.Data1()},
+                                                        sentence(request), std::vector{change});
+                return *preview;
+            }))
         return false;
     if (preview) {
         change = preview->chosen().front();

@@ -91,8 +91,8 @@ std::vector<FolderChange> collisions(dao::Database &database, const std::vector<
     folders.reserve(static_cast<qsizetype>(changes.size()));
     for (const FolderChange &change : changes)
         folders.insert(change.song, change.folder);
-    const auto rows = database.OpenRecordset(
-        u"Select RecordID, PathName, FileName From tblContacts"_s, dao::RecordsetType::Snapshot);
+    const auto rows = database.OpenRecordset(u"Select RecordID, PathName, FileName From tblContacts"_s,
+                                             dao::RecordsetType::Snapshot);
     std::vector<FileOwners::Song> songs;
     songs.reserve(static_cast<std::size_t>(rows->RecordCount()));
     rows->forEachRow({0, 1, 2}, [&](qint64 /*position*/, std::span<const QByteArrayView> texts) {
@@ -141,9 +141,9 @@ std::vector<TextPreview::Found> TextPreview::rowsOf(std::size_t number) const
 {
     const TextChange &change = m_changes[number];
     const bool isSong = change.place.table == Songs;
-    const auto rows = ground().database.OpenRecordset(
-        u"Select * From "_s + change.place.table + u" Where "_s + change.condition,
-        dao::RecordsetType::Dynaset);
+    const auto rows = ground().database.OpenRecordset(u"Select * From "_s + change.place.table +
+                                                          u" Where "_s + change.condition,
+                                                      dao::RecordsetType::Dynaset);
     const QString heading = headingOf(change.place);
     const QList<int> fields{rows->fieldIndex(change.place.name()),
                             rows->fieldIndex(isSong ? u"RecordID"_s : u"ContactRecordID"_s),

@@ -7,8 +7,8 @@
 namespace quaverly {
 
 /**
- * What changes of texts would make of each row. Texts that would outgrow their field, and songs that would come
- * to the file of another one, can't be changed.
+ * What changes of texts would make of each row. Texts that would outgrow their field, and songs that would
+ * come to the file of another one, can't be changed.
  */
 class TextPreview final : public SongPreview
 {

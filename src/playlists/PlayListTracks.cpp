@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlists/PlayListTracks.h"
 
-#include "desktop/Desktop.h"
+#include "desktop/PreviewQuestion.h"
 #include "platform/text/Text.h"
 #include "player/SongColumns.h"
+#include "playlists/TrackPreview.h"
 #include "songlist/DataControl.h"
 #include "songlist/ListTexts.h"
 
@@ -61,7 +62,7 @@ qint64 PlayListTracks::countDisplayed() const
     return rows->value(u"RowCount"_s).toLongLong();
 }
 
-bool PlayListTracks::mayAdd(qint64 songs)
+bool PlayListTracks::mayAdd(qint64 songs, const std::function<Preview &()> &preview)
 {
     const QString count = QString::number(songs);
     // What the list holds already does not count.
@@ -73,13 +74,25 @@ bool PlayListTracks::mayAdd(qint64 songs)
             QString::fromUtf16(ProductName));
         return false;
     }
-    return m_parts.services.desktop.MessageBox(
-               u"This will add every song displayed on the main screen (the Grid) to the current Play List.  "
-               "Songs will be added in the current Grid sort order.  Number of songs about to be added to "
-               "Play List: "_s +
-                   count + u".\r\n\r\nAre you sure?"_s,
-               u"Confirm Adding All *"_s + count + u"* Songs To Play List"_s, Icon::None, Buttons::YesNo,
-               Answer::No) == Answer::Yes;
+    return isConfirmed(
+        m_parts.services.desktop,
+        {u"This will add every song displayed on the main screen (the Grid) to the current Play List.  "
+         "Songs will be added in the current Grid sort order.  Number of songs about to be added to "
+         "Play List: "_s +
+             count + u".\r\n\r\nAre you sure?"_s,
+         u"Confirm Adding All *"_s + count + u"* Songs To Play List"_s},
+        preview);
+}
+
+QList<Track> PlayListTracks::displayedTracks() const
+{
+    const auto rows = m_parts.services.catalogue.CatalogueDb->OpenRecordset(
+        withColumns(m_parts.displayed.RecordSource(), columnsOfTracks()), dao::RecordsetType::Snapshot);
+    QList<Track> tracks;
+    tracks.reserve(rows->RecordCount());
+    for (; !rows->atEOF(); rows->MoveNext())
+        tracks.append(trackOfSong(*rows));
+    return tracks;
 }
 
 std::optional<qint64> PlayListTracks::addAllSongs(const PlayListName &list)
@@ -89,15 +102,18 @@ std::optional<qint64> PlayListTracks::addAllSongs(const PlayListName &list)
         const Hourglass hourglass(m_parts.services.desktop);
         songs = countDisplayed();
     }
-    if (!mayAdd(songs) || !isGreaterThanBlank(list.ListName) || !isThere(list))
+    std::unique_ptr<TrackPreview> preview;
+    if (!mayAdd(songs,
+                [&]() -> Preview & {
+                    preview = std::make_unique<TrackPreview>(
+                        SongPreview::Ground{*m_parts.services.catalogue.CatalogueDb, m_parts.displayed},
+                        list.ListName, displayedTracks());
+                    return *preview;
+                }) ||
+        !isGreaterThanBlank(list.ListName) || !isThere(list))
         return std::nullopt;
     const Hourglass hourglass(m_parts.services.desktop);
-    const auto rows = m_parts.services.catalogue.CatalogueDb->OpenRecordset(
-        withColumns(m_parts.displayed.RecordSource(), columnsOfTracks()), dao::RecordsetType::Snapshot);
-    QList<Track> tracks;
-    tracks.reserve(rows->RecordCount());
-    for (; !rows->atEOF(); rows->MoveNext())
-        tracks.append(trackOfSong(*rows));
+    const QList<Track> tracks = preview ? preview->tickedTracks() : displayedTracks();
     m_parts.lists.addTracks(list.ListID, tracks);
     return tracks.size();
 }

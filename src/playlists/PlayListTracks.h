@@ -8,6 +8,7 @@
 namespace quaverly {
 
 class DataControl;
+class Preview;
 
 /** What the commands on a list's tracks work with. All of it outlives them. */
 struct PlayListTracksParts
@@ -56,7 +57,8 @@ private:
     /** False when it was told that the list has been deleted. */
     [[nodiscard]] bool isThere(const PlayListName &list);
     [[nodiscard]] qint64 countDisplayed() const;
-    [[nodiscard]] bool mayAdd(qint64 songs);
+    [[nodiscard]] bool mayAdd(qint64 songs, const std::function<Preview &()> &preview);
+    [[nodiscard]] QList<Track> displayedTracks() const;
 
     PlayListTracksParts m_parts;
     TrackRows m_rows;

@@ -8,6 +8,7 @@
 #include "lists/PlayerState.h"
 #include "platform/text/Text.h"
 #include "playlists/ChartLine.h"
+#include "playlists/TrackPreview.h"
 
 #include <QStringDecoder>
 
@@ -105,16 +106,35 @@ void PopulateFromText::mnuFilePopulate_Click()
             {nullptr, Icon::None});
 }
 
-bool PopulateFromText::isConfirmed()
+PopulateFromText::Wish PopulateFromText::ask()
 {
-    return m_parts.services.desktop.MessageBox(explanation(), u"Confirmation"_s, Icon::Question,
-                                               Buttons::YesNo, std::nullopt) == Answer::Yes;
+    switch (m_parts.services.desktop.MessageWithMore(explanation(), u"Confirmation"_s, Icon::Question,
+                                                     Buttons::YesNo, std::nullopt,
+                                                     QString::fromUtf16(ShowChangesCaption))) {
+    case Answer::Yes:
+        return Wish::Add;
+    case Answer::More:
+        return Wish::Look;
+    default:
+        return Wish::Nothing;
+    }
+}
+
+bool PopulateFromText::isWanted(Found &found, const QString &list)
+{
+    TrackPreview preview({*m_parts.services.catalogue.CatalogueDb, m_parts.displayed}, list, found.tracks,
+                         found.linesWithoutSong);
+    if (!m_parts.services.desktop.ShowPreview(preview))
+        return false;
+    found.tracks = preview.tickedTracks();
+    return true;
 }
 
 void PopulateFromText::populate()
 {
     const QString name = m_parts.state.CurrentPlayListName;
-    if (!isConfirmed() || name.isEmpty())
+    const Wish wish = ask();
+    if (wish == Wish::Nothing || name.isEmpty())
         return;
     const auto path = m_parts.services.desktop.ShowOpenDialog(
         {u"Select a text file"_s,
@@ -131,7 +151,12 @@ void PopulateFromText::populate()
                                             u"Sub mnuPopupAddToPlaylist_Click"_s, Icon::Stop);
         return;
     }
-    const Found found = find(readText(*path), MostTracks - m_parts.lists.countTracks(*list));
+    Found found = find(readText(*path), MostTracks - m_parts.lists.countTracks(*list));
+    if (wish == Wish::Look && !isWanted(found, name)) {
+        m_textFile.close();
+        m_parts.services.desktop.resetPointer();
+        return;
+    }
     if (!found.tracks.isEmpty())
         m_parts.lists.addTracks(*list, found.tracks);
     if (found.isFull) {
@@ -183,6 +208,7 @@ PopulateFromText::Found PopulateFromText::find(const QString &text, qint64 room)
         } else if (isGreaterThanBlank(line.trimmed())) {
             report.note(u"No song of this name and artist was found."_s);
             report.settle(line);
+            found.linesWithoutSong.append(line);
         }
         return true;
     });

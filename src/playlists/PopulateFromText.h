@@ -12,6 +12,7 @@
 
 namespace quaverly {
 
+class DataControl;
 struct PlayerState;
 
 /** What filling a list from a text works with. All of it outlives the command. */
@@ -19,6 +20,8 @@ struct PopulateParts
 {
     Services services;
     PlayListStore &lists;
+    /** The songs that the main screen shows. */
+    DataControl &displayed;
     /** Its CurrentPlayListName is the list that is filled. */
     const PlayerState &state;
     /** Where the dialog starts. */
@@ -42,11 +45,15 @@ private:
     struct Found
     {
         QList<Track> tracks{};
+        QStringList linesWithoutSong{};
         bool isFull = false;
     };
 
     void populate();
-    [[nodiscard]] bool isConfirmed();
+    enum class Wish { Nothing, Add, Look };
+    [[nodiscard]] Wish ask();
+    /** Shows what would be added; false when it is not to be. */
+    [[nodiscard]] bool isWanted(Found &found, const QString &list);
     [[nodiscard]] QString readText(const QString &path);
     [[nodiscard]] Found find(const QString &text, qint64 room) const;
 

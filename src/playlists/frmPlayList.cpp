@@ -41,6 +41,7 @@ frmPlayList::frmPlayList(PlayListParts parts, QWidget *parent)
                .setScreenEnabled = [this](bool on) { setEnabled(on); }}),
       m_populate({.services = m_parts.services,
                   .lists = m_lists,
+                  .displayed = m_parts.displayed.Data1(),
                   .state = m_parts.state,
                   .LastMusicFolder = m_parts.LastMusicFolder,
                   .reportPath = m_parts.populateReport,

@@ -14,24 +14,6 @@ namespace quaverly {
 
 namespace {
 
-/** In the order of the list; one that stands there twice comes once. */
-std::vector<PlannedChange> plansOf(dao::Recordset &songs)
-{
-    const qint64 count = songs.RecordCount();
-    QSet<qint64> seen;
-    seen.reserve(count);
-    std::vector<PlannedChange> plans;
-    plans.reserve(static_cast<std::size_t>(count));
-    for (qint64 position = 0; position < count; ++position) {
-        const qint64 song = songs.bookmarkAt(position).key;
-        const qsizetype before = seen.size();
-        seen.insert(song);
-        if (seen.size() > before)
-            plans.push_back({.song = song});
-    }
-    return plans;
-}
-
 QStringList textsOf(dao::Database &database, qint64 song, const QStringList &fields)
 {
     return dao::History(database)
@@ -79,7 +61,7 @@ std::vector<qint64> SongPreview::tickedSongs() const
 
 DeletionPreview::DeletionPreview(const Ground &ground) : SongPreview(ground)
 {
-    std::vector<PlannedChange> plans = plansOf(ground.displayed.Recordset());
+    std::vector<PlannedChange> plans = plansOfDisplayed(ground);
     const QString songs = countedSongs(static_cast<qint64>(plans.size()));
     setPlan(u"Delete from the database: %1.  No music file is touched."_s.arg(songs), std::move(plans));
 }
@@ -91,6 +73,24 @@ ChangedRowTexts DeletionPreview::row(int row) const
     texts.before = fileOfSong(ground().database, plan(row).song);
     texts.after = isTicked(row) ? u"Deleted"_s : u"Stays"_s;
     return texts;
+}
+
+std::vector<PlannedChange> plansOfDisplayed(const SongPreview::Ground &ground)
+{
+    dao::Recordset &songs = ground.displayed.Recordset();
+    const qint64 count = songs.RecordCount();
+    QSet<qint64> seen;
+    seen.reserve(count);
+    std::vector<PlannedChange> plans;
+    plans.reserve(static_cast<std::size_t>(count));
+    for (qint64 position = 0; position < count; ++position) {
+        const qint64 song = songs.bookmarkAt(position).key;
+        const qsizetype before = seen.size();
+        seen.insert(song);
+        if (seen.size() > before)
+            plans.push_back({.song = song});
+    }
+    return plans;
 }
 
 QString songAndArtist(dao::Database &database, qint64 song)

@@ -68,6 +68,9 @@ public:
     [[nodiscard]] ChangedRowTexts row(int row) const override;
 };
 
+/** The displayed songs in their order, each once, and nothing planned yet. @throws dao::DaoError */
+[[nodiscard]] std::vector<PlannedChange> plansOfDisplayed(const SongPreview::Ground &ground);
+
 /** "Song, by Artist"; "song number 7" where it is gone. @throws dao::DaoError */
 [[nodiscard]] QString songAndArtist(dao::Database &database, qint64 song);
 /** Where a song's file is said to be; empty without one. @throws dao::DaoError */

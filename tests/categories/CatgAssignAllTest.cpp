@@ -36,6 +36,26 @@ TEST_F(TheBulkScreen, AssignsAndRemovesWhatIsDisplayed)
     EXPECT_TRUE(isOpen());
 }
 
+TEST_F(TheBulkScreen, ActsOnTheSongsThatAreTickedInThePreview)
+{
+    openAll();
+    const auto look = [&](const S &button, qsizetype rows, const S &statistics) {
+        desktop.willAnswer(Answer::More)
+            .willPreview([=](QWidget &preview) {
+                EXPECT_EQ(rowsOf(preview).size(), rows);
+                tickRow(preview, 0);
+                click(preview, u"cmdGoOn"_s);
+            })
+            .willSee(statistics);
+        press(button);
+        EXPECT_EQ(desktop.lastCall().text, statistics);
+    };
+    look(u"cmdAssign"_s, 5, u"Number of Songs assigned to Category \"Jazz\" (4)."_s);
+    EXPECT_EQ(songsOf(jazz).size(), 6);
+    look(u"cmdDelete"_s, 6, u"Number of Songs removed from Category \"Jazz\" (5)."_s);
+    EXPECT_EQ(songsOf(jazz).size(), 1);
+}
+
 TEST_F(TheBulkScreen, ActsOnTheRowsShownWhateverTheStatementWouldFindNow)
 {
     // Two songs displayed, one of them twice, that no longer are what the statement asks for.

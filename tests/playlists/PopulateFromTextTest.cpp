@@ -3,8 +3,10 @@
 
 #include "lists/PlayerState.h"
 #include "playlists/ChartLine.h"
+#include "songlist/DataControl.h"
 #include "support/Files.h"
 #include "support/ScriptedDesktop.h"
+#include "support/UserActs.h"
 #include "support/store/StoreFixture.h"
 
 #include <QStringEncoder>
@@ -76,11 +78,13 @@ protected:
     ScriptedDesktop desktop;
     PlayerState state;
     PlayListStore lists{store.catalogue()};
+    DataControl displayed{store.catalogue()};
     QString lastMusicFolder = store.path(u"music"_s);
     qint64 list = 0;
     int files = 0, loads = 0;
     PopulateFromText commands{{.services = store.services(desktop),
                                .lists = lists,
+                               .displayed = displayed,
                                .state = state,
                                .LastMusicFolder = lastMusicFolder,
                                .reportPath = store.path(u"state/populate.txt"_s),
@@ -101,6 +105,27 @@ TEST_F(Populate, AddsTheSongsOfALineInEitherOrder)
     populate({});
     EXPECT_EQ(loads, 2);
     EXPECT_EQ(report(), "no such file");
+}
+
+TEST_F(Populate, AddsWhatIsTickedInThePreview)
+{
+    for (const char *button : {"cmdGiveUp", "cmdGoOn"}) {
+        writeFile(store.path(u"charts.txt"_s),
+                  "Satisfaction, The Rolling Stones\nNo Such Song, Nobody\nJóga, Björk\n");
+        desktop.willAnswer(Answer::More)
+            .willOpen(store.path(u"charts.txt"_s))
+            .willPreview([=](QWidget &preview) {
+                EXPECT_EQ(rowsOf(preview),
+                          (QStringList{
+                              u"- No Such Song, Nobody |  |  | No song of this name and artist was found."_s,
+                              u"x Satisfaction, by The Rolling Stones | Play list |  | Charts"_s,
+                              u"x Jóga, by Björk | Play list |  | Charts"_s}));
+                tickRow(preview, 1);
+                click(preview, QString::fromLatin1(button));
+            });
+        commands.mnuFilePopulate_Click();
+    }
+    EXPECT_EQ(tracks(), u"3"_s);
 }
 
 TEST_F(Populate, ReadsTheTextsOfAllMachines)

@@ -13,9 +13,9 @@ namespace {
 
 const char *nameOf(Shown shown)
 {
-    constexpr std::array names = {"message box",  "prompt",      "warning",
-                                  "open dialog",  "save dialog", "folder dialog",
-                                  "color dialog", "font dialog", "printer dialog", "preview"};
+    constexpr std::array names = {"message box",    "prompt",        "warning",      "open dialog",
+                                  "save dialog",    "folder dialog", "color dialog", "font dialog",
+                                  "printer dialog", "preview"};
     return names.at(static_cast<std::size_t>(shown));
 }
 
@@ -147,9 +147,8 @@ Answer ScriptedDesktop::MessageBox(const QString &text, const QString &title, Ic
     return MessageWithMore(text, title, icon, buttons, defaultAnswer, {});
 }
 
-Answer ScriptedDesktop::MessageWithMore(const QString &text, const QString &title, Icon icon,
-                                        Buttons buttons, std::optional<Answer> defaultAnswer,
-                                        const QString &more)
+Answer ScriptedDesktop::MessageWithMore(const QString &text, const QString &title, Icon icon, Buttons buttons,
+                                        std::optional<Answer> defaultAnswer, const QString &more)
 {
     const DesktopCall call{.text = text,
                            .title = title,

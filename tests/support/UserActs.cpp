@@ -131,6 +131,28 @@ void chooseMenu(const QWidget &window, const QString &name)
         action->trigger();
 }
 
+QStringList rowsOf(const QWidget &screen, const QString &table)
+{
+    const QAbstractItemModel &model = *child<QTableView>(screen, table)->model();
+    QStringList rows;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < model.columnCount(); ++column)
+            cells += model.index(row, column).data().toString();
+        const QVariant tick = model.index(row, 0).data(Qt::CheckStateRole);
+        rows += (tick.toInt() == Qt::Checked ? QStringLiteral("x ") : QStringLiteral("- ")) +
+                cells.join(QStringLiteral(" | "));
+    }
+    return rows;
+}
+
+void tickRow(const QWidget &screen, int row, const QString &table)
+{
+    auto *view = child<QTableView>(screen, table);
+    view->selectRow(row);
+    key(view, Qt::Key_Space);
+}
+
 void inDialog(const std::function<void(QWidget &)> &act)
 {
     const QDeadlineTimer deadline(DialogPatienceMs);

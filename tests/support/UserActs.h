@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTest>
 
 #include <functional>
@@ -43,6 +44,11 @@ void key(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoM
 
 /** Opens the menus that lead to the entry of that object name and chooses it. */
 void chooseMenu(const QWidget &window, const QString &name);
+
+/** The rows of a table, cells with " | " in between, an "x " before a ticked row and "- " before another. */
+[[nodiscard]] QStringList rowsOf(const QWidget &screen, const QString &table = QStringLiteral("listRows"));
+/** Goes to a row of the table and presses the space bar there. */
+void tickRow(const QWidget &screen, int row, const QString &table = QStringLiteral("listRows"));
 
 /**
  * Runs @p act on the dialog that a coming call will show and wait in; fails the test when none is up

@@ -48,8 +48,7 @@ std::vector<qint64> keysOf(Recordset &rows)
     return keys;
 }
 
-RowKeys::RowKeys(Database &database, std::vector<qint64> keys)
-    : m_database(database), m_keys(std::move(keys))
+RowKeys::RowKeys(Database &database, std::vector<qint64> keys) : m_database(database), m_keys(std::move(keys))
 {
     sortOnce(m_keys);
     fill(m_database.impl(), m_keys);
