@@ -35,6 +35,7 @@ class NoPlayer final : public Player
 public:
     void unload() override {}
     void play(PlayRequest /*request*/) override {}
+    bool addToQueue(const SongQueue & /*songs*/, bool /*next*/) override { return false; }
     void showPlayLists() override {}
 };
 

@@ -154,6 +154,13 @@ qint64 PlayListStore::addList(const QString &listName, const QString &notes)
     return rows->LastModified().key;
 }
 
+void PlayListStore::addListWithTracks(const QString &listName, const QList<Track> &tracks)
+{
+    dao::Transaction transaction(database().workspace());
+    addTracks(addList(listName, {}), tracks);
+    transaction.commit();
+}
+
 bool PlayListStore::editList(qint64 listId, const QString &listName, const QString &notes)
 {
     const auto rows = dynaset(playlistsql::header(listId));

@@ -114,6 +114,8 @@ public:
     [[nodiscard]] bool isTaken(const QString &listName) const;
     /** The name's trailing blanks are cut. */
     qint64 addList(const QString &listName, const QString &notes);
+    /** Both or neither. */
+    void addListWithTracks(const QString &listName, const QList<Track> &tracks);
     /** Name and notes of a header; the tracks know it by its number. False without that list. */
     bool editList(qint64 listId, const QString &listName, const QString &notes);
     /** With its tracks, or not at all. */

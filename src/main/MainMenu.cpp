@@ -95,6 +95,8 @@ void wireSongs(const MenuWiring &wiring, const MenuTargets &to)
          {to.ui.ScanFiles, call(to.add, &AddCommands::ScanFiles_Click)},
          {to.ui.mnuPlayCurrentSong, call(to.play, &PlayCommands::cmdPlay_Click)},
          {to.ui.mnuPopupPlay, call(to.play, &PlayCommands::cmdPlay_Click)},
+         {to.ui.mnuPopupPlayNext, call(to.play, &PlayCommands::mnuPopupPlayNext_Click)},
+         {to.ui.mnuPopupAddToQueue, call(to.play, &PlayCommands::mnuPopupAddToQueue_Click)},
          {to.ui.mnuPlayAllSongs, call(to.play, &PlayCommands::cmdPlayAll_Click)},
          {to.ui.mnuPlayFolder, call(to.play, &PlayCommands::mnuPlayFolder_Click)},
          {to.ui.mnuPlayFolderAndSubfolders, call(to.play, &PlayCommands::mnuPlayFolderAndSubfolders_Click)},

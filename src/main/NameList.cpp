@@ -105,8 +105,9 @@ void NameList::build()
     buildPlayCommands();
     buildCommands();
     addIcons();
-    m_popup = new SongPopup({m_ui->mnuPopupAddToPlaylist, m_ui->mnuPopupPlay, m_ui->mnuPopupAssignToCategory,
-                             m_ui->mnuPopupCopyFile, m_ui->mnuPopupDelete},
+    m_popup = new SongPopup({m_ui->mnuPopupAddToPlaylist, m_ui->mnuPopupPlay, m_ui->mnuPopupPlayNext,
+                             m_ui->mnuPopupAddToQueue, m_ui->mnuPopupAssignToCategory, m_ui->mnuPopupCopyFile,
+                             m_ui->mnuPopupDelete},
                             m_ui->mnuPopupAddToPlaylist, this);
     showEmptyState();
     SongGrid &grid = *m_ui->Table1;

@@ -101,11 +101,36 @@ SongAdded AddToPlayList::addFromPlayer(const QString &listName, const QString &s
             u"Not added"_s);
         return SongAdded::No;
     }
+    m_store.addTrack(*list, trackOf(song, url));
+    return SongAdded::Yes;
+}
+
+Track AddToPlayList::trackOf(const QString &song, const QString &url) const
+{
     Track track = trackOfRow(song, url);
     if (const auto record = m_store.songOfFile(url))
         track.ContactRecordID = *record;
-    m_store.addTrack(*list, track);
-    return SongAdded::Yes;
+    return track;
+}
+
+QString AddToPlayList::saveFromPlayer(const SongQueue &queue)
+{
+    const QString title = u"Save as Play List"_s;
+    const QString name =
+        withoutTrailingBlanks(singleQuotes(m_desktop.InputPrompt(u"Name of the new play list:"_s, title)));
+    if (!isGreaterThanBlank(name))
+        return {};
+    if (m_store.isTaken(name)) {
+        m_desktop.MessageBox(u"A Play List already exists with this name.  Please chose another name."_s,
+                             u"Name already taken"_s, Icon::Exclamation);
+        return {};
+    }
+    QList<Track> tracks;
+    tracks.reserve(queue.count());
+    for (int row = 0; row < queue.count(); ++row)
+        tracks.append(trackOf(queue.song(row), queue.url(row)));
+    m_store.addListWithTracks(name, tracks);
+    return name;
 }
 
 void AddToPlayList::deleteFromPlayer(const QString &url)

@@ -6,6 +6,7 @@
 namespace quaverly {
 
 class Desktop;
+class SongQueue;
 struct PlayerState;
 
 /** What came of an add of one song. */
@@ -34,11 +35,15 @@ public:
     /** The player's: its row @p song with the file @p url, to the list of that name. */
     SongAdded addFromPlayer(const QString &listName, const QString &song, const QString &url);
 
+    /** The player's whole list as a new play list, whose name is asked for; its name, or nothing. */
+    [[nodiscard]] QString saveFromPlayer(const SongQueue &queue);
+
     /** Removes all tracks with that file from the list whose songs the player plays. */
     void deleteFromPlayer(const QString &url);
 
 private:
     SongAdded tellNoList();
+    [[nodiscard]] Track trackOf(const QString &song, const QString &url) const;
     [[nodiscard]] bool hasFile(From from, const dao::Recordset &song);
 
     Desktop &m_desktop;

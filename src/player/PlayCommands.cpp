@@ -291,6 +291,36 @@ void PlayCommands::mnuPopupAddToPlaylist_Click()
     run(u"Sub mnuPopupAddToPlaylist_Click"_s, [this] { addToPlayList(); });
 }
 
+void PlayCommands::mnuPopupPlayNext_Click()
+{
+    run(u"Play Next"_s, [this] { addToQueue(true); });
+}
+
+void PlayCommands::mnuPopupAddToQueue_Click()
+{
+    run(u"Add to Queue"_s, [this] { addToQueue(false); });
+}
+
+void PlayCommands::addToQueue(bool next)
+{
+    if (!m_parts.displayed.hasRows())
+        return;
+    const QString fileName = m_parts.displayed.currentText(u"FileName"_s);
+    const QString path = m_parts.displayed.currentText(u"PathName"_s) + fileName;
+    if (fileName.isEmpty() || !FileExists(path)) {
+        ShowFileNotFound(m_parts.services.desktop, path);
+        return;
+    }
+    PlayRequest request;
+    request.songs.add(currentRow(), path);
+    if (m_parts.player.addToQueue(request.songs, next))
+        return;
+    writeList(request.songs);
+    request.CurrentPlayTitle = request.caption = u"Queue"_s;
+    request.cmdDelete = false;
+    playList(std::move(request));
+}
+
 void PlayCommands::addToPlayList()
 {
     if (m_parts.state.CurrentPlayListName.isEmpty()) {

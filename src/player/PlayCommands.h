@@ -76,6 +76,9 @@ public:
     void playFromEditor(const EditedSong &song, const EditorScreens &screens);
 
     void mnuPopupAddToPlaylist_Click();
+    /** The current song behind the one that plays, or at the end; without a player it is played. */
+    void mnuPopupPlayNext_Click();
+    void mnuPopupAddToQueue_Click();
 
 private:
     void run(const QString &title, const std::function<void()> &command);
@@ -94,6 +97,7 @@ private:
     void playList(PlayRequest request);
     void tellNoSongsInFolder();
     void addToPlayList();
+    void addToQueue(bool next);
 
     PlayParts m_parts;
     PlayListStore m_lists;

@@ -29,7 +29,6 @@ namespace quaverly {
 
 namespace {
 
-constexpr int DeletedShownMs = 800;
 constexpr int LeastRows = 3;
 
 } // namespace
@@ -39,7 +38,7 @@ PlayForm::PlayForm(PlayFormParts parts, QWidget *parent)
       m_lists(m_parts.services.catalogue), m_addToPlayList(m_parts.services.desktop, m_parts.state, m_lists),
       m_media(m_parts.makeMediaPlayer()),
       m_songs(new SongListModel(m_queue, SongListModel::List::Songs, this)),
-      m_urls(new SongListModel(m_queue, SongListModel::List::Urls, this))
+      m_urls(new SongListModel(m_queue, SongListModel::List::Urls, this)), m_edit(m_queue, *m_songs, *m_media)
 {
     m_ui->setupUi(this);
     m_ui->lbSongs->setModel(m_songs);
@@ -48,6 +47,7 @@ PlayForm::PlayForm(PlayFormParts parts, QWidget *parent)
     m_playLists = std::make_unique<AddToPlayListBox>(*m_ui->cmbHeader, *m_ui->txtSongAddedToPlaylist);
     m_keys = std::make_unique<PlayerKeys>(*this, *m_ui->WindowsMediaPlayer1, m_ui->lbSongs);
     wire();
+    wireQueue();
     wireMedia();
     listenToDesktop();
     Form_Load();
@@ -156,7 +156,7 @@ void PlayForm::fill(const PlayRequest &request)
     m_ui->lblSelectedPlaylist->setVisible(request.playListControls);
     m_ui->cmdAddToPlaylist->setVisible(request.playListControls);
     if (request.showsCount)
-        m_ui->lblNumSongs->setText(u"Number of songs: "_s + QString::number(m_queue.count()));
+        showCount();
     showQueue();
 }
 
@@ -264,7 +264,7 @@ void PlayForm::cmdDelete_Click()
     guarded(m_parts.services.desktop, m_ui->cmdDelete->text(), [this] {
         m_addToPlayList.deleteFromPlayer(m_queue.url(m_queue.ListIndex()));
         m_media->controls().next();
-        m_playLists->confirm(u"Deleted from Playlist"_s, DeletedShownMs);
+        m_playLists->confirm(u"Deleted from Playlist"_s, ConfirmationMs);
     });
 }
 

@@ -6,12 +6,15 @@
 #include "player/NextSong.h"
 #include "player/PlayerKeys.h"
 #include "player/PlayerRules.h"
+#include "player/QueueEdit.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
 #include <functional>
 #include <memory>
+
+class QMenu;
 
 namespace media {
 class MediaPlayer;
@@ -61,6 +64,8 @@ public:
 
     /** Takes the songs, and shows and hides what the command asks for. */
     void fill(const PlayRequest &request);
+    /** Puts songs behind the one that plays, or at the end. A player of one song goes on with a list. */
+    void addToQueue(const SongQueue &songs, bool next);
     /** Offers the play lists that there are now, under their present names. */
     void showPlayLists();
 
@@ -72,6 +77,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    static constexpr int ConfirmationMs = 800;
+
     void wire();
     void wireMedia();
     void listenToDesktop();
@@ -89,6 +96,17 @@ private:
     void cmdAddToPlaylist_Click();
     void cmdDelete_Click();
     void cmdLyrics_Click();
+    void lbSongs_MouseUp(const QPoint &place);
+    void mnuQueuePlayNext_Click();
+    void mnuQueueMoveUp_Click();
+    void mnuQueueMoveDown_Click();
+    void mnuQueueRemove_Click();
+    void mnuQueueSave_Click();
+    void wireQueue();
+    void moveInQueue(int from, int to);
+    void leaveOneFile();
+    void queueEdited();
+    void showCount();
 
     void WindowsMediaPlayer1_PlayStateChange(int NewState);
     void WindowsMediaPlayer1_CurrentItemChange();
@@ -118,6 +136,7 @@ private:
     AddToPlayList m_addToPlayList;
     std::unique_ptr<AddToPlayListBox> m_playLists;
     std::unique_ptr<PlayerKeys> m_keys;
+    QMenu *m_popup;
     /** Null once unloaded. */
     std::unique_ptr<media::MediaPlayer> m_media;
     /** Media keys and the desktop's player widget. */
@@ -128,6 +147,7 @@ private:
     SongQueue m_walked;
     SongListModel *m_songs;
     SongListModel *m_urls;
+    QueueEdit m_edit;
     /** Null in a run that has no catalogue. */
     std::unique_ptr<NextSong> m_nextSong;
     QPointer<frmNowPlaying> m_nowPlaying;

@@ -23,6 +23,13 @@ void PlayForms::unload()
         m_form->close();
 }
 
+bool PlayForms::addToQueue(const SongQueue &songs, bool next)
+{
+    if (m_form)
+        m_form->addToQueue(songs, next);
+    return m_form != nullptr;
+}
+
 void PlayForms::showPlayLists()
 {
     if (m_form)

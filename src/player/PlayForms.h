@@ -19,6 +19,7 @@ public:
 
     void unload() override;
     void play(PlayRequest request) override;
+    bool addToQueue(const SongQueue &songs, bool next) override;
     void showPlayLists() override;
 
     /** Null while no player is open. */

@@ -47,6 +47,8 @@ public:
     virtual void unload() = 0;
     /** Opens the player, which must not be open, shows it beside the other screens and plays. */
     virtual void play(PlayRequest request) = 0;
+    /** Puts songs behind the one that plays, or at the end of its list; false while no player is open. */
+    virtual bool addToQueue(const SongQueue &songs, bool next) = 0;
     /** Play lists came, went or got another name: an open player offers those that there are now. */
     virtual void showPlayLists() = 0;
 };

@@ -49,8 +49,9 @@ PlayerKeys::PlayerKeys(QWidget &window, MediaBar &bar, SongListView *songs)
 bool PlayerKeys::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+        const auto *press = static_cast<QKeyEvent *>(event);
+        const bool arrow = press->key() == Qt::Key_Up || press->key() == Qt::Key_Down;
+        if (arrow && (press->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
             event->accept();
             return true;
         }

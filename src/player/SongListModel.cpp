@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
-SongListModel::SongListModel(const SongQueue &queue, List list, QObject *parent)
+SongListModel::SongListModel(SongQueue &queue, List list, QObject *parent)
     : QAbstractListModel(parent), m_queue(queue), m_list(list)
 {}
 
@@ -44,6 +44,44 @@ QVariant SongListModel::data(const QModelIndex &index, int role) const
     default:
         return {};
     }
+}
+
+void SongListModel::insert(int row, const QString &song, const QString &url)
+{
+    beginInsertRows({}, row, row);
+    m_queue.insert(row, song, url);
+    endInsertRows();
+}
+
+void SongListModel::remove(int row)
+{
+    beginRemoveRows({}, row, row);
+    m_queue.remove(row);
+    endRemoveRows();
+}
+
+void SongListModel::move(int from, int to)
+{
+    // The place is counted with the row still where it was.
+    if (from == to || !beginMoveRows({}, from, from, {}, to > from ? to + 1 : to))
+        return;
+    m_queue.move(from, to);
+    endMoveRows();
+}
+
+Qt::ItemFlags SongListModel::flags(const QModelIndex &index) const
+{
+    // Between the songs is where one can be dropped.
+    return index.isValid() ? QAbstractListModel::flags(index) | Qt::ItemIsDragEnabled : Qt::ItemIsDropEnabled;
+}
+
+bool SongListModel::moveRows(const QModelIndex & /*source*/, int from, int count,
+                             const QModelIndex & /*target*/, int to)
+{
+    if (count != 1)
+        return false;
+    Q_EMIT moveWanted(from, to > from ? to - 1 : to);
+    return true;
 }
 
 void SongListModel::reset()

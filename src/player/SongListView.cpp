@@ -28,8 +28,9 @@ SongListView::SongListView(QWidget *parent) : QListView(parent)
 bool SongListView::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+        const auto *press = static_cast<QKeyEvent *>(event);
+        const bool arrow = press->key() == Qt::Key_Up || press->key() == Qt::Key_Down;
+        if (arrow && (press->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
             event->accept();
             return true;
         }
@@ -48,6 +49,12 @@ void SongListView::keyPressEvent(QKeyEvent *event)
     const bool again = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (currentIndex().isValid() && (again || currentIndex() != before))
         Q_EMIT rowChosen(currentIndex().row());
+}
+
+void SongListView::startDrag(Qt::DropActions actions)
+{
+    QListView::startDrag(actions);
+    Q_EMIT dragEnded();
 }
 
 bool SongListView::isCut(const QModelIndex &index) const

@@ -16,11 +16,14 @@ public:
 
 Q_SIGNALS:
     void rowChosen(int row);
+    /** Wherever it was dropped. */
+    void dragEnded();
 
 protected:
     /** The arrow keys walk here, whatever they do in the window around. */
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void startDrag(Qt::DropActions actions) override;
     /** A text that is cut shows as a whole. */
     bool viewportEvent(QEvent *event) override;
 

@@ -39,6 +39,32 @@ void SongQueue::clear()
     m_listIndex = -1;
 }
 
+void SongQueue::insert(int row, const QString &song, const QString &url)
+{
+    m_songs.insert(row, song);
+    m_urls.insert(row, url);
+    m_listIndex += row <= m_listIndex ? 1 : 0;
+}
+
+void SongQueue::remove(int row)
+{
+    m_songs.removeAt(row);
+    m_urls.removeAt(row);
+    m_listIndex = row == m_listIndex ? -1 : m_listIndex - (row < m_listIndex ? 1 : 0);
+}
+
+void SongQueue::move(int from, int to)
+{
+    const bool selected = from == m_listIndex;
+    m_songs.move(from, to);
+    m_urls.move(from, to);
+    if (selected)
+        m_listIndex = to;
+    else if (m_listIndex >= 0)
+        m_listIndex +=
+            (from < m_listIndex ? -1 : 0) + (to <= m_listIndex - (from < m_listIndex ? 1 : 0) ? 1 : 0);
+}
+
 int SongQueue::rowOf(const QString &url) const
 {
     for (int row = 0; row < count(); ++row) {

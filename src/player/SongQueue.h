@@ -35,6 +35,10 @@ public:
     /** The lists' memory for that many songs more. */
     void reserve(qsizetype songs);
     void clear();
+    /** The selected song stays selected. @p to: the song's row when it has moved. */
+    void insert(int row, const QString &song, const QString &url);
+    void remove(int row);
+    void move(int from, int to);
 
     [[nodiscard]] int count() const { return static_cast<int>(m_songs.size()); }
     [[nodiscard]] bool isEmpty() const { return m_songs.isEmpty(); }

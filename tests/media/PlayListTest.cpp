@@ -4,6 +4,7 @@
 #include "platform/media/ListFile.h"
 #include "platform/media/PlayOrder.h"
 
+#include <QSet>
 #include <QTcpServer>
 #include <QTest>
 
@@ -116,6 +117,48 @@ TEST_F(PlayListTest, ItemsPlayWithoutAGap)
 }
 
 // --- what stands in a music file or list that somebody else made
+
+// Whatever is changed around it: the current item stays, and in random order each other one comes once.
+TEST_F(PlayListTest, ChangesOfTheListLeaveTheCurrentItem)
+{
+    QRandomGenerator random(7);
+    for (const bool shuffle : {false, true}) {
+        PlayOrder order;
+        order.setShuffle(shuffle);
+        order.reset(6);
+        QStringList items{u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s, u"f"_s};
+        QSet<QString> toCome(items.begin(), items.end());
+        const auto now = [&] { return items.at(order.current()); };
+        toCome.remove(now());
+        for (int step = 0; step < 400; ++step) {
+            const QString before = now();
+            const auto from = qsizetype(random.bounded(int(items.size())));
+            const auto to = qsizetype(random.bounded(int(items.size())));
+            switch (random.bounded(3)) {
+            case 0:
+                items.insert(to, QString::number(step));
+                order.insert(to);
+                toCome.insert(QString::number(step));
+                break;
+            case 1:
+                items.move(from, to);
+                order.move(from, to);
+                break;
+            default:
+                if (from == order.current())
+                    break;
+                toCome.remove(items.takeAt(from));
+                order.remove(from);
+            }
+            ASSERT_EQ(now(), before) << step;
+            if (shuffle && step % 4 == 0 && order.following()) {
+                order.next();
+                ASSERT_TRUE(toCome.remove(now())) << now().toStdString() << " came twice";
+            }
+        }
+        ASSERT_TRUE(!shuffle || toCome.size() < items.size());
+    }
+}
 
 TEST_F(PlayListTest, OneFileGoesOnToWhatWasNamed)
 {

@@ -25,6 +25,7 @@ class RecordingPlayer final : public Player
 public:
     void unload() override { ++unloads; }
     void play(PlayRequest request) override { played.append(std::move(request)); }
+    bool addToQueue(const SongQueue & /*songs*/, bool /*next*/) override { return false; }
     void showPlayLists() override { ++listsShown; }
 
     int unloads = 0;

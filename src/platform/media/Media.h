@@ -97,6 +97,16 @@ public:
     /** A null item when @p index is outside the list. */
     [[nodiscard]] MediaItem Item(qsizetype index) const;
 
+    /**
+     * Items come, go and move while the list plays, and the current one plays on. The items of a list are
+     * those of its file at first; one file becomes a list of which it is the only item. The current item
+     * can't be removed.
+     */
+    void insertItem(qsizetype index, const QString &path);
+    void removeItem(qsizetype index);
+    /** @p to: the item's place when it has moved. */
+    void moveItem(qsizetype from, qsizetype to);
+
 private:
     PlayerCore &m_core;
 };
@@ -171,6 +181,7 @@ public:
 
     [[nodiscard]] MediaControls &controls() { return m_controls; }
     [[nodiscard]] const MediaControls &controls() const { return m_controls; }
+    [[nodiscard]] MediaPlaylist &currentPlaylist() { return m_playlist; }
     [[nodiscard]] const MediaPlaylist &currentPlaylist() const { return m_playlist; }
     [[nodiscard]] MediaSettings &settings() { return m_settings; }
     [[nodiscard]] const MediaSettings &settings() const { return m_settings; }

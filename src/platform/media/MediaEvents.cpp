@@ -45,6 +45,14 @@ void EventQueue::appendPosition(const PositionEvent &event)
     append(event);
 }
 
+void EventQueue::renumber(const std::function<qsizetype(qsizetype)> &numberOf)
+{
+    for (Event &event : m_events) {
+        if (auto *item = std::get_if<ItemEvent>(&event))
+            item->index = numberOf(item->index);
+    }
+}
+
 void EventQueue::clear()
 {
     m_events.clear();

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <iterator>
 #include <optional>
 #include <variant>
@@ -84,6 +85,9 @@ public:
     void insertBehind() { m_place = std::ssize(m_events); }
     /** A position that was not told yet is of no interest any more. */
     void appendPosition(const PositionEvent &event);
+
+    /** Items that wait to be told bear other numbers now. */
+    void renumber(const std::function<qsizetype(qsizetype)> &numberOf);
 
     void clear();
     /** Forgets states that were to be told of an item that is over. */

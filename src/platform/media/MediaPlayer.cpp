@@ -90,6 +90,21 @@ MediaItem MediaPlaylist::Item(qsizetype index) const
     return m_core.item(index);
 }
 
+void MediaPlaylist::insertItem(qsizetype index, const QString &path)
+{
+    m_core.insertItem(index, path);
+}
+
+void MediaPlaylist::removeItem(qsizetype index)
+{
+    m_core.removeItem(index);
+}
+
+void MediaPlaylist::moveItem(qsizetype from, qsizetype to)
+{
+    m_core.moveItem(from, to);
+}
+
 // --- settings
 
 void MediaSettings::setMode(const QString &name, bool on)

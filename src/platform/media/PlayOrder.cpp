@@ -102,6 +102,52 @@ void PlayOrder::select(qsizetype index)
     m_order.insert(m_order.begin() + m_place, index);
 }
 
+void PlayOrder::insert(qsizetype index)
+{
+    ++m_count;
+    m_nextRound.clear();
+    if (!isShuffled()) {
+        m_place += index <= m_place ? 1 : 0;
+        return;
+    }
+    for (qsizetype &item : m_order)
+        item += item >= index ? 1 : 0;
+    m_order.insert(m_order.begin() + m_place + 1, index);
+}
+
+void PlayOrder::remove(qsizetype index)
+{
+    --m_count;
+    m_nextRound.clear();
+    if (!isShuffled()) {
+        m_place -= index < m_place ? 1 : 0;
+        return;
+    }
+    const auto gone = std::find(m_order.begin(), m_order.end(), index);
+    m_place -= gone - m_order.begin() < m_place ? 1 : 0;
+    m_order.erase(gone);
+    for (qsizetype &item : m_order)
+        item -= item > index ? 1 : 0;
+}
+
+void PlayOrder::move(qsizetype from, qsizetype to)
+{
+    m_nextRound.clear();
+    if (!isShuffled()) {
+        m_place = moved(m_place, from, to);
+        return;
+    }
+    for (qsizetype &item : m_order)
+        item = moved(item, from, to);
+}
+
+qsizetype PlayOrder::moved(qsizetype index, qsizetype from, qsizetype to)
+{
+    if (index == from)
+        return to;
+    return index - (from < index ? 1 : 0) + (to <= index - (from < index ? 1 : 0) ? 1 : 0);
+}
+
 std::vector<qsizetype> PlayOrder::shuffled(qsizetype notFirst)
 {
     std::vector<qsizetype> order(size_t(m_count), 0);

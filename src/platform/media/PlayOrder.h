@@ -24,12 +24,21 @@ public:
         bool wraps = false;
     };
 
+    /** Where the item at @p index stands when the one at @p from has gone to @p to. */
+    [[nodiscard]] static qsizetype moved(qsizetype index, qsizetype from, qsizetype to);
+
     PlayOrder() : m_random(QRandomGenerator::securelySeeded()) {}
 
     /** A list of @p count items; the current one is the first of the order. */
     void reset(qsizetype count, bool openEnded = false);
     /** An open-ended list got longer or shorter behind its current item, which stays. */
     void setCount(qsizetype count) { m_count = count; }
+    /** A new item at @p index, which plays behind the current one when it is in random order. */
+    void insert(qsizetype index);
+    /** An item other than the current one is gone. */
+    void remove(qsizetype index);
+    /** An item stands at another place; in random order it comes when it would have come. */
+    void move(qsizetype from, qsizetype to);
     void setLoop(bool on) { m_loop = on; }
     /** The current item stays; all others are still to come. */
     void setShuffle(bool on);

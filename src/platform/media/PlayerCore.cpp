@@ -221,6 +221,54 @@ void PlayerCore::setFollowing(const QString &path)
     Q_EMIT m_player.settingsChanged();
 }
 
+void PlayerCore::insertItem(qsizetype index, const QString &path)
+{
+    if (count() == 0)
+        return;
+    becomeList();
+    const qsizetype at = std::clamp<qsizetype>(index, 0, m_paths.size());
+    m_paths.insert(at, path);
+    m_order.insert(at);
+    renumber([at](qsizetype item) { return item + (item >= at ? 1 : 0); });
+}
+
+void PlayerCore::removeItem(qsizetype index)
+{
+    if (index < 0 || index >= count() || index == m_order.current())
+        return;
+    m_paths.removeAt(index);
+    m_order.remove(index);
+    renumber([index](qsizetype item) { return item == index ? -1 : item - (item > index ? 1 : 0); });
+}
+
+void PlayerCore::moveItem(qsizetype from, qsizetype to)
+{
+    if (from < 0 || from >= count() || to < 0 || to >= count())
+        return;
+    m_paths.move(from, to);
+    m_order.move(from, to);
+    renumber([=](qsizetype item) { return PlayOrder::moved(item, from, to); });
+}
+
+void PlayerCore::becomeList()
+{
+    if (!m_order.openEnded())
+        return;
+    const qsizetype here = m_order.current();
+    m_paths = {m_paths.at(here)};
+    m_order.reset(1);
+    renumber([here](qsizetype item) { return item == here ? 0 : -1; });
+}
+
+void PlayerCore::renumber(const std::function<qsizetype(qsizetype)> &numberOf)
+{
+    m_media.index = numberOf(m_media.index);
+    m_queue.renumber(numberOf);
+    m_atEnd = false;
+    planNext();
+    Q_EMIT m_player.settingsChanged();
+}
+
 void PlayerCore::seek(double seconds)
 {
     if (!m_engine || m_open == 0 || !m_started)

@@ -32,6 +32,9 @@ public:
     void previous() { move(false); }
     void setCurrentItem(qsizetype index);
     void setFollowing(const QString &path);
+    void insertItem(qsizetype index, const QString &path);
+    void removeItem(qsizetype index);
+    void moveItem(qsizetype from, qsizetype to);
     void seek(double seconds);
 
     void setLoop(bool on);
@@ -94,6 +97,9 @@ private:
     void giveUp(const QString &sentence);
     void openCurrent();
     void planNext();
+    /** Of an open-ended list the current item stays. */
+    void becomeList();
+    void renumber(const std::function<qsizetype(qsizetype)> &numberOf);
     void silence();
     void readItems();
     void announce(PlayState state);
