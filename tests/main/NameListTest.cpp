@@ -97,7 +97,7 @@ TEST_F(ProgramTest, AScanThatFillsTheDiskTellsTheTruthAndIsTakenUpWhenThereIsRoo
     {
         const FullDisk disk(500'000);
         m_desktop.willBrowse(music()).willSee(u"Number of songs added"_s);
-        m_desktop.willAnswer(Answer::Yes, u"The disk with the database '%1' is full."_s.arg(path()));
+        m_desktop.willAnswer(Answer::More, u"The disk with the database '%1' is full."_s.arg(path()));
         chooseMenu(screen(), u"AddMusicFolder"_s);
         added = grid().model()->rowCount();
         const QString done = m_desktop.calls()[m_desktop.calls().size() - 2].text;
