@@ -2,6 +2,7 @@
 #include "catalogue/CommandLine.h"
 
 #include "desktop/FileHelpers.h"
+#include "platform/shell/MusicKinds.h"
 
 #include <algorithm>
 
@@ -11,16 +12,13 @@ namespace quaverly {
 
 CommandLine parseCommandLine(const QString &text)
 {
-    // "flac" bears no point because the test always takes four characters.
-    static const QStringList endings{u".mp3"_s, u".m4a"_s, u".wma"_s, u".aac"_s,
-                                     u".wav"_s, u"flac"_s, u".ogg"_s};
-
     QString argument = text.trimmed();
     if (argument.isEmpty())
         return {};
     argument.remove(u'"');
-    const bool music = endings.contains(argument.right(4).toLower());
-    return {music ? CommandLine::Kind::MusicFile : CommandLine::Kind::CatalogueFile, argument};
+    const shell::MusicKind *const kind = shell::musicKindByTail(argument);
+    return {kind != nullptr && kind->isSong ? CommandLine::Kind::MusicFile : CommandLine::Kind::CatalogueFile,
+            argument};
 }
 
 QStringList severalMusicFiles(const QStringList &arguments)

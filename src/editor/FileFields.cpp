@@ -6,18 +6,12 @@
 #include "desktop/MusicFolder.h"
 #include "editor/EditorState.h"
 #include "editor/SongControls.h"
+#include "platform/shell/MusicKinds.h"
 #include "ui_NameEdit.h"
 
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
-
-namespace {
-
-constexpr char16_t MusicFilter[] = u"Music files (*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac)|"
-                                   "*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac|All Files (*.*)|*.*";
-
-} // namespace
 
 FileFields::FileFields(Ui::NameEdit &ui, SongControls &controls, FieldGate &gate, FileFieldsParts parts)
     : m_ui(ui), m_controls(controls), m_gate(gate), m_parts(std::move(parts))
@@ -57,7 +51,7 @@ void FileFields::browseForFile()
     const QString start =
         FolderExists(path) ? EnsureBackslash(path) : m_parts.services.catalogue.DatabaseFolder;
     const auto chosen = m_parts.services.desktop.ShowOpenDialog(
-        {u"Select a music file"_s, QString::fromUtf16(MusicFilter), start, {}});
+        {u"Select a music file"_s, shell::musicFileFilter(false), start, {}});
     if (!chosen)
         return;
     if (!FileExists(*chosen)) {
@@ -105,7 +99,7 @@ void FileFields::cmdEditTags_Click()
     const QString folder = m_ui.txtPathName->text().trimmed();
     if (!folder.isEmpty() && FolderExists(folder))
         static_cast<void>(m_parts.services.desktop.ShowOpenDialog(
-            {u"Music files in this song's folder"_s, QString::fromUtf16(MusicFilter), folder, {}}));
+            {u"Music files in this song's folder"_s, shell::musicFileFilter(false), folder, {}}));
 }
 
 bool FileFields::take(const QString &field, const QString &what, const QString &text)

@@ -8,6 +8,7 @@
 #include "intake/IntakeState.h"
 #include "intake/MusicLoader.h"
 #include "lists/PlayerState.h"
+#include "platform/shell/MusicKinds.h"
 #include "songlist/MainScreen.h"
 
 #include <utility>
@@ -20,11 +21,7 @@ namespace {
 
 FileQuestion musicFileQuestion(const QString &startFolder)
 {
-    return {u"Select a music file"_s,
-            u"Music files (*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.mp4;*.aac)|"
-            "*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.mp4;*.aac|All Files (*.*)|*.*"_s,
-            startFolder,
-            {}};
+    return {u"Select a music file"_s, shell::musicFileFilter(true), startFolder, {}};
 }
 
 } // namespace

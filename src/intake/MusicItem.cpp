@@ -2,9 +2,8 @@
 #include "intake/MusicItem.h"
 
 #include "desktop/FileHelpers.h"
+#include "platform/shell/MusicKinds.h"
 #include "platform/shell/Shell.h"
-
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -12,49 +11,22 @@ namespace quaverly {
 
 namespace {
 
-constexpr int TypeColumn = 2;
-constexpr int AttributesColumn = 6;
-
-struct TypeText
-{
-    QLatin1StringView holds;
-    QStringView extension;
-};
-
-// In the order of testing.
-constexpr std::array TypeTexts{
-    TypeText{"mp3"_L1, u".mp3"},
-    TypeText{"mp4"_L1, u".m4a"},
-    TypeText{"m4a"_L1, u".m4a"},
-    TypeText{"mpeg-4 audio"_L1, u".m4a"},
-    TypeText{"windows media audio"_L1, u".wma"},
-    TypeText{"wma"_L1, u".wma"},
-    TypeText{"wav"_L1, u".wav"},
-    TypeText{"ogg"_L1, u".ogg"},
-    TypeText{"aac"_L1, u".aac"},
-    TypeText{"flac"_L1, u".flac"},
-};
-
 /** The extension that a name ends in; "flac" needs no dot. Empty when it isn't one of music. */
 QString extensionOf(const QString &name)
 {
-    static const std::array<QString, 8> extensions{u".mp3"_s, u".m4a"_s,  u".wma"_s, u".wav"_s,
-                                                   u".aac"_s, u".flac"_s, u".ogg"_s, u".mp4"_s};
-    const QStringView tail = QStringView(name).right(4);
-    const QStringView wanted =
-        tail.compare("flac"_L1, Qt::CaseInsensitive) == 0 ? QStringView(u".flac") : tail;
-    for (const QString &extension : extensions) {
-        if (wanted.compare(extension, Qt::CaseInsensitive) == 0)
-            return extension;
-    }
-    return {};
+    const shell::MusicKind *const kind = shell::musicKindByTail(name);
+    return kind == nullptr ? QString() : u'.' + kind->extension;
 }
 
 QString extensionOfType(const QString &typeText, const QString &pathWithoutExtension)
 {
-    for (const TypeText &type : TypeTexts) {
+    for (const shell::TypeTextPart &type : shell::typeTextParts()) {
         if (typeText.contains(type.holds, Qt::CaseInsensitive))
-            return type.extension.toString();
+            return type.extension;
+    }
+    for (const QString &plain : {u"aac"_s, u"flac"_s}) {
+        if (typeText.contains(plain, Qt::CaseInsensitive))
+            return u'.' + plain;
     }
     if (typeText.contains("video"_L1, Qt::CaseInsensitive)) {
         for (const QString &extension : {u".m4a"_s, u".ogg"_s, u".flac"_s}) {
@@ -69,14 +41,14 @@ QString extensionOfType(const QString &typeText, const QString &pathWithoutExten
 
 bool isFolderItem(const shell::Item &item)
 {
-    return item.detail(AttributesColumn).contains(u'd', Qt::CaseInsensitive);
+    return item.detail(shell::AttributesColumn).contains(u'd', Qt::CaseInsensitive);
 }
 
 std::optional<MusicItem> musicItemOf(const shell::Item &item, const QString &folder, bool ExtensionsHidden)
 {
     QString name = item.name();
     QString extension =
-        ExtensionsHidden ? extensionOfType(item.detail(TypeColumn), folder + name) : extensionOf(name);
+        ExtensionsHidden ? extensionOfType(item.detail(shell::TypeColumn), folder + name) : extensionOf(name);
     if (extension.isEmpty())
         return std::nullopt;
     if (ExtensionsHidden)

@@ -11,6 +11,7 @@
 #include "intake/ScanSummary.h"
 #include "intake/ShellColumns.h"
 #include "intake/VorbisComment.h"
+#include "platform/shell/MusicKinds.h"
 #include "platform/shell/Shell.h"
 #include "platform/text/Text.h"
 #include "songlist/MainScreen.h"
@@ -244,7 +245,7 @@ void MusicScan::fillTags(const shell::Item &item, const MusicItem &music, const 
                 throw dao::DaoError(InputPastEnd, u"The file is empty"_s);
         });
         fillFromVorbisComments(head, m_song, m_report);
-    } else if (m_versionMajor <= LastVersionWithOldColumns && music.fileType() == "M4A"_L1) {
+    } else if (m_versionMajor <= shell::LastVersionWithOldColumns && music.fileType() == "M4A"_L1) {
         QFile file(fullPath);
         m_report.attempt([&] { openForReading(file); });
         fillFromM4aAtoms(file, m_song, m_report);

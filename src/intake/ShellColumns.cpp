@@ -3,6 +3,7 @@
 
 #include "intake/NewSong.h"
 #include "intake/ScanReport.h"
+#include "platform/shell/MusicKinds.h"
 #include "platform/shell/Shell.h"
 #include "platform/text/Blanks.h"
 #include "platform/text/Text.h"
@@ -17,7 +18,6 @@ namespace quaverly {
 
 namespace {
 
-constexpr int SizeColumn = 1;
 constexpr qsizetype BitRateLength = 20;
 constexpr int AllCharacters = std::numeric_limits<int>::max();
 
@@ -26,37 +26,37 @@ enum class Rule { Plain, SongName, TrimmedSongName, Artist, BPM, BitRate, TrackN
 struct Column
 {
     QStringView field;
-    int column;
+    int shell::DetailColumns::*column;
     int kept;
     Rule rule = Rule::Plain;
 };
 
 constexpr std::array OldColumns{
-    Column{u"SongName", 10, 255, Rule::SongName},
-    Column{u"Artist", 16, 255, Rule::Artist},
-    Column{u"AlbumName", 17, 255},
-    Column{u"Genre", 20, 255},
-    Column{u"Duration", 21, 8},
-    Column{u"Year", 18, 10},
-    Column{u"Notes", 14, 255},
-    Column{u"bitRate", 22, BitRateLength, Rule::BitRate},
-    Column{u"TrackText", 19, 10},
-    Column{u"TrackNum", 19, 10, Rule::TrackNum},
+    Column{u"SongName", &shell::DetailColumns::title, 255, Rule::SongName},
+    Column{u"Artist", &shell::DetailColumns::artist, 255, Rule::Artist},
+    Column{u"AlbumName", &shell::DetailColumns::album, 255},
+    Column{u"Genre", &shell::DetailColumns::genre, 255},
+    Column{u"Duration", &shell::DetailColumns::duration, 8},
+    Column{u"Year", &shell::DetailColumns::year, 10},
+    Column{u"Notes", &shell::DetailColumns::comment, 255},
+    Column{u"bitRate", &shell::DetailColumns::bitRate, BitRateLength, Rule::BitRate},
+    Column{u"TrackText", &shell::DetailColumns::track, 10},
+    Column{u"TrackNum", &shell::DetailColumns::track, 10, Rule::TrackNum},
 };
 
 constexpr std::array NewColumns{
-    Column{u"SongName", 21, 255, Rule::TrimmedSongName},
-    Column{u"Artist", 13, 255, Rule::Artist},
-    Column{u"Composer", 220, 255},
-    Column{u"AlbumName", 14, 255},
-    Column{u"Genre", 16, 255},
-    Column{u"Duration", 27, 8},
-    Column{u"Year", 15, 10},
-    Column{u"Notes", 24, AllCharacters},
-    Column{u"BPM", 237, 5, Rule::BPM},
-    Column{u"bitRate", 28, BitRateLength, Rule::BitRate},
-    Column{u"TrackText", 26, 10},
-    Column{u"TrackNum", 26, 10, Rule::TrackNum},
+    Column{u"SongName", &shell::DetailColumns::title, 255, Rule::TrimmedSongName},
+    Column{u"Artist", &shell::DetailColumns::artist, 255, Rule::Artist},
+    Column{u"Composer", &shell::DetailColumns::composer, 255},
+    Column{u"AlbumName", &shell::DetailColumns::album, 255},
+    Column{u"Genre", &shell::DetailColumns::genre, 255},
+    Column{u"Duration", &shell::DetailColumns::duration, 8},
+    Column{u"Year", &shell::DetailColumns::year, 10},
+    Column{u"Notes", &shell::DetailColumns::comment, AllCharacters},
+    Column{u"BPM", &shell::DetailColumns::beats, 5, Rule::BPM},
+    Column{u"bitRate", &shell::DetailColumns::bitRate, BitRateLength, Rule::BitRate},
+    Column{u"TrackText", &shell::DetailColumns::track, 10},
+    Column{u"TrackNum", &shell::DetailColumns::track, 10, Rule::TrackNum},
 };
 
 /** Where other versions of the system keep the beats per minute, in the order of trying. */
@@ -67,12 +67,12 @@ bool isNumericColumn(const QString &text)
     return !text.isEmpty() && IsNumeric(text);
 }
 
-void fillBpm(const shell::Item &item, const QString &field, const Column &column, NewSong &song)
+void fillBpm(const shell::Item &item, const QString &field, int number, int kept, NewSong &song)
 {
-    QString bpm = keepCharacters(item.detail(column.column), column.kept);
+    QString bpm = keepCharacters(item.detail(number), kept);
     for (auto other = OtherBpmColumns.begin(); other != OtherBpmColumns.end() && !isNumericColumn(bpm);
          ++other)
-        bpm = keepCharacters(item.detail(*other), column.kept);
+        bpm = keepCharacters(item.detail(*other), kept);
     song.write(field, bpm);
 }
 
@@ -85,13 +85,13 @@ QString withoutMark(const QString &bitRate)
     return first == u'?' || first.category() == QChar::Other_Format ? bitRate.mid(1) : bitRate;
 }
 
-void fillColumn(const shell::Item &item, const Column &column, NewSong &song)
+void fillColumn(const shell::Item &item, const Column &column, int number, NewSong &song)
 {
     const QString field = QString::fromRawData(column.field.data(), column.field.size());
     if (column.rule == Rule::BPM)
-        return fillBpm(item, field, column, song);
+        return fillBpm(item, field, number, column.kept, song);
 
-    const QString whole = item.detail(column.column);
+    const QString whole = item.detail(number);
     const QString text = keepCharacters(whole, column.kept);
     switch (column.rule) {
     case Rule::SongName:
@@ -122,7 +122,7 @@ void fillColumn(const shell::Item &item, const Column &column, NewSong &song)
 
 void fillSize(const shell::Item &item, NewSong &song)
 {
-    const QString size = keepCharacters(item.detail(SizeColumn), 20);
+    const QString size = keepCharacters(item.detail(shell::SizeColumn), 20);
     song.write(u"FileSize"_s, size);
     double megabytes = Val(size);
     // Any other unit stands as it is.
@@ -135,11 +135,12 @@ void fillSize(const shell::Item &item, NewSong &song)
 
 void fillFromShellColumns(const shell::Item &item, int versionMajor, NewSong &song, ScanReport &report)
 {
-    const std::span<const Column> columns = versionMajor <= LastVersionWithOldColumns
+    const shell::DetailColumns &numbers = shell::detailColumns(versionMajor);
+    const std::span<const Column> columns = versionMajor <= shell::LastVersionWithOldColumns
                                                 ? std::span<const Column>(OldColumns)
                                                 : std::span<const Column>(NewColumns);
     for (const Column &column : columns)
-        report.attempt([&] { fillColumn(item, column, song); });
+        report.attempt([&] { fillColumn(item, column, numbers.*column.column, song); });
 }
 
 void completeBitRate(NewSong &song)

@@ -10,9 +10,6 @@ namespace quaverly {
 class ScanReport;
 class NewSong;
 
-/** The last version of the system whose shell numbers its columns in the old way. */
-inline constexpr int LastVersionWithOldColumns = 5;
-
 /** FileSize, and FileSizeNum in megabytes. */
 void fillSize(const shell::Item &item, NewSong &song);
 

@@ -2,6 +2,7 @@
 #include "player/FolderSongs.h"
 
 #include "desktop/FileHelpers.h"
+#include "platform/shell/MusicKinds.h"
 #include "platform/shell/Shell.h"
 #include "platform/text/Text.h"
 #include "player/SongQueue.h"
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -17,30 +19,13 @@ namespace quaverly {
 
 namespace {
 
-constexpr int TypeColumn = 2;
-constexpr int AttributesColumn = 6;
-constexpr int LastVersionWithOldColumns = 5;
 /** As much as the catalogue's fields hold. */
 constexpr qsizetype LongestText = 255;
 
-struct TypeText
-{
-    QLatin1StringView holds;
-    QLatin1StringView extension;
-};
-
-// In the order of testing.
-constexpr std::array TypeTexts{
-    TypeText{"mp3"_L1, ".mp3"_L1},
-    TypeText{"mp4"_L1, ".m4a"_L1},
-    TypeText{"m4a"_L1, ".m4a"_L1},
-    TypeText{"mpeg-4 audio"_L1, ".m4a"_L1},
-    TypeText{"windows media audio"_L1, ".wma"_L1},
-    TypeText{"wma"_L1, ".wma"_L1},
-    TypeText{"wav"_L1, ".wav"_L1},
-    TypeText{"ogg"_L1, ".ogg"_L1},
-    TypeText{"flac file"_L1, ".flac"_L1},
-    TypeText{"video"_L1, ".m4a"_L1},
+/** Looked for behind what all look for. */
+constexpr std::array MoreTypeTexts{
+    shell::TypeTextPart{"flac file"_L1, ".flac"_L1},
+    shell::TypeTextPart{"video"_L1, ".m4a"_L1},
 };
 
 /** Last four characters in lower case, those of FLAC files with the dot in front. */
@@ -52,15 +37,26 @@ QString extensionOf(const QString &name)
 
 bool isMusic(const QString &extension)
 {
-    static constexpr std::array extensions{".m4a"_L1, ".mp3"_L1, ".wma"_L1, ".wav"_L1, ".flac"_L1, ".ogg"_L1};
-    return std::ranges::find(extensions, extension) != extensions.end();
+    const shell::MusicKind *const kind = shell::musicKindOf(extension);
+    return kind != nullptr && kind->inPlayedFolder;
 }
 
 bool isMusicInWalk(const QString &name)
 {
-    static constexpr std::array endings{".ogg"_L1, "flac"_L1, ".wav"_L1, ".aac"_L1,
-                                        ".wma"_L1, ".m4a"_L1, ".mp3"_L1};
-    return !name.startsWith(u'.') && std::ranges::find(endings, name.right(4).toLower()) != endings.end();
+    const shell::MusicKind *const kind = shell::musicKindByTail(name);
+    return !name.startsWith(u'.') && kind != nullptr && kind->isSong;
+}
+
+/** The extension that the type text stands for; empty for none. */
+QString extensionOfType(const QString &typeText)
+{
+    for (const auto &parts : {shell::typeTextParts(), std::span<const shell::TypeTextPart>(MoreTypeTexts)}) {
+        for (const shell::TypeTextPart &part : parts) {
+            if (typeText.contains(part.holds, Qt::CaseInsensitive))
+                return part.extension;
+        }
+    }
+    return {};
 }
 
 /** The names of a folder's files, looked up when first asked for. */
@@ -98,7 +94,7 @@ private:
 /** The name of an item's file where the shell may hide extensions; empty for one that is no music. */
 QString fileNameOfItem(const shell::Item &item, FileNames &files)
 {
-    if (item.detail(AttributesColumn).contains(u'd', Qt::CaseInsensitive))
+    if (item.detail(shell::AttributesColumn).contains(u'd', Qt::CaseInsensitive))
         return {};
     QString name = item.name();
     const QString extension = extensionOf(name);
@@ -106,11 +102,8 @@ QString fileNameOfItem(const shell::Item &item, FileNames &files)
         return name;
     if (extension.startsWith(u'.'))
         return {};
-    const QString type = item.detail(TypeColumn);
-    for (const TypeText &known : TypeTexts) {
-        if (type.contains(known.holds, Qt::CaseInsensitive))
-            return name + known.extension;
-    }
+    if (const QString known = extensionOfType(item.detail(shell::TypeColumn)); !known.isEmpty())
+        return name + known;
     const QString found = files.withAnyExtension(name);
     return isMusic(extensionOf(found)) ? name + extensionOf(found) : QString();
 }
@@ -118,13 +111,13 @@ QString fileNameOfItem(const shell::Item &item, FileNames &files)
 void addSong(const shell::Item &item, const QString &folder, const QString &name, int versionMajor,
              SongQueue &songs)
 {
-    const bool oldColumns = versionMajor <= LastVersionWithOldColumns;
+    const shell::DetailColumns &columns = shell::detailColumns(versionMajor);
     const QString fileName = name.left(LongestText);
     const QString path = folder + fileName;
     if (fileName.isEmpty() || !FileExists(path) || !fitsInList(path))
         return;
-    QString title = item.detail(oldColumns ? 10 : 21).left(LongestText);
-    QString artist = item.detail(oldColumns ? 16 : 13).left(LongestText);
+    QString title = item.detail(columns.title).left(LongestText);
+    QString artist = item.detail(columns.artist).left(LongestText);
     if (!isGreaterThanBlank(artist))
         artist = u"Unknown"_s;
     if (!isGreaterThanBlank(title))

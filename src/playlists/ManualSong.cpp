@@ -3,6 +3,7 @@
 
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
+#include "platform/shell/MusicKinds.h"
 #include "platform/text/Text.h"
 
 using namespace Qt::StringLiterals;
@@ -61,13 +62,10 @@ void ManualSong::checkFile(const QString &fileName)
 std::optional<QString> ManualSong::browse(const QString &fileName)
 {
     const QString folder = folderOf(fileName);
-    return m_desktop.ShowOpenDialog(
-        {u"Select a music file"_s,
-         u"Music files "
-         u"(*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac)|*.mp3;*.m4a;*.wma;*.wav;*.flac;*.ogg;*.aac"
-         "|All Files (*.*)|*.*"_s,
-         FolderExists(folder) ? folder : QString(),
-         {}});
+    return m_desktop.ShowOpenDialog({u"Select a music file"_s,
+                                     shell::musicFileFilter(false),
+                                     FolderExists(folder) ? folder : QString(),
+                                     {}});
 }
 
 } // namespace quaverly

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -19,11 +18,8 @@ struct KnownType
     QLatin1StringView text;
 };
 
-constexpr std::array KnownTypes{
-    KnownType{"mp3"_L1, "MP3 File"_L1},       KnownType{"m4a"_L1, "MPEG-4 Audio"_L1},
-    KnownType{"wma"_L1, "WMA File"_L1},       KnownType{"wav"_L1, "WAV File"_L1},
-    KnownType{"aac"_L1, "AAC File"_L1},       KnownType{"flac"_L1, "FLAC File"_L1},
-    KnownType{"ogg"_L1, "OGG File"_L1},       KnownType{"mp4"_L1, "MP4 Video"_L1},
+/** What isn't music. */
+constexpr std::array OtherTypes{
     KnownType{"m3u"_L1, "M3U Play List"_L1},  KnownType{"m3u8"_L1, "M3U8 Play List"_L1},
     KnownType{"jpg"_L1, "JPEG Image"_L1},     KnownType{"jpeg"_L1, "JPEG Image"_L1},
     KnownType{"png"_L1, "PNG Image"_L1},      KnownType{"gif"_L1, "GIF Image"_L1},
@@ -37,12 +33,15 @@ QString extensionOf(const QString &name)
     return dot <= 0 ? QString() : name.mid(dot + 1);
 }
 
-const KnownType *knownType(const QString &extension)
+/** Empty for a type that the system doesn't know. */
+QLatin1StringView knownTypeText(const QString &extension)
 {
-    const auto *found = std::ranges::find_if(KnownTypes, [&](const KnownType &type) {
+    if (const MusicKind *kind = musicKindOf(u'.' + extension))
+        return kind->typeText;
+    const auto *found = std::ranges::find_if(OtherTypes, [&](const KnownType &type) {
         return extension.compare(type.extension, Qt::CaseInsensitive) == 0;
     });
-    return found == KnownTypes.end() ? nullptr : found;
+    return found == OtherTypes.end() ? QLatin1StringView() : found->text;
 }
 
 /** At least that many digits, with zeros in front. */
@@ -86,34 +85,22 @@ template <QString SongDetails::*Field> QString field(const SongDetails &details)
 
 struct DetailColumn
 {
-    int number;
+    int DetailColumns::*number;
     DetailText text;
 };
 
-constexpr std::array ColumnsOfVersion5{
-    DetailColumn{10, field<&SongDetails::title>},
-    DetailColumn{14, field<&SongDetails::comment>},
-    DetailColumn{16, field<&SongDetails::artist>},
-    DetailColumn{17, field<&SongDetails::album>},
-    DetailColumn{18, field<&SongDetails::year>},
-    DetailColumn{19, field<&SongDetails::track>},
-    DetailColumn{20, field<&SongDetails::genre>},
-    DetailColumn{21, lengthText},
-    DetailColumn{22, bitRateText},
-};
-
-constexpr std::array ColumnsOfVersion6{
-    DetailColumn{13, field<&SongDetails::artist>},
-    DetailColumn{14, field<&SongDetails::album>},
-    DetailColumn{15, field<&SongDetails::year>},
-    DetailColumn{16, field<&SongDetails::genre>},
-    DetailColumn{21, field<&SongDetails::title>},
-    DetailColumn{24, field<&SongDetails::comment>},
-    DetailColumn{26, field<&SongDetails::track>},
-    DetailColumn{27, lengthText},
-    DetailColumn{28, bitRateText},
-    DetailColumn{220, field<&SongDetails::composer>},
-    DetailColumn{237, field<&SongDetails::beats>},
+constexpr std::array Details{
+    DetailColumn{&DetailColumns::title, field<&SongDetails::title>},
+    DetailColumn{&DetailColumns::artist, field<&SongDetails::artist>},
+    DetailColumn{&DetailColumns::composer, field<&SongDetails::composer>},
+    DetailColumn{&DetailColumns::album, field<&SongDetails::album>},
+    DetailColumn{&DetailColumns::genre, field<&SongDetails::genre>},
+    DetailColumn{&DetailColumns::duration, lengthText},
+    DetailColumn{&DetailColumns::year, field<&SongDetails::year>},
+    DetailColumn{&DetailColumns::comment, field<&SongDetails::comment>},
+    DetailColumn{&DetailColumns::beats, field<&SongDetails::beats>},
+    DetailColumn{&DetailColumns::bitRate, bitRateText},
+    DetailColumn{&DetailColumns::track, field<&SongDetails::track>},
 };
 
 } // namespace
@@ -149,8 +136,8 @@ QString typeText(const QString &name, EntryKind kind)
     if (kind == EntryKind::Folder)
         return u"File folder"_s;
     const QString extension = extensionOf(name);
-    if (const KnownType *type = knownType(extension))
-        return type->text;
+    if (const QLatin1StringView known = knownTypeText(extension); !known.isEmpty())
+        return known;
     return extension.isEmpty() ? u"File"_s : extension.toUpper() + " File"_L1;
 }
 
@@ -171,16 +158,17 @@ QString attributesText(const QString &name, EntryKind kind)
 QString withoutKnownExtension(const QString &name)
 {
     const QString extension = extensionOf(name);
-    return knownType(extension) ? name.chopped(extension.size() + 1) : name;
+    return !knownTypeText(extension).isEmpty() ? name.chopped(extension.size() + 1) : name;
 }
 
 DetailText detailColumn(int column, int versionMajor)
 {
-    const std::span<const DetailColumn> table = versionMajor <= 5
-                                                    ? std::span<const DetailColumn>(ColumnsOfVersion5)
-                                                    : std::span<const DetailColumn>(ColumnsOfVersion6);
-    const auto found = std::ranges::find(table, column, &DetailColumn::number);
-    return found == table.end() ? nullptr : found->text;
+    if (column == 0)
+        return nullptr;
+    const DetailColumns &numbers = detailColumns(versionMajor);
+    const auto *const found = std::ranges::find_if(
+        Details, [&](const DetailColumn &detail) { return numbers.*detail.number == column; });
+    return found == Details.end() ? nullptr : found->text;
 }
 
 } // namespace shell

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/shell/MusicKinds.h"
 #include "platform/shell/Shell.h"
 #include "platform/shell/SongDetails.h"
 
 namespace shell {
-
-enum Column { SizeColumn = 1, TypeColumn = 2, AttributesColumn = 6 };
 
 /** Three significant digits, cut, not rounded: "512 bytes", "43.9 KB", "4.39 MB". */
 [[nodiscard]] QString sizeText(qint64 bytes);

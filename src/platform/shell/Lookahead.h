@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/shell/MusicKinds.h"
 #include "platform/shell/ReadAhead.h"
 
-#include <array>
 #include <functional>
+#include <vector>
 
 namespace shell {
 
@@ -42,7 +43,7 @@ private:
     ReadAhead m_threads;
     NextFolder m_nextFolder;
     /** Of each type, how many were asked for in a row. */
-    std::array<int, SongTypes> m_run{};
+    std::vector<int> m_run = std::vector<int>(musicKinds().size());
     /** The first item that hasn't been looked at yet. */
     LocalFolder *m_folder = nullptr;
     qsizetype m_index = 0;

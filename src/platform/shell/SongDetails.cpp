@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/shell/SongDetails.h"
 
+#include "platform/shell/MusicKinds.h"
 #include "platform/shell/SongReaders.h"
 #include "platform/shell/TagText.h"
 
-#include <algorithm>
-#include <array>
 #include <new>
 
 using namespace Qt::StringLiterals;
@@ -15,24 +14,6 @@ namespace shell {
 namespace {
 
 using Reader = void (*)(SongStream &, SongDetails &);
-
-struct Type
-{
-    QLatin1StringView extension;
-    Reader read;
-};
-
-constexpr std::array<Type, SongTypes> Types{
-    Type{"mp3"_L1, readMpeg}, Type{"m4a"_L1, readMp4}, Type{"wma"_L1, readAsf},   Type{"wav"_L1, readWav},
-    Type{"aac"_L1, readAdts}, Type{"ogg"_L1, readOgg}, Type{"flac"_L1, readFlac}, Type{"mp4"_L1, readMp4},
-};
-
-const Type *typeByExtension(QStringView extension)
-{
-    const auto *found = std::ranges::find_if(
-        Types, [&](const Type &t) { return extension.compare(t.extension, Qt::CaseInsensitive) == 0; });
-    return found == Types.end() ? nullptr : found;
-}
 
 bool isAdtsHead(QByteArrayView bytes)
 {
@@ -60,22 +41,16 @@ Reader readerByHead(SongStream &stream)
     return isAdtsHead(sound) ? readAdts : nullptr;
 }
 
-QStringView extensionOf(QStringView name)
-{
-    const qsizetype dot = name.lastIndexOf(u'.');
-    return dot < 0 ? QStringView() : name.sliced(dot + 1);
-}
-
 void read(const QByteArray &path, SongDetails &details)
 {
-    const Type *type = typeByExtension(extensionOf(QString::fromUtf8(path)));
-    if (!type)
+    const MusicKind *const kind = musicKindOf(QString::fromUtf8(path));
+    if (kind == nullptr)
         throw Unreadable(u"Not a sound file"_s);
     SongStream stream(path);
     if (stream.size() == 0)
         throw Unreadable(u"The file is empty"_s);
     const Reader byHead = readerByHead(stream);
-    (byHead ? byHead : type->read)(stream, details);
+    (byHead ? byHead : kind->read)(stream, details);
 }
 
 } // namespace
@@ -120,8 +95,8 @@ SongDetails readSongDetails(const QByteArray &path)
 
 int songTypeOf(QStringView fileName)
 {
-    const Type *type = typeByExtension(extensionOf(fileName));
-    return type ? static_cast<int>(type - Types.data()) : -1;
+    const MusicKind *const kind = musicKindOf(fileName);
+    return kind == nullptr ? -1 : static_cast<int>(kind - musicKinds().data());
 }
 
 } // namespace shell

@@ -35,8 +35,7 @@ struct SongDetails
  */
 [[nodiscard]] SongDetails readSongDetails(const QByteArray &path);
 
-inline constexpr int SongTypes = 8;
-/** Which of the types the extension tells, from 0 on; -1 for none. Case doesn't matter. */
+/** Which of musicKinds() the extension tells, from 0 on; -1 for none. Case doesn't matter. */
 [[nodiscard]] int songTypeOf(QStringView fileName);
 
 } // namespace shell
