@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/CatalogueSchema.h"
 
+#include <QDir>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -33,7 +34,8 @@ dao::Schema catalogueSchema()
     loadSchemaResource();
     dao::Schema schema;
     schema.applicationId = ApplicationId;
-    schema.migrations = {script(u"0001.sql"_s), script(u"0002.sql"_s)};
+    for (const QString &name : QDir(u":/catalogue"_s).entryList({u"0*.sql"_s}, QDir::Files, QDir::Name))
+        schema.migrations.append(script(name));
     for (const QString &line : script(u"indexes.sql"_s).split(u'\n')) {
         if (line.startsWith("CREATE"_L1))
             schema.indexes.append(line);
@@ -45,6 +47,14 @@ dao::Schema catalogueSchema()
                      {u"tblPlayListHeader"_s, {}, {}},
                      {u"tblPlayListDetail"_s, {}, {}},
                      {u"tblSettings"_s, {}, u"row.Type IN ('FILTER', 'NOTE')"_s}};
+    return schema;
+}
+
+dao::Schema catalogueSchema(int version)
+{
+    dao::Schema schema = catalogueSchema();
+    schema.migrations = schema.migrations.first(version);
+    schema.indexes.clear();
     return schema;
 }
 

@@ -10,5 +10,7 @@ inline constexpr char16_t CatalogueFileName[] = u"QVdata.mdb";
 
 /** The catalogue's tables, indexes and version, read from the scripts that are built in. */
 [[nodiscard]] dao::Schema catalogueSchema();
+/** As it was at an earlier version, without indexes. */
+[[nodiscard]] dao::Schema catalogueSchema(int version);
 
 } // namespace quaverly

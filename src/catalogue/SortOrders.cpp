@@ -35,6 +35,9 @@ constexpr SortOrder Orders[] = {
     {"Track"_L1, " Order By TrackNum"_L1, "TrackNum"_L1},
     {"Type"_L1, " Order By FileType"_L1, "FileType"_L1},
     {"Year"_L1, " Order By tblContacts!Year, Artist, SongName"_L1, "Year"_L1},
+    {"Album Artist"_L1, " Order By AlbumArtist, tblContacts!AlbumName, Disc, tblContacts!TrackNum"_L1, "AlbumArtist"_L1},
+    {"Disc"_L1, " Order By Disc, tblContacts!TrackNum"_L1, "Disc"_L1},
+    {"Date Added"_L1, " Order By DateAdded DESC"_L1, "DateAdded"_L1},
 };
 // clang-format on
 

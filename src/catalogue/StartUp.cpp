@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/StartUp.h"
 
+#include "catalogue/Backups.h"
+#include "catalogue/CatalogueSchema.h"
 #include "catalogue/DuplicateQueries.h"
 #include "catalogue/RenameNotes.h"
 #include "catalogue/RepairWords.h"
@@ -178,28 +180,46 @@ StartUp::Opened StartUp::openCatalogue()
     m_catalogue.CatalogueDb.reset();
     QString connect;
     for (int chance = 0; chance < PasswordChances; ++chance) {
-        if (tryOpen(connect))
-            return Opened::Yes;
+        if (const auto opened = tryOpen(connect))
+            return *opened;
         const QString password = m_desktop.InputPrompt(
             u"Type your password.  You have two chances to get it right."_s, u"Password?"_s, {}, true);
         if (password.isEmpty())
             return Opened::GivenUp;
         connect = u";pwd="_s + password;
     }
+    return open(connect);
+}
+
+StartUp::Opened StartUp::open(const QString &connect)
+{
+    if (!keepOlder(connect))
+        return Opened::GivenUp;
     m_catalogue.CatalogueDb = m_engine.OpenDatabase(m_catalogue.DatabaseFile, connect);
     return Opened::Yes;
 }
 
-bool StartUp::tryOpen(const QString &connect)
+std::optional<StartUp::Opened> StartUp::tryOpen(const QString &connect)
 {
     try {
-        m_catalogue.CatalogueDb = m_engine.OpenDatabase(m_catalogue.DatabaseFile, connect);
-        return true;
+        return open(connect);
     } catch (const dao::DaoError &error) {
         if (error.number == dao::InvalidPassword)
-            return false;
+            return std::nullopt;
         throw;
     }
+}
+
+bool StartUp::keepOlder(const QString &connect)
+{
+    const int version = m_engine.versionOf(m_catalogue.DatabaseFile);
+    if (version >= catalogueSchema().version())
+        return true;
+    dao::DBEngine engine(catalogueSchema(version));
+    Catalogue before;
+    before.DatabaseFile = m_catalogue.DatabaseFile;
+    before.CatalogueDb = engine.OpenDatabase(before.DatabaseFile, connect);
+    return Backups(m_desktop, before, engine, m_store).beforeBulkCommand(u"Update of the Database"_s);
 }
 
 void StartUp::prepareCatalogue()

@@ -6,6 +6,7 @@
 #include "catalogue/Options.h"
 
 #include <functional>
+#include <optional>
 
 namespace quaverly {
 
@@ -69,7 +70,12 @@ private:
     /** Tells what it saved and lost. @throws dao::DaoError */
     void repair();
     [[nodiscard]] Opened openCatalogue();
-    [[nodiscard]] bool tryOpen(const QString &connect);
+    [[nodiscard]] Opened open(const QString &connect);
+    /** Nothing with a wrong password. */
+    [[nodiscard]] std::optional<Opened> tryOpen(const QString &connect);
+    /** Opening brings an older catalogue up to date; this copies it first. False when nothing is to change.
+     */
+    [[nodiscard]] bool keepOlder(const QString &connect);
     void prepareCatalogue();
     /** Of songs whose file was renamed when the program ended, and whose record could not follow. */
     void tellRenamed(const QStringList &sentences);

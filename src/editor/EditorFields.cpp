@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/EditorFields.h"
 
+#include "catalogue/SongFields.h"
 #include "platform/store/Dao.h"
 #include "platform/text/Text.h"
 
 #include <cmath>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +16,7 @@ namespace {
 
 using enum KeptAs;
 
-constexpr EditedField Fields[] = {
+constexpr EditedField FirstFields[] = {
     {"txtSongName"_L1, "SongName"_L1, Trimmed},
     {"txtArtist"_L1, "Artist"_L1, Trimmed},
     {"txtID"_L1, "ID"_L1, Trimmed},
@@ -52,6 +54,21 @@ constexpr EditedField Fields[] = {
     {"txtPic8File"_L1, "PicturePath8"_L1, TrimmedEmptyIsNull},
 };
 
+/** The texts that came later: each has a line of its own, named as the others are. */
+std::vector<EditedField> allFields()
+{
+    static std::vector<QByteArray> names;
+    std::vector<EditedField> fields(std::begin(FirstFields), std::end(FirstFields));
+    names.reserve(laterFields().size());
+    for (const SongField &later : laterFields()) {
+        if (later.type != dao::FieldType::Text)
+            continue;
+        names.push_back("txt" + QByteArray(later.name.data(), later.name.size()));
+        fields.push_back({QLatin1StringView(names.back()), later.name, Trimmed});
+    }
+    return fields;
+}
+
 QString shownText(const QVariant &value)
 {
     if (value.isNull())
@@ -69,15 +86,22 @@ std::optional<double> numberOf(const QString &text)
 
 std::span<const EditedField> editedFields()
 {
-    return Fields;
+    static const std::vector<EditedField> fields = allFields();
+    return fields;
 }
 
 SongTexts textsOf(const dao::Recordset &song)
 {
     SongTexts texts;
-    for (const EditedField &edited : Fields)
-        texts[edited.field] = shownText(song.value(edited.field));
-    texts[u"DateUpdated"_s] = shownText(song.value(u"DateUpdated"_s));
+    for (const EditedField &edited : editedFields()) {
+        // An older catalogue that can't be written to lacks the later fields.
+        if (song.fieldIndex(edited.field) >= 0)
+            texts[edited.field] = shownText(song.value(edited.field));
+    }
+    for (const QString &date : {u"DateUpdated"_s, u"DateAdded"_s}) {
+        if (song.fieldIndex(date) >= 0)
+            texts[date] = shownText(song.value(date));
+    }
     return texts;
 }
 

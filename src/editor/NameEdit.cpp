@@ -10,6 +10,7 @@
 #include "editor/FieldKeys.h"
 #include "editor/FileFields.h"
 #include "editor/LabelEdit.h"
+#include "editor/LaterFields.h"
 #include "editor/OpenLink.h"
 #include "editor/PictureButtons.h"
 #include "editor/PlayListChoice.h"
@@ -47,6 +48,7 @@ NameEdit::NameEdit(NameEditParts parts, QWidget *parent)
       m_ui(std::make_unique<Ui::NameEdit>()), m_parts(std::move(parts))
 {
     m_ui->setupUi(this);
+    addLaterFields(*this, *m_ui->fieldsLayout, m_ui->cmdBrowseFile);
     build();
     setUpLook();
     wire();
@@ -119,8 +121,8 @@ void NameEdit::setUpLook()
     QPalette linked = palette();
     linked.setColor(QPalette::Text, linked.color(QPalette::Link));
     m_ui->cmbHeader->setPalette(linked);
-    for (QLabel *faint :
-         {m_ui->lblNotes, m_ui->lblUpdated, m_ui->lblDateUpdated, m_ui->lblToday, m_ui->lblTodaysDate})
+    for (QLabel *faint : {m_ui->lblNotes, m_ui->lblAdded, m_ui->lblDateAdded, m_ui->lblUpdated,
+                          m_ui->lblDateUpdated, m_ui->lblToday, m_ui->lblTodaysDate})
         scaleFont(*faint, CaptionScale);
     if (!m_parts.services.options.TabletActive)
         return;

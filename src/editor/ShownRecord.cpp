@@ -62,7 +62,7 @@ void ShownRecord::loadExisting()
 void ShownRecord::loadNewRecord()
 {
     showMode(false);
-    showUpdated({});
+    showDates({});
     if (m_template.isSet() && m_template.find())
         loadFromTemplate();
 }
@@ -76,20 +76,22 @@ void ShownRecord::loadFromTemplate()
         m_controls.setText(field, {});
     m_ui.cmbGenre->setCurrentIndex(-1);
     m_ui.cmbGenre->clearEditText();
-    showUpdated({});
+    showDates({});
 }
 
 void ShownRecord::LoadFormFromData()
 {
     m_controls.show(textsOf(m_parts.set.Data1().Recordset()));
-    showUpdated(m_controls.loaded().value(u"DateUpdated"_s));
+    showDates(m_controls.loaded());
     setDirty(false);
 }
 
-void ShownRecord::showUpdated(const QString &date)
+void ShownRecord::showDates(const SongTexts &record)
 {
-    m_ui.lblDateUpdated->setText(date);
-    m_ui.lblUpdated->setVisible(!date.isEmpty());
+    m_ui.lblDateAdded->setText(record.value(u"DateAdded"_s));
+    m_ui.lblAdded->setVisible(!m_ui.lblDateAdded->text().isEmpty());
+    m_ui.lblDateUpdated->setText(record.value(u"DateUpdated"_s));
+    m_ui.lblUpdated->setVisible(!m_ui.lblDateUpdated->text().isEmpty());
 }
 
 void ShownRecord::showMode(bool existing)
@@ -269,7 +271,7 @@ void ShownRecord::cmdAddNew_Click()
         loadFromTemplate();
     } else {
         m_controls.clear();
-        showUpdated({});
+        showDates({});
         m_parts.modeShown();
         // With a template that is gone, the new record counts as changed, as one from a template does.
         setDirty(hadTemplate);

@@ -62,7 +62,7 @@ private:
     void LoadFormFromData();
     void showMode(bool existing);
     void showCaption();
-    void showUpdated(const QString &date);
+    void showDates(const SongTexts &record);
     void giveUpRename();
 
     [[nodiscard]] bool saveForMove();

@@ -236,6 +236,8 @@ void SongSave::writeFields(dao::Recordset &song, const SongTexts &texts)
             song.setValue(u"TrackNum"_s, *number);
     }
     song.setValue(u"DateUpdated"_s, m_parts.now());
+    if (!m_parts.state.EditMode)
+        song.setValue(u"DateAdded"_s, m_parts.now());
 }
 
 // A new song lands in the category on show.

@@ -230,7 +230,9 @@ void MusicScan::fillSong(const shell::Item &item, const MusicItem &music, const 
     m_report.attempt([&] { fillSize(item, m_song); });
     fillTags(item, music, folder + music.FileName);
     completeBitRate(m_song);
-    m_song.write(u"DateUpdated"_s, QVariant(m_parts.clock.now()));
+    const QVariant now(m_parts.clock.now());
+    m_song.write(u"DateUpdated"_s, now);
+    m_song.write(u"DateAdded"_s, now);
 }
 
 void MusicScan::fillTags(const shell::Item &item, const MusicItem &music, const QString &fullPath)
@@ -245,10 +247,12 @@ void MusicScan::fillTags(const shell::Item &item, const MusicItem &music, const 
                 throw dao::DaoError(InputPastEnd, u"The file is empty"_s);
         });
         fillFromVorbisComments(head, m_song, m_report);
+        completeFromShellColumns(item, m_versionMajor, m_song, m_report);
     } else if (m_versionMajor <= shell::LastVersionWithOldColumns && music.fileType() == "M4A"_L1) {
         QFile file(fullPath);
         m_report.attempt([&] { openForReading(file); });
         fillFromM4aAtoms(file, m_song, m_report);
+        completeFromShellColumns(item, m_versionMajor, m_song, m_report);
     } else {
         fillFromShellColumns(item, m_versionMajor, m_song, m_report);
         if (const QString failure = item.readFailure(); !failure.isEmpty())

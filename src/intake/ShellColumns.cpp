@@ -57,6 +57,8 @@ constexpr std::array NewColumns{
     Column{u"bitRate", &shell::DetailColumns::bitRate, BitRateLength, Rule::BitRate},
     Column{u"TrackText", &shell::DetailColumns::track, 10},
     Column{u"TrackNum", &shell::DetailColumns::track, 10, Rule::TrackNum},
+    Column{u"AlbumArtist", &shell::DetailColumns::albumArtist, 255},
+    Column{u"Disc", &shell::DetailColumns::disc, 10},
 };
 
 /** Where other versions of the system keep the beats per minute, in the order of trying. */
@@ -83,6 +85,13 @@ QString withoutMark(const QString &bitRate)
         return bitRate;
     const QChar first = bitRate.front();
     return first == u'?' || first.category() == QChar::Other_Format ? bitRate.mid(1) : bitRate;
+}
+
+std::span<const Column> columnsOf(int versionMajor)
+{
+    if (versionMajor <= shell::LastVersionWithOldColumns)
+        return OldColumns;
+    return NewColumns;
 }
 
 void fillColumn(const shell::Item &item, const Column &column, int number, NewSong &song)
@@ -136,11 +145,18 @@ void fillSize(const shell::Item &item, NewSong &song)
 void fillFromShellColumns(const shell::Item &item, int versionMajor, NewSong &song, ScanReport &report)
 {
     const shell::DetailColumns &numbers = shell::detailColumns(versionMajor);
-    const std::span<const Column> columns = versionMajor <= shell::LastVersionWithOldColumns
-                                                ? std::span<const Column>(OldColumns)
-                                                : std::span<const Column>(NewColumns);
-    for (const Column &column : columns)
+    for (const Column &column : columnsOf(versionMajor))
         report.attempt([&] { fillColumn(item, column, numbers.*column.column, song); });
+}
+
+void completeFromShellColumns(const shell::Item &item, int versionMajor, NewSong &song, ScanReport &report)
+{
+    const shell::DetailColumns &numbers = shell::detailColumns(versionMajor);
+    for (const Column &column : columnsOf(versionMajor)) {
+        const int number = numbers.*column.column;
+        if (isGreaterThanBlank(item.detail(number)))
+            report.attempt([&] { fillColumn(item, column, number, song); });
+    }
 }
 
 void completeBitRate(NewSong &song)

@@ -19,6 +19,9 @@ void fillSize(const shell::Item &item, NewSong &song);
  */
 void fillFromShellColumns(const shell::Item &item, int versionMajor, NewSong &song, ScanReport &report);
 
+/** Only the fields of which the item's columns have a value; the others keep what they have. */
+void completeFromShellColumns(const shell::Item &item, int versionMajor, NewSong &song, ScanReport &report);
+
 /** An empty text for a missing bit rate; two-digit rates get a "0", so that they sort under the others. */
 void completeBitRate(NewSong &song);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/CsvFile.h"
 
+#include "catalogue/SongFields.h"
 #include "platform/text/Blanks.h"
 #include "platform/text/Text.h"
 
@@ -21,8 +22,8 @@ struct Column
     QLatin1StringView field;
 };
 
-/** In the file's order; the notes, last, only on request. */
-constexpr Column Columns[] = {
+/** In the file's order; the notes, last of these, only on request. */
+constexpr Column CsvColumns[] = {
     {"SongName"_L1, "SongName"_L1},
     {"Artist"_L1, "Artist"_L1},
     {"Composer"_L1, "Composer"_L1},
@@ -49,15 +50,22 @@ constexpr Column Columns[] = {
 
 constexpr qsizetype LongOutput = 1 << 16;
 
-std::span<const Column> columns(bool withNotes)
+QList<Column> columns(const dao::Recordset &songs, bool withNotes)
 {
-    return std::span(Columns).first(std::size(Columns) - (withNotes ? 0 : 1));
+    const auto first = std::span(CsvColumns).first(std::size(CsvColumns) - (withNotes ? 0 : 1));
+    QList<Column> all(first.begin(), first.end());
+    for (const SongField &field : laterFields()) {
+        // An older catalogue that can't be written to lacks them.
+        if (songs.fieldIndex(field.name) >= 0)
+            all.append({field.name, field.name});
+    }
+    return all;
 }
 
 QList<int> placesOf(const dao::Recordset &songs, bool withNotes)
 {
     QList<int> places;
-    for (const Column &column : columns(withNotes)) {
+    for (const Column &column : columns(songs, withNotes)) {
         const int place = songs.fieldIndex(column.field);
         if (place < 0)
             throw dao::DaoError(dao::ItemNotFound,
@@ -104,7 +112,7 @@ CsvFile::CsvFile(const QString &path) : m_file(path)
 void CsvFile::write(const dao::Recordset &songs, bool withNotes, const std::function<void(qint64)> &progress)
 {
     const QList<int> places = placesOf(songs, withNotes);
-    for (const Column &column : columns(withNotes)) {
+    for (const Column &column : columns(songs, withNotes)) {
         appendQuoted(m_out, column.header);
         m_out += ',';
     }

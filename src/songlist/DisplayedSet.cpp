@@ -234,7 +234,9 @@ void DisplayedSet::find(const QString &answer)
         const Hourglass hourglass(m_desktop);
         m_artistReturn.source = m_data.RecordSource();
         compose([&] {
-            m_texts.ListWhere = u" Where "_s + findClause(answer);
+            m_texts.ListWhere = u" Where "_s + findClause(answer, [this](const QString &field) {
+                                    return m_catalogue.ContactsTable->fieldIndex(field) >= 0;
+                                });
             m_texts.ListSelectionClause.clear();
             m_texts.ListFilterText.clear();
             m_texts.ListCategoryClause.clear();

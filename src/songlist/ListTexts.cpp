@@ -101,11 +101,13 @@ QString composeFilter(ListTexts &texts, const QString &criteria)
            filter.order.value_or(texts.ListOrder);
 }
 
-QString findClause(const QString &answer)
+QString findClause(const QString &answer, const FieldTest &isThere)
 {
     const bool isDate = IsDate(answer);
     QStringList terms;
     for (const SongField &field : songFields()) {
+        if (isThere && !isThere(field.name))
+            continue;
         if (field.searched == Searched::AsText)
             terms.append(QString(field.name) + u" Like "_s + quoted(u'*' + answer + u'*') + u' ');
         else if (field.searched == Searched::AsDate && isDate)

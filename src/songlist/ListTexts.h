@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace quaverly {
@@ -61,8 +62,10 @@ struct FilterTexts
 /** The statement that shows what meets the criteria; its texts go into @p texts. */
 [[nodiscard]] QString composeFilter(ListTexts &texts, const QString &criteria);
 
-/** " (field Like ... OR field Like ...)" over all fields that Find looks at. */
-[[nodiscard]] QString findClause(const QString &answer);
+using FieldTest = std::function<bool(const QString &field)>;
+
+/** " (field Like ... OR field Like ...)" over all fields that Find looks at, where there is such a field. */
+[[nodiscard]] QString findClause(const QString &answer, const FieldTest &isThere = {});
 
 [[nodiscard]] QString invalidFilesWhere(const QString &categoryClause);
 [[nodiscard]] QString playListWhere(qint64 listId);

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "songlist/SongGrid.h"
 
+#include "catalogue/SongFields.h"
 #include "platform/text/Twips.h"
 #include "songlist/SongCellDelegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -19,25 +21,11 @@ namespace {
 /** In pixels: wide enough to be caught with the pointer again. */
 constexpr int NarrowestColumn = 12;
 
-/** Width of a design-time column in average characters: what the heading and a usual song need. */
-int designCharacters(const QString &field)
+/** Came after the first layout: not shown unless the user wants it. */
+bool canBeHidden(const QString &field)
 {
-    struct Width
-    {
-        QLatin1StringView field;
-        int characters;
-    };
-    static constexpr Width widths[] = {
-        {"Selected"_L1, 3},     {"SongName"_L1, 34},     {"Artist"_L1, 28},     {"Year"_L1, 7},
-        {"AlbumName"_L1, 26},   {"TrackText"_L1, 8},     {"Rating"_L1, 10},     {"Composer"_L1, 20},
-        {"Genre"_L1, 16},       {"PathName"_L1, 40},     {"FileName"_L1, 32},   {"FileType"_L1, 7},
-        {"FileSize"_L1, 11},    {"Duration"_L1, 11},     {"Bitrate"_L1, 11},    {"ID"_L1, 10},
-        {"BPM"_L1, 7},          {"PurchaseDate"_L1, 16}, {"Date2_Desc"_L1, 20}, {"Date2"_L1, 12},
-        {"DateUpdated"_L1, 21}, {"Notes"_L1, 50},
-    };
-    const auto *found =
-        std::find_if(std::begin(widths), std::end(widths), [&](const Width &w) { return w.field == field; });
-    return found == std::end(widths) ? 18 : found->characters;
+    const SongField *known = songField(field);
+    return known != nullptr && known->gridColumn >= FirstColumns;
 }
 
 } // namespace
@@ -64,6 +52,9 @@ SongGrid::SongGrid(QWidget *parent) : QTableView(parent)
     horizontalHeader()->setTextElideMode(Qt::ElideRight);
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setMinimumSectionSize(NarrowestColumn);
+    horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(horizontalHeader(), &QHeaderView::customContextMenuRequested, this,
+            &SongGrid::header_ContextMenu);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &SongGrid::HeadClick);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
         if (!m_resizing)
@@ -102,10 +93,32 @@ void SongGrid::setDesignWidths()
     const QScopedValueRollback resizing(m_resizing, true);
     const int character = qRound(characterTwips() / TwipsPerPixel);
     for (int i = 0; i < m_model->columnCount(); ++i) {
+        const SongField *field = songField(m_model->column(i).dataField);
         const int heading = fontMetrics().horizontalAdvance(m_model->column(i).caption) + 3 * character;
-        const int wanted = designCharacters(m_model->column(i).dataField) * character;
+        const int wanted = field->characters * character;
         setColumnWidth(i, i == 0 ? wanted + character : std::max(heading, wanted));
+        setColumnHidden(i, canBeHidden(field->name));
     }
+}
+
+/** The headings' own menu: the columns that can be hidden. */
+void SongGrid::header_ContextMenu(QPoint place)
+{
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (int i = 0; i < m_model->columnCount(); ++i) {
+        if (!canBeHidden(m_model->column(i).dataField))
+            continue;
+        QAction *action = menu->addAction(m_model->column(i).caption);
+        action->setObjectName(u"show"_s + m_model->column(i).dataField);
+        action->setCheckable(true);
+        action->setChecked(!isColumnHidden(i));
+        connect(action, &QAction::toggled, this, [this, i](bool shown) {
+            setColumnHidden(i, !shown);
+            Q_EMIT ColResize();
+        });
+    }
+    menu->popup(horizontalHeader()->mapToGlobal(place));
 }
 
 int SongGrid::Row() const
@@ -207,13 +220,17 @@ void SongGrid::followFont()
 
 double SongGrid::columnTwips(int column) const
 {
+    // A hidden column's width is 0.
     return static_cast<double>(columnWidth(column)) * TwipsPerPixel;
 }
 
 void SongGrid::setColumnTwips(int column, double twips)
 {
     const QScopedValueRollback resizing(m_resizing, true);
-    setColumnWidth(column, std::max(NarrowestColumn, qRound(twips / TwipsPerPixel)));
+    const bool hidden = twips <= 0 && canBeHidden(m_model->column(column).dataField);
+    setColumnHidden(column, hidden);
+    if (!hidden)
+        setColumnWidth(column, std::max(NarrowestColumn, qRound(twips / TwipsPerPixel)));
 }
 
 QPoint SongGrid::currentRowPlace() const

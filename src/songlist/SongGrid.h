@@ -98,6 +98,7 @@ private:
     void tellRowColChange(int lastCol);
     void placeEmptyState();
     void tintRows();
+    void header_ContextMenu(QPoint place);
     void followFont();
 
     DataControl *m_data = nullptr;

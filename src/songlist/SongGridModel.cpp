@@ -13,14 +13,6 @@ namespace quaverly {
 
 namespace {
 
-/** Columns that read better with their ends in line. */
-bool isRightAligned(QLatin1StringView field)
-{
-    static constexpr QLatin1StringView right[] = {"Year"_L1,     "TrackText"_L1, "FileSize"_L1,
-                                                  "Duration"_L1, "Bitrate"_L1,   "BPM"_L1};
-    return std::find(std::begin(right), std::end(right), field) != std::end(right);
-}
-
 Qt::Alignment qtAlignment(CellAlignment alignment)
 {
     switch (alignment) {
@@ -49,8 +41,8 @@ QString oneLine(QString text)
 SongGridModel::SongGridModel(DataControl &data, QObject *parent) : QAbstractTableModel(parent), m_data(data)
 {
     for (const SongField *field : gridColumns())
-        m_columns.push_back({field->heading, field->name,
-                             isRightAligned(field->name) ? CellAlignment::Right : CellAlignment::Left});
+        m_columns.push_back(
+            {field->heading, field->name, field->rightAligned ? CellAlignment::Right : CellAlignment::Left});
     m_columns.front().alignment = CellAlignment::Centre;
     m_data.addListener(*this);
 }

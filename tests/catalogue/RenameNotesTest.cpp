@@ -164,10 +164,8 @@ TEST_F(TheRename, ClearsWhatAMoveLeftHalfDone)
 
 TEST_F(TheRename, IsNotedInOlderCataloguesAndNotBegunInReadOnlyOnes)
 {
-    dao::Schema first = catalogueSchema();
-    first.migrations = first.migrations.first(1);
     const QString old = data.path(u"old.mdb"_s);
-    dao::DBEngine(first).CreateEmpty(old);
+    dao::DBEngine(catalogueSchema(1)).CreateEmpty(old);
     data.close();
     data.catalogue().DatabaseFile = old;
     for (const bool writable : {false, true}) {

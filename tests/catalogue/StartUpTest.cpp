@@ -6,6 +6,7 @@
 #include "catalogue/ShutDown.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/options/SingleInstance.h"
+#include "platform/store/History.h"
 #include "support/Files.h"
 #include "support/ScriptedDesktop.h"
 
@@ -90,6 +91,45 @@ TEST_F(TheStart, OpensTheCatalogueOfTheDefaultFolderAndCompletesIt)
     EXPECT_EQ(options.RptLinesPerPage, u"54"_s);
     EXPECT_FALSE(options.TabletActive);
     EXPECT_EQ(stored(), QString());
+}
+
+TEST_F(TheStart, CopiesAnOlderCatalogueBeforeItBringsItUpToDate)
+{
+    const QString file = folder("data") + u"QVdata.mdb"_s;
+    dao::DBEngine older(catalogueSchema(2));
+    older.CreateEmpty(file);
+    older.OpenDatabase(file)->Execute(u"Insert Into tblContacts (SongName) Values ('SOS')"_s);
+    const QByteArray before = bytesOf(file);
+
+    const QDir copies(folder("data") + u"Backups"_s);
+    writeFile(copies.path());
+    desktop.willAnswer(Answer::No, u"No copy of the database could be made"_s);
+    expectEnd(start());
+    EXPECT_EQ(bytesOf(file), before);
+    QFile::remove(copies.path());
+
+    ASSERT_EQ(start(), StartResult::Running);
+    ASSERT_EQ(copies.entryList(QDir::Files).size(), 1);
+    const QString copy = copies.filePath(copies.entryList(QDir::Files).front());
+    EXPECT_TRUE(copy.endsWith("before Update of the Database.mdb"_L1));
+    EXPECT_EQ(older.OpenDatabase(copy)->OpenRecordset(u"tblContacts"_s)->text(u"SongName"_s), u"SOS"_s);
+
+    // What the new fields get is kept in the journal as that of the others is.
+    dao::Database &present = *catalogue.CatalogueDb;
+    present.Execute(u"Update tblContacts Set AlbumArtist='Abba', Disc='2', DateAdded=#2020-02-29#"_s);
+    present.endChange();
+    present.Execute(u"Delete * From tblContacts"_s);
+    present.endChange();
+    dao::History history(present);
+    const auto song = [&present] {
+        const auto rows =
+            present.OpenRecordset(u"Select AlbumArtist & Disc & Year(DateAdded) From tblContacts"_s);
+        return rows->isEmpty() ? QString() : rows->text(rows->Fields().front().name);
+    };
+    for (const QString &expected : {u"Abba22020"_s, QString()}) {
+        EXPECT_TRUE(history.takeBack(*history.undoable()).empty());
+        EXPECT_EQ(song(), expected);
+    }
 }
 
 TEST_F(TheStart, EndsARenameThatWasCutOffAndTellsWhatItCouldNot)

@@ -90,6 +90,9 @@ TEST_F(TheEditor, SavesEveryFieldAsTheTableSays)
     EXPECT_EQ(store.songValue(sos, u"Date2"_s).toDateTime().date(), QDate(2020, 2, 29));
     EXPECT_EQ(store.songValue(sos, u"DateUpdated"_s).toDateTime(), now);
     EXPECT_EQ(value(sos, u"FileName"_s), u"SOS.mp3"_s);
+    EXPECT_EQ(value(sos, u"AlbumArtist"_s), u"\"a\" 'b'"_s);
+    EXPECT_EQ(value(sos, u"Disc"_s), u"\"5'"_s);
+    EXPECT_TRUE(store.songValue(sos, u"DateAdded"_s).isNull()) << "when it was added is not known";
     EXPECT_EQ(set.texts().ListCategoryClause, QString());
 }
 
@@ -198,6 +201,7 @@ TEST_F(TheEditor, AddsARecordToTheCategoryOnShow)
     EXPECT_EQ(set.Data1().currentText(u"SongName"_s), u"Fernando"_s);
     reopen();
     EXPECT_EQ(value(state.CurrentRecordID, u"PathName"_s), music());
+    EXPECT_EQ(store.songValue(state.CurrentRecordID, u"DateAdded"_s).toDateTime(), now);
     EXPECT_EQ(store.column(u"Select ID From tblCategoryID Order By ID"_s),
               QStringList({QString::number(sos), QString::number(state.CurrentRecordID)}));
 }

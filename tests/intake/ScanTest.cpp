@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "intake/GatherFolders.h"
 #include "intake/IntakeFixture.h"
+#include "samples/SampleMaker.h"
 #include "samples/Silence.h"
 #include "support/UserActs.h"
 
@@ -12,7 +13,8 @@ namespace quaverly::test {
 TEST_F(IntakeTest, AddsEveryKindOfMusicFileOnce)
 {
     write(u"a/dancing.mp3"_s, mp3File(latin1Frame("TIT2", "Dancing Queen") + latin1Frame("TPE1", "Abba") +
-                                      latin1Frame("TALB", "Arrival") + latin1Frame("TRCK", "2")));
+                                      latin1Frame("TALB", "Arrival") + latin1Frame("TRCK", "2") +
+                                      latin1Frame("TPE2", "Various")));
     write(u"a/b/Track.FLAC"_s, "fLaC" + oggFile({"artist=Abba", "TITLE=Fernando", "TRACKNUMBER=3/12"}));
     write(u"plain.ogg"_s, oggFile());
     write(u"silence.wav"_s, samples::silence(u"wav"));
@@ -36,15 +38,17 @@ TEST_F(IntakeTest, AddsEveryKindOfMusicFileOnce)
     };
     EXPECT_EQ(dancing(u"SongName").toString(), u"Dancing Queen"_s);
     EXPECT_EQ(dancing(u"Artist").toString(), u"Abba"_s);
+    EXPECT_EQ(dancing(u"AlbumArtist").toString(), u"Various"_s);
     EXPECT_EQ(dancing(u"TrackNum").toDouble(), 2);
     EXPECT_EQ(dancing(u"bitRate").toString(), u"128kbps"_s);
     EXPECT_EQ(dancing(u"FileSize").toString(), u"16.3 KB"_s);
     EXPECT_NEAR(dancing(u"FileSizeNum").toDouble(), 16.3 / 1024, 1e-9);
     EXPECT_EQ(dancing(u"DateUpdated").toDateTime(), QDateTime({2026, 11, 22}, {19, 22}, Qt::UTC));
+    EXPECT_EQ(dancing(u"DateAdded").toDateTime(), dancing(u"DateUpdated").toDateTime());
     EXPECT_EQ(dancing(u"Selected").toString(), u" "_s);
     EXPECT_TRUE(dancing(u"Rating").isNull());
     EXPECT_EQ(stored(u"SongName"_s, u"plain.ogg"_s).toString(), u"plain.ogg"_s);
-    EXPECT_EQ(stored(u"Duration"_s, u"Track.FLAC"_s).toString(), u""_s) << "no columns are read for it";
+    EXPECT_EQ(stored(u"Duration"_s, u"Track.FLAC"_s).toString(), u""_s) << "it holds none";
 
     m_seconds = {86399, 185};
     const QString again = scan();
@@ -53,6 +57,30 @@ TEST_F(IntakeTest, AddsEveryKindOfMusicFileOnce)
     EXPECT_EQ(m_mainScreen.showAlls, 2);
     EXPECT_TRUE(m_mainScreen.window.isEnabled());
     EXPECT_FALSE(folderForm()->isVisible());
+}
+
+TEST_F(IntakeTest, TakesWhatTheWholeFileTellsBesideItsHead)
+{
+    samples::SongTags tags{u"Fernando"_s, u"Abba"_s, {}, {}, {}, QString(5000, u'x'), 1976, 3, 0, 111};
+    tags.albumArtist = u"Various"_s;
+    tags.disc = 2;
+    useShell(shell::makeShell({.version = 5.1}));
+    for (const bool six : {false, true}) {
+        if (six)
+            useShell(shell::makeShell({}));
+        for (const QString &type : {u"flac"_s, u"ogg"_s, u"m4a"_s}) {
+            const QString name = (six ? u"six."_s : u"five."_s) + type;
+            write(name, samples::SampleMaker().song(type, tags));
+            scan();
+            EXPECT_EQ(stored(u"SongName"_s, name).toString(), u"Fernando"_s) << qPrintable(name);
+            EXPECT_EQ(stored(u"TrackNum"_s, name).toDouble(), 3);
+            EXPECT_EQ(stored(u"Duration"_s, name).toString(), u"00:00:01"_s);
+            EXPECT_TRUE(stored(u"bitRate"_s, name).toString().endsWith(u"kbps"_s));
+            EXPECT_EQ(stored(u"BPM"_s, name).toString(), six ? u"111"_s : QString());
+            EXPECT_EQ(stored(u"AlbumArtist"_s, name).toString(), six ? u"Various"_s : QString());
+            EXPECT_EQ(stored(u"Disc"_s, name).toString(), six ? u"2"_s : QString());
+        }
+    }
 }
 
 TEST_F(IntakeTest, OtherSystemsReadAtomsAndOldColumnsOrFindTheExtensionByTheTypeText)

@@ -62,10 +62,10 @@ TEST(ShellColumns, MapToTheFieldsOfTheirVersion)
     EXPECT_EQ(
         joined(songOf(columns, 6)),
         u"FileName=song.mp3|SongName=21|Artist=13|Composer=220|AlbumName=14|Genre=16|Duration=27|Year=15|"
-        "Notes=24|BPM=237|bitRate=028|TrackText=26|TrackNum=26"_s);
+        "Notes=24|BPM=237|bitRate=028|TrackText=26|TrackNum=26|AlbumArtist=217|Disc=251"_s);
     EXPECT_EQ(joined(songOf({}, 6)),
               u"FileName=song.mp3|SongName=song.mp3|Artist=Unknown|Composer=|AlbumName=|Genre=|"
-              "Duration=|Year=|Notes=|BPM=|bitRate=|TrackText="_s);
+              "Duration=|Year=|Notes=|BPM=|bitRate=|TrackText=|AlbumArtist=|Disc="_s);
 }
 
 TEST(ShellColumns, KeepWhatTheFieldsHold)

@@ -164,7 +164,7 @@ TEST_F(GridTest, AllOrdersOfTheSortBoxSortAndAreKept)
 {
     addSongs(5);
     start();
-    ASSERT_EQ(sortBox().count(), 23);
+    ASSERT_EQ(sortBox().count(), 26);
     for (int i = 0; i < sortBox().count(); ++i) {
         chooseSort(sortBox().itemText(i));
         EXPECT_EQ(grid().model()->rowCount(), 5) << sortBox().itemText(i).toStdString();
@@ -178,6 +178,27 @@ TEST_F(GridTest, AllOrdersOfTheSortBoxSortAndAreKept)
     EXPECT_EQ(headings().at(1), u"Artist"_s) << "kept with the columns";
     click(screen(), u"cmdSortSong"_s);
     EXPECT_EQ(headings().at(1), u"SongName"_s);
+}
+
+TEST_F(GridTest, ALaterColumnShowsFromTheHeadingsMenuAndTheFirstOnesReadAsEver)
+{
+    addSong({{u"SongName"_s, u"SOS"_s}, {u"AlbumArtist"_s, u"Various"_s}});
+    for (const bool shown : {false, true}) {
+        start();
+        EXPECT_EQ(grid().isColumnHidden(28), !shown);
+        Q_EMIT grid().horizontalHeader()->customContextMenuRequested({5, 5});
+        auto *action = grid().findChild<QAction *>(u"showAlbumArtist"_s);
+        ASSERT_NE(action, nullptr);
+        EXPECT_EQ(action->isChecked(), shown);
+        action->setChecked(true);
+        EXPECT_EQ(cell(0, 28), u"Various"_s);
+        close();
+    }
+    const QList<ColumnLine> lines = readColumnFile(columnFile()).columns;
+    EXPECT_EQ(lines.size(), 30);
+    EXPECT_EQ(lines.at(26).dataField, u"Notes"_s);
+    EXPECT_GT(lines.at(27).width, 0);
+    start();
 }
 
 TEST_F(GridTest, AColumnMovesByTwoClicksAndStaysThere)

@@ -36,13 +36,15 @@ TEST_F(Csv, WritesTheDisplayedSongsInTheirOrder)
         "\"PathName\",\"FileName\",\"Date Record Last Updated\",\"DatePurchased\",\"Date2_Desc\",\"Date2\","
         "\"MiscField1_Desc\",\"MiscField1\",\"MiscField2_Desc\",\"MiscField2\",\"MiscField3_Desc\","
         "\"MiscField3\",\"Code\"";
+    const QByteArray later = ",\"AlbumArtist\",\"Disc\",\"DateAdded\"";
     const QByteArray none = ",\"\"";
-    EXPECT_EQ(file, head + "\r\n\"SOS\",\"Abba\",\"\",\"Abba\"" + none.repeated(17) +
-                        "\r\n\"Dancing Queen\",\"Abba\",\"\",\"Arrival\"" + none.repeated(17) + "\r\n");
+    EXPECT_EQ(file, head + later + "\r\n\"SOS\",\"Abba\",\"\",\"Abba\"" + none.repeated(20) +
+                        "\r\n\"Dancing Queen\",\"Abba\",\"\",\"Arrival\"" + none.repeated(20) + "\r\n");
     EXPECT_EQ(current(), u"Dancing Queen"_s);
     EXPECT_EQ(desktop.lastCall().text, u"The exported records are located in file "_s + path);
     EXPECT_EQ(desktop.lastCall().title, u"Export completed"_s);
-    EXPECT_TRUE(exported(&CsvCommands::ExportWithNotes_Click).startsWith(head + ",\"Notes\"\r\n"));
+    EXPECT_TRUE(
+        exported(&CsvCommands::ExportWithNotes_Click).startsWith(head + ",\"Notes\"" + later + "\r\n"));
 }
 
 TEST_F(Csv, FieldsHoldNoQuotesAndKeepTheirLines)
@@ -58,7 +60,8 @@ TEST_F(Csv, FieldsHoldNoQuotesAndKeepTheirLines)
     EXPECT_TRUE(day.contains("2026") && day.contains('9') && !day.contains("14"));
     const QByteArray row = exported(&CsvCommands::ExportWithNotes_Click);
     EXPECT_TRUE(row.endsWith("\"'Hé', 夜\",\"=cmd|' /C calc'!A0\"" + QByteArray(",\"\"").repeated(9) + ",\"" +
-                             day + "\"" + QByteArray(",\"\"").repeated(8) + ",\"\t7\",\"one\r\ntwo\n\"\r\n"))
+                             day + "\"" + QByteArray(",\"\"").repeated(8) +
+                             ",\"\t7\",\"one\r\ntwo\n\",\"\",\"\",\"\"\r\n"))
         << row.constData();
 }
 

@@ -36,7 +36,7 @@ protected:
     [[nodiscard]] static QMap<int, QString> detailsOf(const shell::Item &item)
     {
         QMap<int, QString> result;
-        for (int column = 7; column <= 250; ++column) {
+        for (int column = 7; column <= 260; ++column) {
             if (const QString text = item.detail(column); !text.isEmpty())
                 result.insert(column, text);
         }

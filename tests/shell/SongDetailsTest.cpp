@@ -28,6 +28,7 @@ samples::SongTags fullTags()
     samples::SongTags tags;
     tags.title = u"Où es-tu, \"Zoë\" & 東京 🎵"_s;
     tags.artist = u"Дмитрий Weiß"_s;
+    tags.albumArtist = u"Múm & Friends"_s;
     tags.album = u"Señor's Álbum"_s;
     tags.genre = u"Folk-Rock"_s;
     tags.composer = u"Antonín Dvořák"_s;
@@ -36,6 +37,7 @@ samples::SongTags fullTags()
     tags.track = 3;
     tags.tracks = 12;
     tags.beats = 128;
+    tags.disc = 2;
     return tags;
 }
 
@@ -60,9 +62,10 @@ TEST_F(SongDetails, FillTheColumnsOfBothVersionsForEveryType)
 
         Columns six = details(name);
         EXPECT_TRUE(six.take(28).startsWith(QChar(0x200E)));
-        const Columns expectedSix{
-            {13, tags.artist},  {14, tags.album}, {15, u"1998"_s},     {16, tags.genre},     {21, tags.title},
-            {24, tags.comment}, {26, u"3/12"_s},  {27, u"00:00:01"_s}, {220, tags.composer}, {237, u"128"_s}};
+        const Columns expectedSix{{13, tags.artist},    {14, tags.album},    {15, u"1998"_s},
+                                  {16, tags.genre},     {21, tags.title},    {24, tags.comment},
+                                  {26, u"3/12"_s},      {27, u"00:00:01"_s}, {217, tags.albumArtist},
+                                  {220, tags.composer}, {237, u"128"_s},     {251, u"2"_s}};
         EXPECT_EQ(six, expectedSix);
 
         Columns five = details(name, {.version = 5.1});

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SongListFixture.h"
+#include "catalogue/CatalogueSchema.h"
 #include "catalogue/DuplicateQueries.h"
+#include "support/Limits.h"
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
@@ -184,6 +186,30 @@ TEST_F(SongList, FindReplacesTheListAndSaysWhenThereIsNothing)
     desktop.willSee(u"No records found."_s);
     set.find(u"zyx"_s);
     EXPECT_EQ(rows(), 0);
+}
+
+TEST_F(SongList, AnOlderCatalogueIsSearchedAsItStandsAndGetsItsNewFieldOnceItCanBeWritten)
+{
+    const QString file = store.catalogue().DatabaseFile;
+    set.Data1().Close();
+    store.close();
+    const dao::Schema older = catalogueSchema(2);
+    QFile::remove(file);
+    dao::DBEngine(older).CreateEmpty(file);
+    dao::DBEngine(older).OpenDatabase(file)->Execute(
+        u"Insert Into tblContacts (SongName, Artist) Values ('SOS', 'Abba')"_s);
+    {
+        const LockedFolder locked(file, store.folder(), QFile::ReadOwner);
+        store.open();
+        load();
+        set.find(u"abba"_s);
+        EXPECT_EQ(names(), QStringList(u"SOS"_s));
+        set.Data1().Close();
+        store.close();
+    }
+    store.open();
+    EXPECT_EQ(store.column(u"Select SongName & AlbumArtist from tblContacts"_s), QStringList(u"SOS"_s));
+    load();
 }
 
 TEST_F(SongList, MarksAreCountedAndShown)

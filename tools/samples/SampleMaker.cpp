@@ -40,12 +40,14 @@ TagLib::PropertyMap propertiesOf(const SongTags &tags)
     TagLib::PropertyMap map;
     put(map, "TITLE", tags.title);
     put(map, "ARTIST", tags.artist);
+    put(map, "ALBUMARTIST", tags.albumArtist);
     put(map, "ALBUM", tags.album);
     put(map, "GENRE", tags.genre);
     put(map, "COMPOSER", tags.composer);
     put(map, "COMMENT", tags.comment);
     put(map, "DATE", tags.year);
     put(map, "BPM", tags.beats);
+    put(map, "DISCNUMBER", tags.disc);
     if (tags.track > 0 && tags.tracks > 0)
         put(map, "TRACKNUMBER", u"%1/%2"_s.arg(tags.track).arg(tags.tracks));
     else

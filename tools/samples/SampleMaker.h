@@ -22,6 +22,8 @@ struct SongTags
     int beats = 0;
     /** Length of .mp3, .wav and .aac; songs of the other types last a second. */
     int seconds = 1;
+    QString albumArtist = {};
+    int disc = 0;
 };
 
 /** Makes songs; keeps each type's silence, so one maker is for many of them. Not for several threads. */

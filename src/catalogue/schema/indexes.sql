@@ -24,6 +24,9 @@ CREATE INDEX IF NOT EXISTS "tblContacts.Rating" ON tblContacts (Rating, SongName
 CREATE INDEX IF NOT EXISTS "tblContacts.SongName" ON tblContacts (SongName, Artist);
 CREATE INDEX IF NOT EXISTS "tblContacts.TrackNum" ON tblContacts (TrackNum);
 CREATE INDEX IF NOT EXISTS "tblContacts.Year" ON tblContacts (Year, Artist, SongName);
+CREATE INDEX IF NOT EXISTS "tblContacts.AlbumArtist" ON tblContacts (AlbumArtist, AlbumName, Disc, TrackNum);
+CREATE INDEX IF NOT EXISTS "tblContacts.Disc" ON tblContacts (Disc, TrackNum);
+CREATE INDEX IF NOT EXISTS "tblContacts.DateAdded" ON tblContacts (DateAdded);
 CREATE INDEX IF NOT EXISTS "tblContacts.DuplicateBySize" ON tblContacts (Artist, SongName, FileSize);
 CREATE INDEX IF NOT EXISTS "tblContacts.DuplicateByAlbum" ON tblContacts (Artist, SongName, AlbumName);
 CREATE INDEX IF NOT EXISTS "tblContacts.Marked" ON tblContacts (Selected) WHERE Selected = 'x';

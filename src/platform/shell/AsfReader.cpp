@@ -60,6 +60,7 @@ void takeTags(const TagLib::ASF::Tag &tag, SongDetails &details)
         genreNames += genreName(genre);
     details.title = fromTag(tag.title());
     details.artist = joined(QStringList{fromTag(tag.artist())} + attributes.values("Author"));
+    details.albumArtist = attributes.text("WM/AlbumArtist");
     details.album = attributes.text("WM/AlbumTitle");
     details.genre = joined(genreNames);
     details.year = yearOf(attributes.first("WM/Year"));
@@ -69,6 +70,7 @@ void takeTags(const TagLib::ASF::Tag &tag, SongDetails &details)
     const qint64 track = attributes.first("WM/Track").toLongLong(&isNumber);
     if (isNumber)
         fill(details.track, trackText(track + 1));
+    details.disc = attributes.first("WM/PartOfSet").trimmed();
     details.composer = attributes.text("WM/Composer");
     details.beats = beatsOf(attributes.first("WM/BeatsPerMinute"));
     details.comment = fromTag(tag.comment());

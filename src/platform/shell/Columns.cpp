@@ -101,6 +101,8 @@ constexpr std::array Details{
     DetailColumn{&DetailColumns::beats, field<&SongDetails::beats>},
     DetailColumn{&DetailColumns::bitRate, bitRateText},
     DetailColumn{&DetailColumns::track, field<&SongDetails::track>},
+    DetailColumn{&DetailColumns::albumArtist, field<&SongDetails::albumArtist>},
+    DetailColumn{&DetailColumns::disc, field<&SongDetails::disc>},
 };
 
 } // namespace

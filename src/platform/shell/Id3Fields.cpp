@@ -22,10 +22,10 @@ constexpr qint64 MostTextBytes = 512 * 1024;
 constexpr qint64 LongestUnpacked = 64 * 1024;
 
 // The names of versions 2 and 3 stand beside those of version 4.
-constexpr std::array<std::string_view, 27> WantedIds{
-    "TIT2", "TPE1", "TALB", "TCON", "TDRC", "TDOR", "TDRL", "TRCK", "TCOM",
-    "TBPM", "COMM", "TYER", "TORY", "TDAT", "TIME", "TT2",  "TP1",  "TAL",
-    "TCO",  "TYE",  "TOR",  "TRK",  "TCM",  "TBP",  "COM",  "TDA",  "TIM",
+constexpr std::array<std::string_view, 31> WantedIds{
+    "TIT2", "TPE1", "TALB", "TCON", "TDRC", "TDOR", "TDRL", "TRCK", "TCOM", "TBPM", "COMM",
+    "TYER", "TORY", "TDAT", "TIME", "TT2",  "TP1",  "TAL",  "TCO",  "TYE",  "TOR",  "TRK",
+    "TCM",  "TBP",  "COM",  "TDA",  "TIM",  "TPE2", "TP2",  "TPOS", "TPA",
 };
 
 bool isWanted(const TagLib::ByteVector &id)
@@ -39,10 +39,12 @@ struct FrameIds
     using Id = TagLib::ByteVector;
     Id title{"TIT2"};
     Id artist{"TPE1"};
+    Id albumArtist{"TPE2"};
     Id album{"TALB"};
     Id genre{"TCON"};
     std::array<Id, 3> dates{"TDRC", "TDRL", "TDOR"};
     Id track{"TRCK"};
+    Id disc{"TPOS"};
     Id composer{"TCOM"};
     Id beats{"TBPM"};
     Id comment{"COMM"};
@@ -122,11 +124,13 @@ void fillFromId3v2(const TagLib::ID3v2::Tag &tag, SongDetails &details)
     const FrameIds &ids = frameIds();
     fill(details.title, joined(values(tag, ids.title)));
     fill(details.artist, joined(values(tag, ids.artist)));
+    fill(details.albumArtist, joined(values(tag, ids.albumArtist)));
     fill(details.album, joined(values(tag, ids.album)));
     fill(details.genre, genres(values(tag, ids.genre)));
     for (const TagLib::ByteVector &id : ids.dates)
         fill(details.year, yearOf(firstValue(tag, id)));
     fill(details.track, firstValue(tag, ids.track));
+    fill(details.disc, firstValue(tag, ids.disc));
     fill(details.composer, joined(values(tag, ids.composer)));
     fill(details.beats, beatsOf(firstValue(tag, ids.beats)));
     fill(details.comment, comment(tag));
@@ -144,10 +148,14 @@ void fillFromApe(const TagLib::APE::Tag &tag, SongDetails &details)
     };
     fill(details.title, joined(values("TITLE")));
     fill(details.artist, joined(values("ARTIST")));
+    for (const char *key : {"ALBUM ARTIST", "ALBUMARTIST"})
+        fill(details.albumArtist, joined(values(key)));
     fill(details.album, joined(values("ALBUM")));
     fill(details.genre, genres(values("GENRE")));
     fill(details.year, yearOf(joined(values("YEAR"))));
     fill(details.track, joined(values("TRACK")));
+    for (const char *key : {"DISC", "DISCNUMBER"})
+        fill(details.disc, joined(values(key)));
     fill(details.composer, joined(values("COMPOSER")));
     fill(details.comment, joined(values("COMMENT")));
     fill(details.beats, beatsOf(joined(values("BPM"))));

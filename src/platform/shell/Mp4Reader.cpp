@@ -92,9 +92,10 @@ public:
         return result;
     }
 
-    [[nodiscard]] QString track() const
+    /** A number and how many there are. */
+    [[nodiscard]] QString ofAll(const char *name) const
     {
-        const QByteArrayView pair = value("trkn");
+        const QByteArrayView pair = value(name);
         const auto part = [&pair](qsizetype at) {
             return pair.size() >= at + 2 ? qFromBigEndian<qint16>(pair.data() + at) : qint16(0);
         };
@@ -243,13 +244,15 @@ void takeTags(const TagList &list, SongDetails &details)
 {
     details.title = list.text("\251nam");
     details.artist = list.text("\251ART");
+    details.albumArtist = list.text("aART");
     details.album = list.text("\251alb");
     details.genre = list.genre();
     details.year = yearOf(list.text("\251day"));
     details.composer = list.text("\251wrt");
     details.comment = list.text("\251cmt");
     details.beats = beatsOf(QString::number(list.number("tmpo")));
-    details.track = list.track();
+    details.track = list.ofAll("trkn");
+    details.disc = list.ofAll("disk");
 }
 
 } // namespace

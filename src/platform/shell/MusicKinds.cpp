@@ -55,7 +55,9 @@ constexpr DetailColumns NewColumns{.title = 21,
                                    .comment = 24,
                                    .beats = 237,
                                    .bitRate = 28,
-                                   .track = 26};
+                                   .track = 26,
+                                   .albumArtist = 217,
+                                   .disc = 251};
 
 const MusicKind *withExtension(QStringView extension)
 {

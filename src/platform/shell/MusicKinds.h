@@ -68,6 +68,8 @@ struct DetailColumns
     int beats = 0;
     int bitRate = 0;
     int track = 0;
+    int albumArtist = 0;
+    int disc = 0;
 };
 
 [[nodiscard]] const DetailColumns &detailColumns(int versionMajor);

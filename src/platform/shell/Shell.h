@@ -53,7 +53,7 @@ public:
     /**
      * The text of a property column, empty when the file doesn't have it or can't be read.
      * Columns: 1 size, 2 type, 6 attributes (a "D" for a folder); of version 5: 10, 14, 16 to 22;
-     * of version 6: 13 to 16, 21, 24, 26 to 28, 220, 237. Never throws on a damaged file.
+     * of version 6: 13 to 16, 21, 24, 26 to 28, 217, 220, 237, 251. Never throws on a damaged file.
      */
     [[nodiscard]] virtual QString detail(int column) const = 0;
     /** Why the details could not be read; empty when they could. */

@@ -13,10 +13,12 @@ struct SongDetails
 {
     QString title;
     QString artist;
+    QString albumArtist;
     QString album;
     QString genre;
     QString year;
     QString track;
+    QString disc;
     QString composer;
     QString comment;
     QString beats;

@@ -26,12 +26,16 @@ void takeComments(const TagLib::Ogg::XiphComment *comments, SongDetails &details
     };
     fill(details.title, joined(values("TITLE")));
     fill(details.artist, joined(values("ARTIST")));
+    for (const char *name : {"ALBUMARTIST", "ALBUM ARTIST"})
+        fill(details.albumArtist, joined(values(name)));
     fill(details.album, joined(values("ALBUM")));
     fill(details.genre, genres(values("GENRE")));
     for (const char *name : {"DATE", "YEAR"})
         fill(details.year, yearOf(joined(values(name))));
     for (const char *name : {"TRACKNUMBER", "TRACKNUM"})
         fill(details.track, joined(values(name)));
+    for (const char *name : {"DISCNUMBER", "DISC"})
+        fill(details.disc, joined(values(name)));
     fill(details.composer, joined(values("COMPOSER")));
     for (const char *name : {"COMMENT", "DESCRIPTION"})
         fill(details.comment, joined(values(name)));

@@ -77,13 +77,14 @@ CatalogueFile CatalogueFile::examine(const QString &path, const Schema &schema)
     refuseForeign(path, header);
     if (static_cast<qint32>(number(header, OffsetApplicationId)) != schema.applicationId)
         throwUnrecognised(path, u"It is a database of another program."_s);
-    if (static_cast<int>(number(header, OffsetUserVersion)) > schema.version())
+    const auto version = static_cast<int>(number(header, OffsetUserVersion));
+    if (version > schema.version())
         throwUnrecognised(path, u"It was made by a newer version of the program."_s);
     if (isTruncated(path, header, info.st_size))
         throw DaoError(CannotOpenFile, u"Cannot open database '%1'.  It may be damaged."_s.arg(path));
     const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
     const bool writable = ::access(encoded.constData(), W_OK) == 0 && ::access(folder.constData(), W_OK) == 0;
-    return {path, writable};
+    return {path, writable, version};
 }
 
 } // namespace dao

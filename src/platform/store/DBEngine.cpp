@@ -35,6 +35,11 @@ std::unique_ptr<Database> DBEngine::OpenDatabase(const QString &path, const QStr
     return std::make_unique<Database>(std::make_unique<DatabaseImpl>(path, m_schema, *m_workspace, password));
 }
 
+int DBEngine::versionOf(const QString &path) const
+{
+    return CatalogueFile::examine(path, m_schema).version;
+}
+
 Workspace &DBEngine::Workspaces(int index)
 {
     if (index != 0)

@@ -340,6 +340,9 @@ public:
      */
     [[nodiscard]] std::unique_ptr<Database> OpenDatabase(const QString &path, const QString &connect = {});
 
+    /** The version of the schema that a catalogue has before it is opened. @throws as OpenDatabase. */
+    [[nodiscard]] int versionOf(const QString &path) const;
+
     /**
      * Saves table by table what can be read into a new file under the same name; the damaged one is
      * kept beside it with a dated name. A file that isn't ours is left alone. @throws as OpenDatabase.

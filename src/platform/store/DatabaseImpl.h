@@ -23,6 +23,7 @@ struct CatalogueFile
 {
     QString path;
     bool writable = false;
+    int version = 0;
 
     /** @throws 3024, 3049, 3343, 70, 75. */
     static CatalogueFile examine(const QString &path, const Schema &schema);
