@@ -10,14 +10,15 @@
 #include "catalogue/Options.h"
 #include "catalogue/SettingsRows.h"
 #include "categories/CategoryBulk.h"
-#include "desktop/Desktop.h"
+#include "desktop/frmPreview.h"
 #include "maintenance/MaintenanceCommands.h"
 #include "maintenance/SearchAndReplace.h"
+#include "maintenance/TextPreview.h"
 #include "platform/options/OptionsStore.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFile>
 
 #include <cstdio>
@@ -134,7 +135,7 @@ private:
                              .mainScreen = m_screen,
                              .busy = m_busy,
                              .beforeBulk = [](const QString & /*command*/) { return true; }};
-    MaintenanceCommands m_commands{m_parts, [] {}, [] {}};
+    MaintenanceCommands m_commands{m_parts, {}};
 };
 
 /** One command and the statement that does the same; each run starts from a fresh copy. */
@@ -257,17 +258,49 @@ void search(bench::Suite &suite, int songs)
     suite.report(name, 20, ours, stats, "ms");
 }
 
+/** From the wish to see what would change to the painted screen; a second is what a user waits gladly. */
+void previews(bench::Suite &suite, int songs)
+{
+    constexpr double Patience = 1000;
+    const QString size = songs >= 1'000'000 ? u" 1M"_s : u" 100k"_s;
+    if (!suite.wants(u"preview"_s + size))
+        return;
+    Copy copy(bench::catalogueOf(songs));
+    copy.set().RefreshDisplayedSet();
+    const SongPreview::Ground ground{copy.database(), copy.set().Data1()};
+    const auto measure = [&](const QString &name, const std::function<std::unique_ptr<Preview>()> &make) {
+        const double cost = bench::costOf([&] {
+                                const auto preview = make();
+                                frmPreview screen(copy.parts().services.desktop, *preview);
+                                screen.show();
+                                static_cast<void>(screen.grab());
+                            }).wall;
+        suite.report(u"preview"_s + size + u": "_s + name + u", beside a second"_s, 1, cost, Patience, "ms");
+    };
+    const auto replaced = [&](const QString &field, const QString &original, const QString &replacement) {
+        const TextField place{u"tblContacts"_s, field, u"RecordID"_s};
+        return std::make_unique<TextPreview>(ground, QString(),
+                                             std::vector{partReplaced(place, original, replacement)});
+    };
+    measure(u"replace in all folders"_s,
+            [&] { return replaced(u"PathName"_s, u"/home/anna"_s, u"/srv"_s); });
+    measure(u"replace in all albums"_s, [&] { return replaced(u"AlbumName"_s, u"e"_s, u"_e_"_s); });
+    measure(u"delete all displayed"_s, [&] { return std::make_unique<DeletionPreview>(ground); });
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication app(argc, argv);
+    const QApplication app(argc, argv);
     bench::Suite suite(QCoreApplication::arguments().mid(1));
     try {
         run(suite, 100'000, 5);
         search(suite, 100'000);
         run(suite, 1'000'000, 3);
         search(suite, 1'000'000);
+        previews(suite, 100'000);
+        previews(suite, 1'000'000);
     } catch (const std::exception &error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

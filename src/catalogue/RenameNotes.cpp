@@ -18,6 +18,9 @@ struct RenameNotes::Note
     SongFile from;
     SongFile to;
 
+    Note(qint64 record, SongFile before, SongFile after)
+        : recordId(record), from(std::move(before)), to(std::move(after))
+    {}
     explicit Note(const dao::Recordset &row)
         : recordId(row.value(u"RecordID"_s).toLongLong()),
           from{row.text(u"PathName"_s), row.text(u"FileName"_s)}, to{row.text(u"NewPathName"_s),
@@ -69,6 +72,37 @@ void RenameNotes::keep(qint64 recordId, const SongFile &from, const SongFile &to
     database.workspace().settle();
     // What the journal tells of the tracks belongs to the row that is written later.
     database.holdChange(true);
+}
+
+void RenameNotes::moveFile(qint64 recordId, const SongFile &from, const SongFile &to)
+{
+    // On the disk before the file moves: until the row is written, only the note knows both names.
+    keep(recordId, from, to);
+    try {
+        shell::moveFile(from.path(), to.path());
+    } catch (const dao::DaoError &) {
+        // The file is where the row names it, so the next start has nothing to settle.
+        drop(recordId);
+        throw;
+    }
+}
+
+void RenameNotes::rename(qint64 recordId, const SongFile &from, const SongFile &to)
+{
+    moveFile(recordId, from, to);
+    try {
+        dao::Transaction transaction(m_catalogue.CatalogueDb->workspace());
+        renameTracks(from.path(), to.path());
+        if (!renameRow(Note(recordId, from, to)))
+            throw dao::DaoError(dao::ChangedByAnother,
+                                u"The record names another file by now: another program has changed it."_s);
+        rowWritten(recordId);
+        transaction.commit();
+    } catch (const dao::DaoError &error) {
+        const QString left = giveUp(recordId);
+        throw dao::DaoError(error.number,
+                            left.isEmpty() ? error.description : error.description + u"\n\n"_s + left);
+    }
 }
 
 void RenameNotes::rowWritten(qint64 recordId)
@@ -184,7 +218,7 @@ QString RenameNotes::follow(const Note &note)
     try {
         dao::Transaction transaction(m_catalogue.CatalogueDb->workspace());
         renameTracks(note.from.path(), note.to.path());
-        renameRow(note);
+        static_cast<void>(renameRow(note));
         rowWritten(note.recordId);
         transaction.commit();
         return {};
@@ -236,16 +270,17 @@ void RenameNotes::clearRemains(const Note &note)
         shell::clearSecondName(note.from.path(), note.to.path());
 }
 
-void RenameNotes::renameRow(const Note &note)
+bool RenameNotes::renameRow(const Note &note)
 {
     const auto row = rowOf(*m_catalogue.CatalogueDb, u"tblContacts"_s, note.recordId);
     if (row->isEmpty() || row->text(u"PathName"_s) != note.from.PathName ||
         row->text(u"FileName"_s) != note.from.FileName)
-        return;
+        return false;
     row->Edit();
     row->setValue(u"PathName"_s, note.to.PathName);
     row->setValue(u"FileName"_s, note.to.FileName);
     row->Update();
+    return true;
 }
 
 std::optional<FiledSong> RenameNotes::bearerOf(const SongFile &file)

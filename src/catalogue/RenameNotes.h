@@ -25,6 +25,17 @@ public:
      * @throws 3027 in a catalogue that can't be written to; nothing should be renamed then
      */
     void keep(qint64 recordId, const SongFile &from, const SongFile &to);
+    /**
+     * Keeps a note and moves the file there.
+     * @throws as shell::moveFile does; the file is where the row names it then, and there is no note
+     */
+    void moveFile(qint64 recordId, const SongFile &from, const SongFile &to);
+    /**
+     * All of it for one record: note, file, play list rows, row. Not for use within a transaction.
+     * @throws dao::DaoError; file and row are as they were then, or the next start settles it
+     */
+    void rename(qint64 recordId, const SongFile &from, const SongFile &to);
+
     /** The row is written, in the same transaction; the journal is told of the file. */
     void rowWritten(qint64 recordId);
     /** The rename failed, or was no change of its own; without a note nothing happens. */
@@ -62,7 +73,8 @@ private:
     [[nodiscard]] QString sentence(const Note &note, const QString &why, const QString &end);
     void takeBack(const Note &note);
     void clearRemains(const Note &note);
-    void renameRow(const Note &note);
+    /** False when the row does not name the old file. */
+    bool renameRow(const Note &note);
     void renameTracks(const QString &from, const QString &to, qint64 exceptOf);
     [[nodiscard]] std::optional<FiledSong> bearerOf(const SongFile &file);
 

@@ -23,7 +23,8 @@ void FileSync::follow(qint64 recordId, const SongFile &row, const SongFile &type
     // On a disk that is blind to case, the file itself is found under the new spelling.
     if (FileExists(typed.path()) && !shell::isOwnNameInOtherCapitals(row.path(), typed.path()))
         return;
-    rename(recordId, row, typed);
+    m_renamed = recordId;
+    m_notes.moveFile(recordId, row, typed);
     m_notes.renameTracks(row.path(), typed.path());
 }
 
@@ -33,20 +34,6 @@ std::optional<QString> FileSync::giveUp()
     if (!renamed || !m_notes.has(*renamed))
         return std::nullopt;
     return m_notes.giveUp(*renamed);
-}
-
-void FileSync::rename(qint64 recordId, const SongFile &row, const SongFile &typed)
-{
-    // On the disk before the file moves: until the row is written, only the note knows both names.
-    m_notes.keep(recordId, row, typed);
-    m_renamed = recordId;
-    try {
-        shell::moveFile(row.path(), typed.path());
-    } catch (const dao::DaoError &) {
-        // The file is where the row names it, so the next start has nothing to settle.
-        m_notes.drop(recordId);
-        throw;
-    }
 }
 
 } // namespace quaverly

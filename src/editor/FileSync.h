@@ -37,8 +37,6 @@ public:
     [[nodiscard]] std::optional<QString> giveUp();
 
 private:
-    void rename(qint64 recordId, const SongFile &row, const SongFile &typed);
-
     RenameNotes m_notes;
     /** The record whose file was renamed last. */
     std::optional<qint64> m_renamed;

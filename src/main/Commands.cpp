@@ -6,6 +6,7 @@
 #include "main/Session.h"
 #include "maintenance/frmChangeFileNamePath.h"
 #include "maintenance/frmChangeFilePath.h"
+#include "maintenance/frmRenameFiles.h"
 #include "maintenance/frmReplace.h"
 #include "notes/MemoForm.h"
 #include "notes/NotesForm.h"
@@ -53,9 +54,9 @@ Commands::Commands(Session &session, const CommandHooks &hooks)
                 .nameList = &hooks.owner,
                 .focusCmdPictures = hooks.focusCmdPictures}),
       playLists(playListParts(), [this] { return &m_hooks.owner; }), edit(editParts()),
-      maintenance(
-          maintenanceParts(), [this] { showMaintenance<frmReplace>(); },
-          [this] { showMaintenance<frmChangeFilePath>(); }),
+      maintenance(maintenanceParts(), {.frmReplace = [this] { showMaintenance<frmReplace>(); },
+                                       .frmChangeFilePath = [this] { showMaintenance<frmChangeFilePath>(); },
+                                       .frmRenameFiles = [this] { showMaintenance<frmRenameFiles>(); }}),
       duplicates(maintenanceParts()), fileCopy(maintenanceParts(), session.copyFolder()),
       history({.services = session.services(),
                .set = session.displayedSet(),

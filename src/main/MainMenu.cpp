@@ -132,6 +132,7 @@ void wireManySongs(const MenuWiring &wiring, const MenuTargets &to)
          {to.ui.mnuReplace, call(many, &MaintenanceCommands::mnuReplace_Click)},
          {to.ui.mnuFindInvalidFilenames, call(many, &MaintenanceCommands::mnuFindInvalidFilenames_Click)},
          {to.ui.mnuChangePaths, call(many, &MaintenanceCommands::mnuChangePaths_Click)},
+         {to.ui.mnuRenameFiles, call(many, &MaintenanceCommands::mnuRenameFiles_Click)},
          {to.ui.mnuDeleteDisplayed, call(many, &MaintenanceCommands::mnuDeleteDisplayed_Click)},
          {to.ui.mnuFileCopy, call(copies, &FileCopyCommands::mnuFileCopy_Click)},
          {to.ui.mnuPopupCopyFile, call(copies, &FileCopyCommands::mnuPopupCopyFile_Click)},

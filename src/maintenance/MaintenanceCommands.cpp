@@ -10,15 +10,14 @@ using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
-MaintenanceCommands::MaintenanceCommands(const MaintenanceParts &parts, std::function<void()> showReplace,
-                                         std::function<void()> showChangeFilePath)
+MaintenanceCommands::MaintenanceCommands(const MaintenanceParts &parts, Screens screens)
     : m_desktop(parts.services.desktop), m_search(parts, &FileExists), m_deleteDisplayed(parts),
-      m_showReplace(std::move(showReplace)), m_showChangeFilePath(std::move(showChangeFilePath))
+      m_screens(std::move(screens))
 {}
 
 void MaintenanceCommands::mnuReplace_Click()
 {
-    guarded(m_desktop, u"Search and Replace"_s, m_showReplace);
+    guarded(m_desktop, u"Search and Replace"_s, m_screens.frmReplace);
 }
 
 void MaintenanceCommands::mnuFindInvalidFilenames_Click()
@@ -31,7 +30,12 @@ void MaintenanceCommands::mnuFindInvalidFilenames_Click()
 
 void MaintenanceCommands::mnuChangePaths_Click()
 {
-    guarded(m_desktop, u"Change Music File Locations"_s, m_showChangeFilePath);
+    guarded(m_desktop, u"Change Music File Locations"_s, m_screens.frmChangeFilePath);
+}
+
+void MaintenanceCommands::mnuRenameFiles_Click()
+{
+    guarded(m_desktop, u"Rename Files"_s, m_screens.frmRenameFiles);
 }
 
 void MaintenanceCommands::mnuDeleteDisplayed_Click()

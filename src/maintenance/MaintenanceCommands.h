@@ -10,13 +10,19 @@ namespace quaverly {
 class MaintenanceCommands final
 {
 public:
-    /** The last two open the screens frmReplace and frmChangeFilePath. */
-    MaintenanceCommands(const MaintenanceParts &parts, std::function<void()> showReplace,
-                        std::function<void()> showChangeFilePath);
+    /** What opens the screens of those names. */
+    struct Screens
+    {
+        std::function<void()> frmReplace;
+        std::function<void()> frmChangeFilePath;
+        std::function<void()> frmRenameFiles;
+    };
+    MaintenanceCommands(const MaintenanceParts &parts, Screens screens);
 
     void mnuReplace_Click();
     void mnuFindInvalidFilenames_Click();
     void mnuChangePaths_Click();
+    void mnuRenameFiles_Click();
     void mnuDeleteDisplayed_Click();
 
     /** As if the user had closed the search's wait window. */
@@ -26,8 +32,7 @@ private:
     Desktop &m_desktop;
     InvalidFileSearch m_search;
     DeleteDisplayed m_deleteDisplayed;
-    std::function<void()> m_showReplace;
-    std::function<void()> m_showChangeFilePath;
+    Screens m_screens;
 };
 
 } // namespace quaverly

@@ -2,6 +2,7 @@
 #include "maintenance/TextPreview.h"
 
 #include "catalogue/SongFields.h"
+#include "maintenance/FileCollisions.h"
 #include "platform/store/RowKeys.h"
 
 #include <QHash>
@@ -30,83 +31,7 @@ bool changesFolders(const TextChange &change)
     return change.place.table == Songs && change.place.name() == Folder;
 }
 
-/** Lets each song have its file, and sends back to its old one who comes to a file that is taken. */
-class FileOwners final
-{
-public:
-    struct Song
-    {
-        qint64 key = 0;
-        QString before;
-        QString after;
-    };
-
-    explicit FileOwners(std::vector<Song> songs) : m_songs(std::move(songs))
-    {
-        m_owners.reserve(static_cast<qsizetype>(m_songs.size()));
-        for (std::size_t i = 0; i < m_songs.size(); ++i) {
-            if (!isMoving(m_songs[i]))
-                m_owners.insert(m_songs[i].before, i);
-        }
-        for (std::size_t i = 0; i < m_songs.size(); ++i) {
-            if (!isMoving(m_songs[i]))
-                continue;
-            if (m_owners.contains(m_songs[i].after))
-                sendBack(i);
-            else
-                m_owners.insert(m_songs[i].after, i);
-        }
-    }
-
-    [[nodiscard]] const std::vector<FolderChange> &sentBack() const { return m_sentBack; }
-
-private:
-    static bool isMoving(const Song &song) { return song.before != song.after; }
-
-    // Who has come to its old file meanwhile has to go back as well.
-    void sendBack(std::size_t song)
-    {
-        std::optional<std::size_t> next = song;
-        while (next) {
-            Song &back = m_songs[*next];
-            m_sentBack.push_back({back.key, back.after});
-            const auto owner = m_owners.constFind(back.before);
-            const auto inPlace = owner == m_owners.cend() ? std::nullopt : std::optional(owner.value());
-            m_owners.insert(back.before, *next);
-            back.after = back.before;
-            next = inPlace && isMoving(m_songs[*inPlace]) ? inPlace : std::nullopt;
-        }
-    }
-
-    std::vector<Song> m_songs;
-    QHash<QString, std::size_t> m_owners;
-    std::vector<FolderChange> m_sentBack;
-};
-
 } // namespace
-
-std::vector<FolderChange> collisions(dao::Database &database, const std::vector<FolderChange> &changes)
-{
-    QHash<qint64, QString> folders;
-    folders.reserve(static_cast<qsizetype>(changes.size()));
-    for (const FolderChange &change : changes)
-        folders.insert(change.song, change.folder);
-    const auto rows = database.OpenRecordset(u"Select RecordID, PathName, FileName From tblContacts"_s,
-                                             dao::RecordsetType::Snapshot);
-    std::vector<FileOwners::Song> songs;
-    songs.reserve(static_cast<std::size_t>(rows->RecordCount()));
-    rows->forEachRow({0, 1, 2}, [&](qint64 /*position*/, std::span<const QByteArrayView> texts) {
-        // Without a file name there is no file to be shared.
-        if (texts[2].isEmpty())
-            return;
-        const qint64 key = texts[0].toLongLong();
-        const QString file = QString::fromUtf8(texts[2]);
-        const QString before = QString::fromUtf8(texts[1]);
-        const auto folder = folders.constFind(key);
-        songs.push_back({key, before + file, (folder == folders.cend() ? before : *folder) + file});
-    });
-    return FileOwners(std::move(songs)).sentBack();
-}
 
 /** A row that changes, and its key in the table of the change. */
 struct TextPreview::Found
@@ -168,11 +93,11 @@ void TextPreview::markObstructed(std::size_t number, std::vector<Found> &found) 
     const std::vector<qint64> tooLong = rowsWithoutRoom(ground().database, change);
     QHash<qint64, QString> taken;
     if (changesFolders(change)) {
-        std::vector<FolderChange> folders;
+        std::vector<PlaceOfFile> places;
         for (const Found &each : found)
-            folders.push_back({each.place.key, each.row.after});
-        for (const FolderChange &collision : collisions(ground().database, folders))
-            taken.insert(collision.song, collision.folder);
+            places.push_back({each.place.key, {each.row.after, {}}});
+        for (const PlaceOfFile &collision : collisions(ground().database, places))
+            taken.insert(collision.song, collision.file.path());
     }
     for (Found &each : found) {
         const auto file = taken.constFind(each.place.key);
@@ -188,19 +113,19 @@ void TextPreview::markObstructed(std::size_t number, std::vector<Found> &found) 
 
 QString TextPreview::objection() const
 {
-    std::vector<FolderChange> folders;
+    std::vector<PlaceOfFile> places;
     for (int row = obstructed(); row < count(); ++row) {
         const Place &place = m_places[static_cast<std::size_t>(row)];
         if (isTicked(row) && changesFolders(m_changes[place.change]))
-            folders.push_back({place.key, plan(row).after});
+            places.push_back({place.key, {plan(row).after, {}}});
     }
-    if (folders.empty() || static_cast<int>(folders.size()) == count() - obstructed())
+    if (places.empty() || static_cast<int>(places.size()) == count() - obstructed())
         return {};
-    const auto meeting = collisions(ground().database, folders);
+    const auto meeting = collisions(ground().database, places);
     return meeting.empty() ? QString()
                            : u"Two songs would have the same file, since one of them is not ticked and stays "
                              "where it is:\n"_s +
-                                 meeting.front().folder;
+                                 meeting.front().file.path();
 }
 
 std::vector<TextChange> TextPreview::chosen() const

@@ -37,18 +37,4 @@ private:
     std::vector<Place> m_places;
 };
 
-/** A song whose folder changes. */
-struct FolderChange
-{
-    qint64 song = 0;
-    QString folder;
-};
-
-/**
- * Songs that can't come to their new folder, since another one has that file, or will have it; the file is
- * told with each. @throws dao::DaoError
- */
-[[nodiscard]] std::vector<FolderChange> collisions(dao::Database &database,
-                                                   const std::vector<FolderChange> &changes);
-
 } // namespace quaverly

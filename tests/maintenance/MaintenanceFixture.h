@@ -67,7 +67,7 @@ public:
                                duringBackup();
                                return backupWorks;
                            }};
-    MaintenanceCommands many{parts, [] {}, [] {}};
+    MaintenanceCommands many{parts, {}};
 };
 
 } // namespace quaverly::test

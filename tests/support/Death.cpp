@@ -15,9 +15,9 @@ namespace quaverly::test {
 
 namespace {
 
-constexpr std::array ChangesOfTheDisk = {SYS_write,     SYS_pwrite64,        SYS_fsync,  SYS_fdatasync,
-                                         SYS_ftruncate, SYS_copy_file_range, SYS_fchmod, SYS_unlink,
-                                         SYS_symlink,   SYS_utimensat,       SYS_rename, SYS_renameat2};
+constexpr std::array ChangesOfTheDisk = {
+    SYS_write,  SYS_pwrite64, SYS_fsync,     SYS_fdatasync, SYS_ftruncate, SYS_copy_file_range, SYS_fchmod,
+    SYS_unlink, SYS_symlink,  SYS_utimensat, SYS_rename,    SYS_renameat2, SYS_mkdir,           SYS_rmdir};
 
 } // namespace
 
