@@ -77,8 +77,10 @@ void layOutChanges(QTableView &table)
     QHeaderView &columns = *table.horizontalHeader();
     columns.resizeSection(ChangeTableModel::Record, 34 * character);
     columns.resizeSection(ChangeTableModel::Field, 18 * character);
-    columns.resizeSection(ChangeTableModel::Before, 30 * character);
-    columns.setStretchLastSection(true);
+    columns.setSectionResizeMode(ChangeTableModel::Before, QHeaderView::Stretch);
+    columns.setSectionResizeMode(ChangeTableModel::After, QHeaderView::Stretch);
+    // Of two paths, the names at their ends tell more than the folders in between.
+    table.setTextElideMode(Qt::ElideMiddle);
 }
 
 } // namespace quaverly

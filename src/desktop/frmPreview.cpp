@@ -6,6 +6,7 @@
 #include "desktop/ScreenLook.h"
 #include "ui_frmPreview.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLocale>
 
@@ -16,8 +17,9 @@ namespace quaverly {
 namespace {
 
 /** Width and height at first, in characters and lines. */
-constexpr int CharactersWide = 130;
+constexpr int CharactersWide = 150;
 constexpr int LinesHigh = 36;
+constexpr int RowsMeasured = 40;
 
 } // namespace
 
@@ -58,6 +60,9 @@ void frmPreview::Form_Load()
     m_ui->listRows->setModel(&m_rows);
     m_ui->listRows->installEventFilter(this);
     layOutChanges(*m_ui->listRows);
+    // The first rows are enough: they are read for that.
+    m_ui->listRows->horizontalHeader()->setResizeContentsPrecision(RowsMeasured);
+    m_ui->listRows->resizeColumnToContents(ChangeTableModel::Field);
     const QLocale locale;
     m_ui->optAll->setText(u"A&ll rows: %1"_s.arg(locale.toString(m_preview.count())));
     m_ui->optPossible->setText(

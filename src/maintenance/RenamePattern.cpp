@@ -53,6 +53,8 @@ QString cleanName(QString name)
 
 QString headingOf(const QString &name)
 {
+    if (name == "TrackNum"_L1)
+        return u"Track"_s;
     const SongField *field = songField(name);
     return field == nullptr || field->heading.isEmpty() ? name : QString(field->heading);
 }

@@ -149,27 +149,31 @@ RenamePreview::RenamePreview(const Ground &ground, std::vector<PlannedRename> re
     const std::size_t obstructed = m_renames.size() - possible.size();
     std::vector<PlannedChange> plans;
     plans.reserve(m_renames.size());
-    bool isFirst = true;
-    for (const PlannedRename &rename : m_renames) {
+    for (const PlannedRename &rename : m_renames)
         plans.push_back({.song = rename.song});
-        if (rename.from.FileName.isEmpty())
-            continue;
-        m_common = isFirst ? rename.from.PathName : commonFolder(m_common, rename.from.PathName);
-        m_common = commonFolder(m_common, rename.to.PathName);
-        isFirst = false;
+    // Of those that go on: one that can't may lie anywhere.
+    for (auto rename = possible.begin(); rename != possible.end(); ++rename) {
+        m_common = rename == possible.begin() ? rename->from.PathName
+                                              : commonFolder(m_common, rename->from.PathName);
+        m_common = commonFolder(m_common, rename->to.PathName);
     }
+    if (m_common == "/"_L1)
+        m_common.clear();
     QString sentence =
         u"Rename the files of %1"_s.arg(countedSongs(static_cast<qint64>(m_renames.size() - obstructed)));
     if (obstructed > 0)
         sentence += u"; %1 can't be renamed"_s.arg(obstructed);
-    setPlan(m_common.size() > 1 ? sentence + u", in "_s + m_common : sentence, std::move(plans), obstructed);
+    setPlan(!m_common.isEmpty() ? sentence + u", in "_s + m_common : sentence, std::move(plans), obstructed);
 }
 
 ChangedRowTexts RenamePreview::row(int row) const
 {
     ChangedRowTexts texts = SongPreview::row(row);
     const PlannedRename &planned = rename(row);
-    const auto shown = [this](const SongFile &file) { return file.path().mid(m_common.size()); };
+    const auto shown = [this](const SongFile &file) {
+        const QString path = file.path();
+        return path.startsWith(m_common) ? path.mid(m_common.size()) : path;
+    };
     texts.field = planned.problem;
     texts.before = shown(planned.from);
     texts.after = shown(planned.to);

@@ -7,10 +7,13 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "desktop/Guard.h"
+#include "desktop/MusicFolder.h"
 #include "desktop/ScreenLook.h"
 #include "maintenance/PathChange.h"
 #include "songlist/DisplayedSet.h"
 #include "ui_frmRenameFiles.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +21,7 @@ namespace quaverly {
 
 namespace {
 
+constexpr int CharactersWide = 90;
 constexpr char16_t PatternKey[] = u"Rename Pattern";
 constexpr char16_t FolderKey[] = u"Rename Folder";
 
@@ -70,6 +74,8 @@ void frmRenameFiles::Form_Load()
     const QString pattern = option(m_parts.services.optionsStore, PatternKey);
     m_ui->txtPattern->setText(pattern.isEmpty() ? RenamePattern::usualText() : pattern);
     m_ui->txtPattern->setFocus();
+    resize(QSize(CharactersWide * fontMetrics().averageCharWidth(), sizeHint().height())
+               .boundedTo(roomFor(*this)));
 }
 
 void frmRenameFiles::readExample()
@@ -92,8 +98,13 @@ void frmRenameFiles::readExample()
 void frmRenameFiles::offerFolder()
 {
     QString folder = option(m_parts.services.optionsStore, FolderKey);
-    if (!FolderExists(folder))
-        folder = musicPlaces(*m_parts.services.catalogue.CatalogueDb).value(0);
+    if (!FolderExists(folder)) {
+        const QStringList places = musicPlaces(*m_parts.services.catalogue.CatalogueDb);
+        const auto there = std::ranges::find_if(places, [](const QString &place) {
+            return place != "/"_L1 && FolderExists(place);
+        });
+        folder = there == places.end() ? musicFolder() : *there;
+    }
     m_ui->txtFolder->setText(folder);
 }
 
