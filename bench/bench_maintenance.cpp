@@ -282,8 +282,7 @@ void previews(bench::Suite &suite, int songs)
         return std::make_unique<TextPreview>(ground, QString(),
                                              std::vector{partReplaced(place, original, replacement)});
     };
-    measure(u"replace in all folders"_s,
-            [&] { return replaced(u"PathName"_s, u"/home/anna"_s, u"/srv"_s); });
+    measure(u"replace in all folders"_s, [&] { return replaced(u"PathName"_s, u"/home/anna"_s, u"/srv"_s); });
     measure(u"replace in all albums"_s, [&] { return replaced(u"AlbumName"_s, u"e"_s, u"_e_"_s); });
     measure(u"delete all displayed"_s, [&] { return std::make_unique<DeletionPreview>(ground); });
 }

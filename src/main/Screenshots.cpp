@@ -90,10 +90,15 @@ Screenshots::Screenshots(QString folder, QString musicFolder, std::function<void
 void Screenshots::visitMusic()
 {
     const QString list = u"NameList"_s;
-    m_stops = {{list, {}, choose(u"AddMusicFolder"_s)},       {list, {}, standOnASong},
-               {list, list, choose(u"SelectionCriteria"_s)},  {u"CriteriaForm"_s, {}, writeFilter},
-               {u"CriteriaForm"_s, u"CriteriaForm"_s, close}, {list, {}, choose(u"EditViewMenu"_s)},
-               {u"NameEdit"_s, u"NameEdit"_s, close}};
+    m_stops = {{list, {}, choose(u"AddMusicFolder"_s)},
+               {list, {}, standOnASong},
+               {list, list, choose(u"SelectionCriteria"_s)},
+               {u"CriteriaForm"_s, {}, writeFilter},
+               {u"CriteriaForm"_s, u"CriteriaForm"_s, close},
+               {list, {}, choose(u"EditViewMenu"_s)},
+               {u"NameEdit"_s, u"NameEdit"_s, close},
+               {list, {}, choose(u"mnuRenameFiles"_s)},
+               {u"frmRenameFiles"_s, u"frmRenameFiles"_s, close}};
     visitPlayLists();
     m_stops.push_back({list, {}, choose(u"mnuArtistRpt"_s)});
     m_stops.push_back({u"RichTextForm"_s, u"RichTextForm"_s, close});

@@ -161,9 +161,11 @@ RenamePreview::RenamePreview(const Ground &ground, std::vector<PlannedRename> re
         m_common.clear();
     QString sentence =
         u"Rename the files of %1"_s.arg(countedSongs(static_cast<qint64>(m_renames.size() - obstructed)));
+    if (!m_common.isEmpty())
+        sentence += u" in "_s + m_common;
     if (obstructed > 0)
         sentence += u"; %1 can't be renamed"_s.arg(obstructed);
-    setPlan(!m_common.isEmpty() ? sentence + u", in "_s + m_common : sentence, std::move(plans), obstructed);
+    setPlan(sentence, std::move(plans), obstructed);
 }
 
 ChangedRowTexts RenamePreview::row(int row) const

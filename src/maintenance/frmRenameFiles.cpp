@@ -100,9 +100,8 @@ void frmRenameFiles::offerFolder()
     QString folder = option(m_parts.services.optionsStore, FolderKey);
     if (!FolderExists(folder)) {
         const QStringList places = musicPlaces(*m_parts.services.catalogue.CatalogueDb);
-        const auto there = std::ranges::find_if(places, [](const QString &place) {
-            return place != "/"_L1 && FolderExists(place);
-        });
+        const auto there = std::ranges::find_if(
+            places, [](const QString &place) { return place != "/"_L1 && FolderExists(place); });
         folder = there == places.end() ? musicFolder() : *there;
     }
     m_ui->txtFolder->setText(folder);

@@ -34,7 +34,7 @@ TEST(TheScreens, AreShownWithTheSampleSongs)
     ASSERT_TRUE(program.waitForFinished(120'000));
     EXPECT_EQ(program.exitCode(), 0);
     for (const char16_t *screen : {u"NameList", u"NameEdit", u"PlayForm", u"frmPlayList", u"CriteriaForm",
-                                   u"ScanFolderForm", u"RichTextForm", u"About"}) {
+                                   u"ScanFolderForm", u"frmRenameFiles", u"RichTextForm", u"About"}) {
         const QString name = QString::fromUtf16(screen);
         EXPECT_FALSE(QImage(dir.filePath(u"pictures/%1.png"_s.arg(name))).isNull()) << name.toStdString();
     }
