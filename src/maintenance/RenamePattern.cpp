@@ -195,7 +195,8 @@ RenamePattern::Name RenamePattern::nameOf(const std::function<QString(const QStr
 
 QStringList RenamePattern::offeredFields()
 {
-    return u"Artist SongName AlbumName TrackNum:2 Year Genre Composer TrackText Rating BPM Bitrate ID Code "
+    return u"Artist AlbumArtist SongName AlbumName Disc TrackNum:2 Year Genre Composer TrackText Rating BPM "
+           u"Bitrate ID Code "
            "MiscField1 MiscField2 MiscField3"_s.split(u' ');
 }
 
