@@ -20,6 +20,7 @@ namespace {
 constexpr int CharactersWide = 150;
 constexpr int LinesHigh = 36;
 constexpr int RowsMeasured = 40;
+constexpr int FieldCharacters = 12;
 
 } // namespace
 
@@ -62,6 +63,8 @@ void frmPreview::Form_Load()
     layOutChanges(*m_ui->listRows);
     // The first rows are enough: they are read for that.
     m_ui->listRows->horizontalHeader()->setResizeContentsPrecision(RowsMeasured);
+    const int least = FieldCharacters * fontMetrics().averageCharWidth();
+    m_ui->listRows->horizontalHeader()->setMinimumSectionSize(least);
     m_ui->listRows->resizeColumnToContents(ChangeTableModel::Field);
     const QLocale locale;
     m_ui->optAll->setText(u"A&ll rows: %1"_s.arg(locale.toString(m_preview.count())));

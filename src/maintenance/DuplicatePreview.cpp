@@ -81,11 +81,11 @@ ChangedRowTexts DuplicatePreview::row(int row) const
     const Member &song = member(row);
     texts.before = fileOfSong(ground().database, song.key);
     if (song.bitRate > 0)
-        texts.before += u"  %1 kbps"_s.arg(song.bitRate);
+        texts.field += u", %1 kbps"_s.arg(song.bitRate);
     if (song.isRated)
-        texts.before += u"  rated"_s;
+        texts.field += u", rated"_s;
     if (song.playLists > 0)
-        texts.before += u"  in play lists"_s;
+        texts.field += u", in play lists"_s;
     texts.after = isTicked(row) ? u"Deleted"_s : u"Stays"_s;
     return texts;
 }

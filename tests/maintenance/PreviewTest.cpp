@@ -199,12 +199,12 @@ TEST_F(Looking, OfDuplicatesTheOneStaysThatTheRuleOrTheUserChooses)
     const qint64 second = add(u"Twin.mp3"_s, u"320 kbps"_s, {});
     const qint64 third = add(u"Twin (2).mp3"_s, u"192 kbps"_s, u"***"_s);
     DuplicateCommands commands(parts);
-    const QString files[] = {u"/m/Twin (1).mp3  128 kbps"_s, u"/m/Twin.mp3  320 kbps"_s,
-                             u"/m/Twin (2).mp3  192 kbps  rated"_s};
+    const QString files[] = {u"Group 1, 128 kbps | /m/Twin (1).mp3"_s, u"Group 1, 320 kbps | /m/Twin.mp3"_s,
+                             u"Group 1, 192 kbps, rated | /m/Twin (2).mp3"_s};
     const auto shownStaying = [&](const QWidget &preview, int stays) {
         QStringList rows;
         for (int row = 0; row < 3; ++row)
-            rows += (row == stays ? u"- "_s : u"x "_s) + u"Twin, by Pair | Group 1 | "_s + files[row] +
+            rows += (row == stays ? u"- "_s : u"x "_s) + u"Twin, by Pair | "_s + files[row] +
                     (row == stays ? u" | Stays"_s : u" | Deleted"_s);
         expect(preview, rows);
     };
