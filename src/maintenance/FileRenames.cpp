@@ -91,12 +91,26 @@ bool FileRenames::run(const RenamePattern &pattern, const QString &root)
     const auto wanted = chosen(std::move(*renames));
     if (!wanted)
         return false;
+    const auto result = carryOut(*wanted);
+    if (!result)
+        return false;
+    tell(*result, wanted->size());
+    return result->count > 0;
+}
+
+std::optional<FileRenames::Result> FileRenames::carryOut(const std::vector<PlannedRename> &renames)
+{
     const ScreenAtRest atRest(m_parts.mainScreen, m_parts.busy);
     if (!m_parts.beforeBulk(Title))
-        return false;
-    Result result = renameAll(*wanted);
-    tell(result, wanted->size());
-    return result.count > 0;
+        return std::nullopt;
+    Result result = renameAll(renames);
+    try {
+        const KeepRow row(m_parts.set.Data1());
+        m_parts.set.Data1().Refresh();
+    } catch (const dao::DaoError &) {
+        // What came of the files is the one thing to tell.
+    }
+    return result;
 }
 
 dao::GoesOn FileRenames::goesOn(WorkingWindow &wait)
@@ -146,8 +160,6 @@ FileRenames::Result FileRenames::renameAll(const std::vector<PlannedRename> &ren
             break;
         }
     }
-    const KeepRow row(m_parts.set.Data1());
-    m_parts.set.Data1().Refresh();
     return result;
 }
 

@@ -35,6 +35,8 @@ private:
     [[nodiscard]] std::optional<std::vector<PlannedRename>> plan(const RenamePattern &pattern,
                                                                  const QString &root);
     [[nodiscard]] std::optional<std::vector<PlannedRename>> chosen(std::vector<PlannedRename> renames);
+    /** Nothing when the command is to stop before. */
+    [[nodiscard]] std::optional<Result> carryOut(const std::vector<PlannedRename> &renames);
     [[nodiscard]] Result renameAll(const std::vector<PlannedRename> &renames);
     void renameOne(const PlannedRename &rename);
     void tell(const Result &result, std::size_t all);

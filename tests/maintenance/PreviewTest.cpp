@@ -6,7 +6,7 @@
 #include "maintenance/frmChangeFilePath.h"
 #include "maintenance/frmReplace.h"
 #include "platform/store/History.h"
-#include "support/Files.h"
+#include "support/Limits.h"
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
@@ -78,6 +78,17 @@ TEST_F(Looking, AReplacementIsShownUntickedMadeAndTakenBack)
     EXPECT_EQ(values(u"Genre"_s), u"Rok|rok and rok|Pop|rok"_s);
     EXPECT_EQ(backups, 0);
     EXPECT_TRUE(dao::History(store.db()).changes().front().sentence.isEmpty()) << "nothing was kept";
+
+    std::optional<FullDisk> full;
+    duringBackup = [&] { full.emplace(1); };
+    willLook([](QWidget &preview) {
+        tickRow(preview, 0);
+        click(preview, u"cmdGoOn"_s);
+    });
+    desktop.willSee(u"Nothing was changed."_s).meanwhile([&] { full.reset(); });
+    press(u"cmdOK"_s);
+    EXPECT_EQ(values(u"Genre"_s), u"Rok|rok and rok|Pop|rok"_s);
+    duringBackup = [] {};
 
     willLook([&](QWidget &preview) {
         tickRow(preview, 1);
