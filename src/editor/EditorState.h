@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
 #include <QtGlobal>
 
 namespace quaverly {
@@ -21,6 +22,9 @@ struct EditorState
     qint64 CurrentRecordID = 0;
     /** The picture screen changed a picture that is linked to the record. */
     bool PictureChanged = false;
+    /** The picture screen deleted pictures of that sitting, which the next save ends: with it they are one
+     * change of the history. Empty without one. */
+    QString PictureSitting;
     /** Tells the main screen, at its next activation, to step the grid off its mark column. */
     bool RecordJustSaved = false;
     /** Where the editor stood when it was closed last, in twips; 0 for never. */

@@ -266,6 +266,7 @@ bool NameEdit::Form_Unload()
         state.PictureChanged = false;
     }
     state.RecordDirty = false;
+    state.PictureSitting.clear();
     m_record->leave();
     if (!state.RecordSaved)
         return true;

@@ -6,8 +6,11 @@
 #include "desktop/FileHelpers.h"
 #include "editor/EditorState.h"
 #include "editor/FieldChecks.h"
+#include "platform/store/History.h"
 #include "platform/text/Text.h"
 #include "songlist/DisplayedSet.h"
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -177,6 +180,7 @@ void SongSave::write(const SongTexts &texts)
     try {
         // The song with its category or neither: else the next save would add the song a second time.
         dao::Transaction transaction(m_parts.services.catalogue.CatalogueDb->workspace());
+        dao::History(*m_parts.services.catalogue.CatalogueDb).ofSitting(std::exchange(state.PictureSitting, {}));
         writeOrRetry(texts);
         assignShownCategory();
         transaction.commit();

@@ -51,12 +51,12 @@ QString ChangeListModel::text(const dao::Change &change, int column) const
     case What:
         return m_texts.sentence(change) + (change.state == dao::Change::State::TakenBack ? u" (taken back)"_s
                                            : change.state == dao::Change::State::CopyOnly
-                                               ? u" (see the copies under Restore From Backup)"_s
+                                               ? u" (a copy of the database is kept)"_s
                                                : QString());
     case Rows:
         return number(change.rows);
     case Files:
-        return number(static_cast<qint64>(m_history.fileMoves(change).size()));
+        return number(m_history.fileCount(change));
     default:
         return {};
     }

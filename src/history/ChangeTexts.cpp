@@ -41,6 +41,8 @@ constexpr TableWords Tables[] = {
     {"tblSettings"_L1, "filter or note"_L1, "filters and notes"_L1, "Name"_L1, {}},
 };
 
+constexpr TableWords Picture = {{}, "picture"_L1, "pictures"_L1, {}, {}};
+
 const TableWords &wordsOf(const QString &table)
 {
     const auto found =
@@ -72,13 +74,21 @@ QString shown(const QVariant &value)
 
 QString ChangeTexts::sentence(const dao::Change &change) const
 {
+    if (!change.told.isEmpty())
+        return change.told;
     if (!change.sentence.isEmpty() && change.rows < 0)
         return change.sentence;
     const std::optional<Subject> subject = subjectOf(change);
     if (!change.sentence.isEmpty())
-        return change.sentence +
-               (subject ? u": "_s + counted(change.rows, wordsOf(subject->value.table)) : QString());
+        return change.sentence + (subject ? u": "_s + countedRows(change, *subject) : QString());
     return subject ? composed(change, *subject) : u"Change"_s;
+}
+
+QString ChangeTexts::countedRows(const dao::Change &change, const Subject &subject) const
+{
+    if (subject.value.key != 0)
+        return counted(change.rows, wordsOf(subject.value.table));
+    return counted(m_history.fileCount(change), Picture);
 }
 
 // A song's edit takes its tracks along, and a new song comes with its category: they are the song's change.
@@ -88,20 +98,23 @@ std::optional<ChangeTexts::Subject> ChangeTexts::subjectOf(const dao::Change &ch
     QSet<qint64> songs;
     const qint64 all = dao::History::valueCount(change);
     bool filesMoved = false;
+    bool pictureMoved = false;
     for (qint64 place = 0; place < std::min(all, EntriesLookedAt); ++place) {
         const auto value = m_history.valueAt(change, place);
         if (!value)
             continue;
         filesMoved = filesMoved || value->kind == Kind::FileMoved;
+        pictureMoved = pictureMoved || value->kind == Kind::PictureMoved;
         const bool isSong = value->table == SongTable;
-        if (isSong)
+        if (isSong && value->key != 0)
             songs.insert(value->key);
-        if (!subject || (isSong && subject->value.table != SongTable))
-            subject = Subject{*value, place, false, false};
+        if (!subject || (isSong && value->key != 0 && subject->value.table != SongTable))
+            subject = Subject{*value, place};
     }
     if (subject) {
         subject->alone = change.rows == 1 || (songs.size() == 1 && all <= EntriesLookedAt);
         subject->filesMoved = filesMoved;
+        subject->pictureMoved = pictureMoved;
     }
     return subject;
 }
@@ -115,14 +128,18 @@ QString ChangeTexts::composed(const dao::Change &change, const Subject &subject)
     QString what = subject.alone ? recordOf(change, subject.place, first) : counted(change.rows, words);
     if (subject.filesMoved)
         what += u" (file renamed)"_s;
-    const QString kind = !subject.alone || words.table == SongTable ? QString() : words.one + u' ';
+    if (subject.pictureMoved)
+        what += u" (picture deleted)"_s;
+    const QString kind = !subject.alone             ? u" "_s
+                         : words.table == SongTable ? u": "_s
+                                                    : u' ' + words.one + u' ';
     switch (first.kind) {
     case Kind::RowAdded:
-        return u"Add "_s + kind + what;
+        return u"Add"_s + kind + what;
     case Kind::RowDeleted:
-        return u"Delete "_s + kind + what;
+        return u"Delete"_s + kind + what;
     default:
-        return u"Edit "_s + kind + what;
+        return u"Edit"_s + kind + what;
     }
 }
 
@@ -157,7 +174,10 @@ ChangedRowTexts ChangeTexts::row(const dao::Change &change, qint64 place) const
                 {},
                 u"Record numbers %1 to %2"_s.arg(value->before.toLongLong()).arg(value->after.toLongLong())};
     case Kind::FileMoved:
-        return {record(value->table, value->key), u"File"_s, shown(value->before), shown(value->after)};
+    case Kind::PictureMoved:
+        return {value->key == 0 ? QString() : record(value->table, value->key),
+                value->kind == Kind::FileMoved ? u"File"_s : u"Picture"_s, shown(value->before),
+                shown(value->after)};
     case Kind::Value:
         break;
     }

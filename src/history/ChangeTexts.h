@@ -36,8 +36,10 @@ private:
         /** The change is about this record alone. */
         bool alone = false;
         bool filesMoved = false;
+        bool pictureMoved = false;
     };
     [[nodiscard]] std::optional<Subject> subjectOf(const dao::Change &change) const;
+    [[nodiscard]] QString countedRows(const dao::Change &change, const Subject &subject) const;
     [[nodiscard]] QString composed(const dao::Change &change, const Subject &subject) const;
     [[nodiscard]] QString recordOf(const dao::Change &change, qint64 place,
                                    const dao::ChangedValue &value) const;

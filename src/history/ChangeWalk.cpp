@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "history/ChangeWalk.h"
 
-#include "desktop/FileHelpers.h"
 #include "history/ChangeTexts.h"
 #include "platform/shell/FileMove.h"
 
+#include <QSet>
+
 #include <algorithm>
-#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -14,113 +14,164 @@ namespace quaverly {
 
 namespace {
 
-using Conflicts = dao::History::Conflicts;
-
-SongFile fileOf(const QString &path)
-{
-    const qsizetype end = path.lastIndexOf(u'/') + 1;
-    return {path.left(end), path.mid(end)};
-}
+const auto SongTable = u"tblContacts"_s;
+const auto TrackTable = u"tblPlayListDetail"_s;
 
 } // namespace
 
 QStringList ChangeWalk::go(const dao::Change &change, WalkDirection direction, Conflicts conflicts)
 {
-    const std::vector<Move> moves = movesOf(change, direction);
-    if (QStringList inTheWay = obstacles(moves); !inTheWay.isEmpty())
-        return inTheWay;
-    // Files are only touched when nothing is left to refuse the rows.
-    if (!moves.empty() && conflicts == Conflicts::Stop) {
-        if (QStringList inTheWay = names(rowsInTheWay(change, direction)); !inTheWay.isEmpty())
-            return inTheWay;
+    m_change = change;
+    m_direction = direction;
+    m_conflicts = conflicts;
+    m_steps = fileSteps(m_history.fileMoves(change), direction);
+    LeftOut left;
+    if (conflicts == Conflicts::LeaveOut) {
+        left = findLeftOut();
+    } else if (QStringList found = inTheWay(); !found.isEmpty()) {
+        return found;
     }
-    moveAll(moves);
+    const std::set<std::size_t> gone = checkSteps(m_steps, left.steps).gone;
+    std::vector<FileStep> toGo;
+    for (std::size_t i = 0; i < m_steps.size(); ++i) {
+        if (!left.steps.contains(i) && !gone.contains(i))
+            toGo.push_back(m_steps[i]);
+    }
+    m_steps = std::move(toGo);
+    moveAll();
     try {
-        const auto [done, left] = writeRows(change, direction, conflicts, moves);
+        const auto [done, refused] = writeRows(left);
         if (!done)
-            moveBack(moves);
-        return left;
+            moveBack(m_steps);
+        return left.told + refused;
     } catch (const dao::DaoError &) {
-        moveBack(moves);
+        moveBack(m_steps);
         throw;
     }
 }
 
-ChangeWalk::Written ChangeWalk::writeRows(const dao::Change &change, WalkDirection direction,
-                                          Conflicts conflicts, const std::vector<Move> &moves)
+// Files are only touched when nothing is left to refuse the rows.
+QStringList ChangeWalk::inTheWay()
+{
+    QStringList found;
+    for (const auto &[place, obstacle] : checkSteps(m_steps, {}).obstacles)
+        found += obstacle;
+    return found.isEmpty() && !m_steps.empty() ? names(tryOut({})) : found;
+}
+
+// What one song leaves behind may stand in the way of another one.
+ChangeWalk::LeftOut ChangeWalk::findLeftOut()
+{
+    LeftOut left;
+    for (bool more = !m_steps.empty(); more;) {
+        more = false;
+        for (const auto &[place, obstacle] : checkSteps(m_steps, left.steps).obstacles) {
+            left.told += obstacle;
+            more = leaveOut(place, left) || more;
+        }
+        left.rows = rowsOf(left);
+        for (const dao::ChangedRow &row : tryOut(left.rows)) {
+            for (std::size_t i = 0; i < m_steps.size(); ++i) {
+                if (row.table != SongTable || m_steps[i].song != row.key || !leaveOut(i, left))
+                    continue;
+                left.told += names({row});
+                more = true;
+            }
+        }
+        left.rows = rowsOf(left);
+    }
+    return left;
+}
+
+/** A song's other files and pictures stay with it. False when it stayed already. */
+bool ChangeWalk::leaveOut(std::size_t step, LeftOut &left)
+{
+    if (!left.steps.insert(step).second)
+        return false;
+    for (std::size_t i = 0; m_steps[step].song != 0 && i < m_steps.size(); ++i) {
+        if (m_steps[i].song == m_steps[step].song)
+            left.steps.insert(i);
+    }
+    return true;
+}
+
+std::vector<dao::ChangedRow> ChangeWalk::rowsOf(const LeftOut &left) const
+{
+    std::vector<dao::ChangedRow> rows;
+    QSet<QString> paths;
+    for (const std::size_t place : left.steps) {
+        const FileStep &step = m_steps[place];
+        if (step.song != 0)
+            rows.push_back({SongTable, step.song});
+        if (!step.isPicture)
+            paths.insert(step.from.path());
+    }
+    if (!paths.isEmpty())
+        std::ranges::copy(m_history.rowsWith(m_change, TrackTable, u"FileName"_s, paths),
+                          std::back_inserter(rows));
+    return rows;
+}
+
+ChangeWalk::Written ChangeWalk::writeRows(const LeftOut &left)
 {
     dao::Transaction transaction(m_catalogue.CatalogueDb->workspace());
-    QStringList left = names(replay(change, direction, conflicts));
-    if (!left.isEmpty() && conflicts == Conflicts::Stop)
-        return {false, left};
-    for (const Move &move : moves)
-        m_notes.drop(move.song);
+    QStringList refused = names(replay(left.rows));
+    if (!refused.isEmpty() && m_conflicts == Conflicts::Stop)
+        return {false, refused};
+    for (const FileStep &step : m_steps) {
+        if (!step.isPicture)
+            m_notes.drop(step.song);
+        for (const dao::MovedFile &move : step.moves)
+            m_history.fileIsNow(move, dao::markOf(step.to.path()).value_or(step.mark));
+    }
     transaction.commit();
-    return {true, left};
+    return {true, refused};
 }
 
-std::vector<ChangeWalk::Move> ChangeWalk::movesOf(const dao::Change &change, WalkDirection direction) const
+std::vector<dao::ChangedRow> ChangeWalk::replay(const std::vector<dao::ChangedRow> &leftAlone)
 {
-    std::vector<Move> moves;
-    for (const dao::ChangedValue &made : dao::History(*m_catalogue.CatalogueDb).fileMoves(change))
-        moves.push_back({made.key, fileOf(made.before.toString()), fileOf(made.after.toString())});
-    if (direction == WalkDirection::Back) {
-        std::ranges::reverse(moves);
-        for (Move &move : moves)
-            std::swap(move.from, move.to);
-    }
-    return moves;
+    return m_direction == WalkDirection::Back ? m_history.takeBack(m_change, m_conflicts, leftAlone)
+                                              : m_history.makeAgain(m_change, m_conflicts, leftAlone);
 }
 
-QStringList ChangeWalk::obstacles(const std::vector<Move> &moves)
-{
-    QStringList all;
-    for (const Move &move : moves) {
-        if (!FileExists(move.from.path()))
-            all += u"The file \"%1\" is no longer there."_s.arg(move.from.path());
-        else if (!FolderExists(move.to.PathName))
-            all += u"The folder \"%1\" is not there."_s.arg(move.to.PathName);
-        else if (FileExists(move.to.path()) &&
-                 !shell::isOwnNameInOtherCapitals(move.from.path(), move.to.path()))
-            all += u"There is another file now: \"%1\"."_s.arg(move.to.path());
-    }
-    return all;
-}
-
-std::vector<dao::ChangedRow> ChangeWalk::replay(const dao::Change &change, WalkDirection direction,
-                                                Conflicts conflicts)
-{
-    dao::History history(*m_catalogue.CatalogueDb);
-    return direction == WalkDirection::Back ? history.takeBack(change, conflicts)
-                                            : history.makeAgain(change, conflicts);
-}
-
-std::vector<dao::ChangedRow> ChangeWalk::rowsInTheWay(const dao::Change &change, WalkDirection direction)
+std::vector<dao::ChangedRow> ChangeWalk::tryOut(const std::vector<dao::ChangedRow> &leftAlone)
 {
     const dao::Transaction triedOut(m_catalogue.CatalogueDb->workspace());
-    return replay(change, direction, Conflicts::Stop);
+    return replay(leftAlone);
 }
 
-void ChangeWalk::moveAll(const std::vector<Move> &moves)
+void ChangeWalk::moveAll()
 {
-    for (std::size_t i = 0; i < moves.size(); ++i) {
-        const Move &move = moves[i];
-        m_notes.keep(move.song, move.from, move.to);
+    for (std::size_t i = 0; i < m_steps.size(); ++i) {
+        const FileStep &step = m_steps[i];
+        if (!step.isPicture)
+            m_notes.keep(step.song, step.from, step.to);
         try {
-            shell::moveFile(move.from.path(), move.to.path());
+            shell::moveFile(step.from.path(), step.to.path());
         } catch (const dao::DaoError &) {
-            m_notes.drop(move.song);
-            moveBack(std::span(moves).first(i));
+            if (!step.isPicture)
+                m_notes.drop(step.song);
+            moveBack(std::span(m_steps).first(i));
             throw;
         }
     }
 }
 
-// What can't go back keeps its note, and is settled at the next start.
-void ChangeWalk::moveBack(std::span<const Move> moves)
+// A song that can't go back keeps its note, and is settled at the next start.
+void ChangeWalk::moveBack(std::span<const FileStep> steps)
 {
-    for (std::size_t i = moves.size(); i > 0; --i)
-        static_cast<void>(m_notes.giveUp(moves[i - 1].song));
+    for (std::size_t i = steps.size(); i > 0; --i) {
+        const FileStep &step = steps[i - 1];
+        if (!step.isPicture) {
+            static_cast<void>(m_notes.giveUp(step.song));
+            continue;
+        }
+        try {
+            shell::moveFile(step.to.path(), step.from.path());
+        } catch (const dao::DaoError &) { // NOLINT(bugprone-empty-catch)
+            // It lies where the next walk finds it.
+        }
+    }
 }
 
 QStringList ChangeWalk::names(const std::vector<dao::ChangedRow> &rows) const

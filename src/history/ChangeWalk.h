@@ -3,7 +3,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/RenameNotes.h"
-#include "platform/store/History.h"
+#include "history/FileSteps.h"
 
 #include <QStringList>
 
@@ -11,54 +11,63 @@
 
 namespace quaverly {
 
-enum class WalkDirection { Back, Again };
-
 /**
- * Takes changes back or makes them again, rows and files alike: the files first, each with a note of where it
- * goes, then rows and notes in one transaction. A process that dies in between leaves what the next start
- * settles.
+ * Takes changes back or makes them again, rows and files alike: the files first, each song's with a note of
+ * where it goes, then rows and notes in one transaction. A process that dies in between leaves what the next
+ * start settles, or for a picture, what the next walk finds done.
  */
 class ChangeWalk final
 {
 public:
+    using Conflicts = dao::History::Conflicts;
+
     /** @p catalogue outlives this object. */
-    explicit ChangeWalk(Catalogue &catalogue) : m_catalogue(catalogue), m_notes(catalogue) {}
+    explicit ChangeWalk(Catalogue &catalogue)
+        : m_catalogue(catalogue), m_history(*catalogue.CatalogueDb), m_notes(catalogue)
+    {}
 
     /**
-     * The change that is next in that direction. Nothing is done when something stands in the way: a file
-     * that is not where the change left it, a place that is taken, or with Stop a row that was changed since.
+     * The change that is next in that direction. With Stop nothing is done when something stands in the way:
+     * a row or a file that is not as the change left it, a place that is taken. With LeaveOut these stay, a
+     * file together with its record and tracks, and all else is done.
      * @returns what stands in the way or was left out, a line each: songs, files
      * @throws dao::DaoError; nothing is done then
      */
     [[nodiscard]] QStringList go(const dao::Change &change, WalkDirection direction,
-                                 dao::History::Conflicts conflicts = dao::History::Conflicts::Stop);
+                                 Conflicts conflicts = Conflicts::Stop);
 
 private:
-    struct Move
+    /** What is not to be touched. */
+    struct LeftOut
     {
-        qint64 song = 0;
-        SongFile from;
-        SongFile to;
+        QStringList told;
+        std::set<std::size_t> steps;
+        std::vector<dao::ChangedRow> rows;
     };
+    [[nodiscard]] QStringList inTheWay();
+    [[nodiscard]] LeftOut findLeftOut();
+    [[nodiscard]] bool leaveOut(std::size_t step, LeftOut &left);
+    [[nodiscard]] std::vector<dao::ChangedRow> rowsOf(const LeftOut &left) const;
     struct Written
     {
         bool done = false;
-        QStringList left;
+        QStringList refused;
     };
-    [[nodiscard]] Written writeRows(const dao::Change &change, WalkDirection direction,
-                                    dao::History::Conflicts conflicts, const std::vector<Move> &moves);
-    [[nodiscard]] std::vector<Move> movesOf(const dao::Change &change, WalkDirection direction) const;
-    [[nodiscard]] static QStringList obstacles(const std::vector<Move> &moves);
-    [[nodiscard]] std::vector<dao::ChangedRow> replay(const dao::Change &change, WalkDirection direction,
-                                                      dao::History::Conflicts conflicts);
-    [[nodiscard]] std::vector<dao::ChangedRow> rowsInTheWay(const dao::Change &change,
-                                                            WalkDirection direction);
-    void moveAll(const std::vector<Move> &moves);
-    void moveBack(std::span<const Move> moves);
+    [[nodiscard]] Written writeRows(const LeftOut &left);
+    [[nodiscard]] std::vector<dao::ChangedRow> replay(const std::vector<dao::ChangedRow> &leftAlone);
+    [[nodiscard]] std::vector<dao::ChangedRow> tryOut(const std::vector<dao::ChangedRow> &leftAlone);
+    void moveAll();
+    void moveBack(std::span<const FileStep> steps);
     [[nodiscard]] QStringList names(const std::vector<dao::ChangedRow> &rows) const;
 
     Catalogue &m_catalogue;
+    dao::History m_history;
     RenameNotes m_notes;
+    /** What is gone along now. */
+    dao::Change m_change;
+    WalkDirection m_direction = WalkDirection::Back;
+    Conflicts m_conflicts = Conflicts::Stop;
+    std::vector<FileStep> m_steps;
 };
 
 } // namespace quaverly

@@ -13,11 +13,11 @@ namespace quaverly {
 namespace {
 
 /** More of what stands in the way is only counted. */
-constexpr qsizetype MostNamed = 10;
+constexpr qsizetype MostNamed = 15;
 /** Characters of a sentence in a menu. */
 constexpr qsizetype LongestCaption = 60;
 
-using Conflicts = dao::History::Conflicts;
+using Conflicts = ChangeWalk::Conflicts;
 
 QString wordFor(WalkDirection direction)
 {
@@ -60,11 +60,21 @@ void HistoryCommands::step(WalkDirection direction)
     guarded(m_parts.services.desktop, wordFor(direction), [&] {
         m_parts.services.catalogue.CatalogueDb->endChange();
         if (const auto change = next(direction))
-            walk(*change, direction);
+            walk(*change, direction, Obstacles::Tell);
     });
 }
 
 int HistoryCommands::walk(const dao::Change &last, WalkDirection direction)
+{
+    return walk(last, direction, Obstacles::OfferToLeaveOut);
+}
+
+bool HistoryCommands::restoreCopyFor(const dao::Change &change)
+{
+    return m_parts.restoreBefore(change.made);
+}
+
+int HistoryCommands::walk(const dao::Change &last, WalkDirection direction, Obstacles obstacles)
 {
     const ChangeTexts texts(*m_parts.services.catalogue.CatalogueDb);
     const bool back = direction == WalkDirection::Back;
@@ -73,7 +83,7 @@ int HistoryCommands::walk(const dao::Change &last, WalkDirection direction)
          change = next(direction)) {
         const QString sentence = texts.sentence(*change);
         qint64 song = texts.song(*change);
-        if (!go(*change, direction))
+        if (!go(*change, direction, obstacles))
             break;
         ++gone;
         showAnew(song);
@@ -82,23 +92,34 @@ int HistoryCommands::walk(const dao::Change &last, WalkDirection direction)
     return gone;
 }
 
-bool HistoryCommands::go(const dao::Change &change, WalkDirection direction)
+QStringList HistoryCommands::goWith(const dao::Change &change, WalkDirection direction, Conflicts conflicts)
 {
-    ChangeWalk walk(m_parts.services.catalogue);
-    QStringList inTheWay;
-    {
-        const Hourglass hourglass(m_parts.services.desktop);
-        inTheWay = walk.go(change, direction);
-    }
+    const Hourglass hourglass(m_parts.services.desktop);
+    return ChangeWalk(m_parts.services.catalogue).go(change, direction, conflicts);
+}
+
+bool HistoryCommands::go(const dao::Change &change, WalkDirection direction, Obstacles obstacles)
+{
+    const QStringList inTheWay = goWith(change, direction, Conflicts::Stop);
     if (inTheWay.isEmpty())
         return true;
-    const QString sentence = ChangeTexts(*m_parts.services.catalogue.CatalogueDb).sentence(change);
-    m_parts.services.desktop.MessageBox(
-        u"\"%1\" can't be %2, since something stands in the way:\n\n%3\n\nNothing was "
-        "changed."_s.arg(sentence, direction == WalkDirection::Back ? u"taken back"_s : u"done again"_s,
-                         listed(inTheWay)),
-        wordFor(direction), Icon::Exclamation);
-    return false;
+    const bool back = direction == WalkDirection::Back;
+    const QString told = u"\"%1\" can't be %2, since something stands in the way:\n\n%3\n\n"_s.arg(
+        ChangeTexts(*m_parts.services.catalogue.CatalogueDb).sentence(change),
+        back ? u"taken back"_s : u"done again"_s, listed(inTheWay));
+    if (obstacles == Obstacles::Tell) {
+        m_parts.services.desktop.MessageBox(
+            told + u"Nothing was changed.  In the History of the Edit menu, the rest "
+                   "can be %1 without these."_s.arg(back ? u"taken back"_s : u"done again"_s),
+            wordFor(direction), Icon::Exclamation);
+        return false;
+    }
+    if (m_parts.services.desktop.MessageBox(
+            told + u"Leave these as they are, and %1 the rest?"_s.arg(back ? u"take back"_s : u"do again"_s),
+            wordFor(direction), Icon::Question, Buttons::YesNo, Answer::No) != Answer::Yes)
+        return false;
+    static_cast<void>(goWith(change, direction, Conflicts::LeaveOut));
+    return true;
 }
 
 void HistoryCommands::showAnew(qint64 song)

@@ -19,6 +19,8 @@ struct HistoryParts
     /** Tells in a line of the main screen what was done. */
     std::function<void(const QString &)> tell;
     std::function<void()> showHistory;
+    /** Offers to restore the copy that was made before a change of that time. True when it will be. */
+    std::function<bool(const QDateTime &made)> restoreBefore;
 };
 
 /** Undo, redo and the history of the open catalogue. */
@@ -36,17 +38,25 @@ public:
     [[nodiscard]] std::optional<QString> redoCaption() const;
 
     /**
-     * Takes back the changes from the newest to @p last, or makes them again. Stops at the first that can't
-     * be, and asks whether to leave out what stands in its way. The list is shown anew.
+     * Takes back the changes from the newest to @p last, or makes them again. Where something stands in the
+     * way of one, it shows that and asks whether to leave it out, or else stops. The list is shown anew.
      * @returns how many changes were gone along
      */
     int walk(const dao::Change &last, WalkDirection direction);
 
+    /** Offers the copy of the catalogue that stands in for a change. True when it will be restored. */
+    [[nodiscard]] bool restoreCopyFor(const dao::Change &change);
+
 private:
+    /** What is to be done about what stands in the way. */
+    enum class Obstacles { Tell, OfferToLeaveOut };
     void step(WalkDirection direction);
+    int walk(const dao::Change &last, WalkDirection direction, Obstacles obstacles);
     [[nodiscard]] std::optional<dao::Change> next(WalkDirection direction) const;
     [[nodiscard]] std::optional<QString> caption(WalkDirection direction) const;
-    [[nodiscard]] bool go(const dao::Change &change, WalkDirection direction);
+    [[nodiscard]] bool go(const dao::Change &change, WalkDirection direction, Obstacles obstacles);
+    [[nodiscard]] QStringList goWith(const dao::Change &change, WalkDirection direction,
+                                     ChangeWalk::Conflicts conflicts);
     void showAnew(qint64 song);
 
     HistoryParts m_parts;

@@ -60,12 +60,6 @@ void frmHistory::layOutColumns()
 void frmHistory::showChanges()
 {
     m_changes.reload();
-    m_ui->lblMessage->setText(
-        m_changes.all().empty()
-            ? u"There are no changes yet.  What you do to songs, play lists, categories, filters and notes "
-              "is listed here, and can be taken back."_s
-            : u"Choose a change to see what it did.  Changes are taken back from the newest down to the one "
-              "that is chosen."_s);
     if (m_changes.rowCount() > 0)
         m_ui->listChanges->selectRow(0);
     listChanges_Click();
@@ -86,8 +80,28 @@ void frmHistory::listChanges_Click()
         change != nullptr && std::ranges::any_of(m_changes.all(), [&](const dao::Change &each) {
             return each.state == State::CopyOnly && each.id >= change->id;
         });
-    m_ui->cmdTakeBack->setEnabled(change != nullptr && change->state == State::Done && !blocked);
+    const bool isCopy = change != nullptr && change->state == State::CopyOnly;
+    m_ui->cmdTakeBack->setEnabled(isCopy || (change != nullptr && change->state == State::Done && !blocked));
     m_ui->cmdMakeAgain->setEnabled(change != nullptr && change->state == State::TakenBack);
+    m_ui->lblMessage->setText(messageFor(change, blocked));
+}
+
+QString frmHistory::messageFor(const dao::Change *change, bool blocked) const
+{
+    if (m_changes.all().empty())
+        return u"There are no changes yet.  What you do to songs, play lists, categories, filters and notes "
+               u"is "
+               "listed here, and can be taken back."_s;
+    if (change != nullptr && change->state == State::CopyOnly)
+        return u"Of this change only the copy of the database is kept that was made before it.  Take Back "
+               "offers to restore that copy."_s;
+    if (blocked)
+        return u"After this change came one of which only a copy of the database is kept, so it can't be "
+               u"taken "
+               "back by itself."_s;
+    return u"Choose a change to see what it did.  Changes are taken back from the newest down to the one "
+           u"that "
+           "is chosen."_s;
 }
 
 void frmHistory::txtFilter_Change()
@@ -117,6 +131,8 @@ void frmHistory::cmdTakeBack_Click()
 {
     work(m_desktop, [this] {
         const dao::Change last = *chosen();
+        if (last.state == State::CopyOnly)
+            return m_commands.restoreCopyFor(last);
         if (confirms(countBetween(State::Done, last), u"taken back"_s))
             m_commands.walk(last, WalkDirection::Back);
         showChanges();

@@ -35,6 +35,7 @@ private:
     void cmdTakeBack_Click();
     void cmdMakeAgain_Click();
     [[nodiscard]] const dao::Change *chosen() const;
+    [[nodiscard]] QString messageFor(const dao::Change *change, bool blocked) const;
     [[nodiscard]] std::size_t countBetween(dao::Change::State state, const dao::Change &last) const;
     [[nodiscard]] bool confirms(std::size_t changes, const QString &what);
 

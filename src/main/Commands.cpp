@@ -13,6 +13,7 @@
 #include "platform/options/Folders.h"
 
 #include <QMenu>
+#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
@@ -20,12 +21,20 @@ namespace quaverly {
 
 namespace {
 
+QString pictureSitting(EditorState &state)
+{
+    if (state.PictureSitting.isEmpty())
+        state.PictureSitting = QUuid::createUuid().toString();
+    return state.PictureSitting;
+}
+
 PictureEditor pictureEditor(NameEdit &editor)
 {
     return {.text = [&editor](const QString &field) { return editor.text(field); },
             .setText = [&editor](const QString &field, const QString &text) { editor.setText(field, text); },
             .setRecordDirty = [&editor] { editor.setRecordDirty(true); },
             .setPictureChanged = [&editor] { editor.state().PictureChanged = true; },
+            .sitting = [&editor] { return pictureSitting(editor.state()); },
             .recordId = editor.recordID()};
 }
 
@@ -61,7 +70,8 @@ Commands::Commands(Session &session, const CommandHooks &hooks)
       history({.services = session.services(),
                .set = session.displayedSet(),
                .tell = hooks.tell,
-               .showHistory = [this] { showHistory(); }})
+               .showHistory = [this] { showHistory(); },
+               .restoreBefore = hooks.restoreBefore})
 {}
 
 void Commands::showHistory()

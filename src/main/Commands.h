@@ -35,6 +35,8 @@ struct CommandHooks
     std::function<void()> focusCmdPictures;
     /** Shows a sentence for some seconds. */
     std::function<void(const QString &)> tell;
+    /** Offers to restore the copy made before a change of that time; true when it will be. */
+    std::function<bool(const QDateTime &made)> restoreBefore;
 };
 
 /**

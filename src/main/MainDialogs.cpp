@@ -7,10 +7,17 @@
 #include "catalogue/frmPassword.h"
 #include "catalogue/frmRestoreBackup.h"
 #include "desktop/About.h"
+#include "desktop/Desktop.h"
 #include "main/HelpSite.h"
 #include "main/Session.h"
 #include "pictures/PictureHousekeeping.h"
 #include "songlist/CriteriaForm.h"
+
+#include <QDateTime>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
@@ -54,6 +61,25 @@ void MainDialogs::mnuRestoreBackup_Click()
         [&commands = m_catalogueCommands](const Backup &backup) { commands.restoreBackup(backup); },
         Qt::QueuedConnection);
     form.release()->showModally();
+}
+
+bool MainDialogs::restoreBefore(const QDateTime &made)
+{
+    RestoreBackup restore(m_session.desktop(), m_catalogueCommands.backups());
+    const std::vector<Backup> copies = restore.copies();
+    const auto copy = std::ranges::find_if(copies, [&](const Backup &each) { return each.made <= made; });
+    if (copy == copies.end()) {
+        m_session.desktop().MessageBox(
+            u"There is no copy of the database from before this change any more."_s, u"Restore From Backup"_s,
+            Icon::Exclamation);
+        return false;
+    }
+    if (!restore.mayRestore(*copy))
+        return false;
+    QMetaObject::invokeMethod(
+        &m_owner, [&commands = m_catalogueCommands, backup = *copy] { commands.restoreBackup(backup); },
+        Qt::QueuedConnection);
+    return true;
 }
 
 void MainDialogs::OphanedPictures_Click()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+class QDateTime;
 class QWidget;
 
 namespace quaverly {
@@ -29,6 +30,10 @@ public:
     void OphanedPictures_Click();
     void EmptyDeletedPicturesFolder_Click();
     void AboutBox_Click();
+
+    /** Offers to restore the copy that was made last before that time. True when it will be, once the screens
+     * above the main one are closed. @throws dao::DaoError */
+    [[nodiscard]] bool restoreBefore(const QDateTime &made);
 
 private:
     Session &m_session;

@@ -157,7 +157,8 @@ void NameList::buildCommands()
                     m_playCommands->playFromEditor(song, screens);
                 },
             .focusCmdPictures = [this] { m_ui->cmdPictures->setFocus(); },
-            .tell = [this](const QString &sentence) { showNotice(sentence, SentenceMilliseconds); }});
+            .tell = [this](const QString &sentence) { showNotice(sentence, SentenceMilliseconds); },
+            .restoreBefore = [this](const QDateTime &made) { return m_dialogs.restoreBefore(made); }});
 }
 
 void NameList::showNotice(const QString &text, int milliseconds)

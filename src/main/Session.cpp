@@ -3,10 +3,27 @@
 
 #include "catalogue/CatalogueSchema.h"
 #include "desktop/Desktop.h"
+#include "desktop/Guard.h"
+#include "history/ChangeTexts.h"
 
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
+
+namespace {
+
+// The names in its sentence are those of now: a song may be called otherwise later, or be gone.
+void endChange(dao::Database &database)
+{
+    database.endChange();
+    quietly([&] {
+        dao::History history(database);
+        if (const auto made = history.ended())
+            history.tell(*made, ChangeTexts(database).sentence(*made));
+    });
+}
+
+} // namespace
 
 Session::Session(Desktop &desktop, OptionsStore &store, media::MediaOptions sound)
     : m_desktop(desktop), m_store(store), m_engine(catalogueSchema()), m_media(std::move(sound)),
@@ -18,7 +35,7 @@ Session::Session(Desktop &desktop, OptionsStore &store, media::MediaOptions soun
     m_desktop.handlers().afterHandler = [this] {
         m_engine.Workspaces(0).settle();
         if (m_catalogue.CatalogueDb)
-            m_catalogue.CatalogueDb->endChange();
+            endChange(*m_catalogue.CatalogueDb);
     };
 }
 

@@ -3,6 +3,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/SettingsRows.h"
+#include "platform/store/History.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -86,6 +87,11 @@ void NoteBook::rename(const QString &title, const QString &newTitle)
 void NoteBook::remove(const QString &title)
 {
     m_settings.remove(kind(settings::Note), title);
+}
+
+void NoteBook::ofSitting(const QString &sitting)
+{
+    dao::History(*m_catalogue.CatalogueDb).ofSitting(sitting);
 }
 
 int NoteBook::lastIndex() const

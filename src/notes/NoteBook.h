@@ -40,6 +40,8 @@ public:
     void add(const QString &title) { save(title, {}); }
     void rename(const QString &title, const QString &newTitle);
     void remove(const QString &title);
+    /** What is saved or renamed next is one change of the history with what was before in that sitting. */
+    void ofSitting(const QString &sitting);
 
     /** Place among the titles of the note that was open last; -1 without one. */
     [[nodiscard]] int lastIndex() const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "notes/OpenNote.h"
 
+#include <QUuid>
+
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
@@ -11,11 +13,13 @@ QString OpenNote::open(const QString &title)
     m_title = title;
     m_openedText = text;
     m_savedSinceOpened = false;
+    m_sitting = QUuid::createUuid().toString();
     return text;
 }
 
 void OpenNote::rename(const QString &title)
 {
+    m_book.ofSitting(m_sitting);
     m_book.rename(m_title, title);
     m_title = title;
 }
@@ -23,6 +27,7 @@ void OpenNote::rename(const QString &title)
 void OpenNote::save(const QString &rtf)
 {
     try {
+        m_book.ofSitting(m_sitting);
         m_book.save(m_title, rtf);
     } catch (const dao::DaoError &error) {
         keep(error, NoteDraft::Kind::Typed, rtf);
@@ -36,6 +41,7 @@ void OpenNote::takeBack()
     if (!m_savedSinceOpened)
         return;
     try {
+        m_book.ofSitting(m_sitting);
         m_book.save(m_title, m_openedText);
     } catch (const dao::DaoError &error) {
         keep(error, NoteDraft::Kind::Before, m_openedText);

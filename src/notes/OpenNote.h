@@ -39,6 +39,8 @@ private:
     NoteDrafts m_drafts;
     QString m_title;
     QString m_openedText;
+    /** From opening to opening: its saves are one change of the history. */
+    QString m_sitting;
     bool m_savedSinceOpened = false;
 };
 

@@ -6,6 +6,7 @@
 #include "pictures/PictureErrors.h"
 #include "pictures/cImage.h"
 #include "pictures/cJpeg.h"
+#include "platform/store/History.h"
 #include "platform/text/Text.h"
 
 #include <QDir>
@@ -77,13 +78,21 @@ void PictureFiles::save(const QString &name, const QImage &box) const
     jpeg.SaveFile(pathOf(withJpg(name)));
 }
 
-void PictureFiles::retire(const QString &name) const
+void PictureFiles::retire(const QString &name, qint64 song) const
 {
     makeDeletedFolder();
     if (FileExists(deletedFolder() + name))
-        remove(name);
-    else
+        return remove(name);
+    // First: a death in between leaves a picture that is where the journal would take it back to.
+    dao::History history(*m_catalogue.CatalogueDb);
+    history.notePictureMoved(song, pathOf(name), deletedFolder() + name);
+    m_catalogue.CatalogueDb->workspace().settle();
+    try {
         move(name);
+    } catch (const dao::DaoError &) {
+        history.forgetCurrent();
+        throw;
+    }
 }
 
 void PictureFiles::move(const QString &name) const

@@ -36,8 +36,9 @@ public:
      */
     void save(const QString &name, const QImage &box) const;
 
-    /** Moves a picture to the deleted ones, where a file of that name stays: then the picture is deleted. */
-    void retire(const QString &name) const;
+    /** Moves a picture to the deleted ones, where a file of that name stays: then the picture is deleted. The
+     * journal is told of the move, and whose picture it was; 0 for a song that is not stored. */
+    void retire(const QString &name, qint64 song) const;
     void remove(const QString &name) const;
 
 private:

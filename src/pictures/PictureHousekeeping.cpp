@@ -7,6 +7,7 @@
 #include "desktop/Guard.h"
 #include "pictures/PictureErrors.h"
 #include "pictures/PictureSql.h"
+#include "platform/store/History.h"
 
 #include <QFile>
 #include <QSet>
@@ -194,6 +195,7 @@ void PictureHousekeeping::removeOrphans(const Files &orphans)
             u"File Move Confirmation"_s)) {
         m_files.makeDeletedFolder();
         const fs::path folder = nativeOf(m_files.deletedFolder());
+        noteMoves(orphans);
         onEach(orphans,
                [&](const fs::path &file, std::error_code &failed) { moveInto(folder, file, failed); });
         tell(u"Orphaned pictures moved to the Quaverly Deleted Pictures folder."_s);
@@ -201,6 +203,22 @@ void PictureHousekeeping::removeOrphans(const Files &orphans)
     }
     m_desktop.MessageBox(u"Orphaned pictures left in the Quaverly Pictures folder."_s,
                          u"Pictures not deleted."_s);
+}
+
+// First: a death in between leaves pictures that are where the journal would take them back to.
+void PictureHousekeeping::noteMoves(const Files &orphans)
+{
+    dao::Database &database = *m_catalogue.CatalogueDb;
+    database.describeChange(u"Move orphaned pictures"_s);
+    dao::History history(database);
+    dao::Transaction transaction(database.workspace());
+    for (const fs::path &file : orphans) {
+        const QString name = textOf(file.filename());
+        // One with no valid text for a name couldn't be found again.
+        if (QFile::encodeName(name) == file.filename().c_str())
+            history.notePictureMoved(0, m_files.pathOf(name), m_files.deletedFolder() + name);
+    }
+    transaction.commit();
 }
 
 void PictureHousekeeping::EmptyDeletedPicturesFolder_Click()

@@ -29,6 +29,7 @@ private:
     /** Those that no song has. */
     [[nodiscard]] Files orphansOf(const Files &pictures) const;
     void removeOrphans(const Files &orphans);
+    void noteMoves(const Files &orphans);
     void emptyDeleted();
     void tell(const QString &text);
     [[nodiscard]] bool ask(const QString &text, const QString &title);

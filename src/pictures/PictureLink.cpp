@@ -5,6 +5,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "pictures/PictureSql.h"
+#include "platform/store/History.h"
 #include "platform/text/Text.h"
 
 #include <QFileInfo>
@@ -180,7 +181,8 @@ bool PictureLink::remove()
         tellShared(songs, several);
         return true;
     }
-    m_files.retire(name);
+    dao::History(*m_catalogue.CatalogueDb).ofSitting(m_editor.sitting());
+    m_files.retire(name, m_editor.recordId);
     m_editor.setPictureChanged();
     m_editor.setRecordDirty();
     m_editor.setText(pictureField(m_slot), {});

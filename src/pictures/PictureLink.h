@@ -20,6 +20,8 @@ struct PictureEditor
     std::function<void()> setRecordDirty;
     /** PictureChanged becomes true. */
     std::function<void()> setPictureChanged;
+    /** Names what is one change of the history: the record's pictures deleted, and its next save. */
+    std::function<QString()> sitting;
     /** 0 while the record is not stored. */
     qint64 recordId = 0;
 

@@ -82,6 +82,7 @@ protected:
                 .setText = [this](const QString &field, const QString &text) { m_texts[field] = text; },
                 .setRecordDirty = [this] { m_recordDirty = true; },
                 .setPictureChanged = [this] { m_pictureChanged = true; },
+                .sitting = [] { return QString(); },
                 .recordId = m_recordId};
     }
 

@@ -2,6 +2,7 @@
 #include "platform/store/ChangeLog.h"
 
 #include "platform/store/DaoError.h"
+#include "platform/store/FileMark.h"
 
 #include <QDateTime>
 
@@ -119,10 +120,15 @@ QByteArray ChangeLog::missingTables()
         return names;
     };
     QByteArray statements;
-    if (columnsOf("sysChange").isEmpty())
+    const QByteArrayList changes = columnsOf("sysChange");
+    if (changes.isEmpty())
         statements +=
             "CREATE TABLE sysChange (First INTEGER PRIMARY KEY, Last INTEGER, Made TEXT, Sentence TEXT, "
-            "State INTEGER, RowCount INTEGER, Bytes INTEGER);";
+            "State INTEGER, RowCount INTEGER, Bytes INTEGER, Told TEXT);";
+    else if (!changes.contains("Told"))
+        statements += "ALTER TABLE sysChange ADD COLUMN Told TEXT;";
+    if (columnsOf("sysFile").isEmpty())
+        statements += "CREATE TABLE sysFile (Seq INTEGER PRIMARY KEY, Inode INTEGER, Size INTEGER);";
     if (columnsOf("sysLog").isEmpty())
         statements +=
             "CREATE TABLE sysLog (Seq INTEGER PRIMARY KEY, Tab INTEGER, RowKey INTEGER, Col INTEGER, Old, "
@@ -221,8 +227,8 @@ void ChangeLog::noteChange(qint64 first, qint64 last, const Count &count)
 {
     Statement note = m_connection.prepare(
         "INSERT INTO sysChange (First, Last, Made, Sentence, State, RowCount, Bytes) VALUES (?1, ?2, ?3, ?4, "
-        "0, ?5, "
-        "?6) ON CONFLICT (First) DO UPDATE SET Last = ?2, Sentence = ?4, RowCount = ?5, Bytes = ?6");
+        "0, ?5, ?6) ON CONFLICT (First) DO UPDATE SET Last = ?2, Sentence = ?4, RowCount = ?5, Bytes = ?6, "
+        "Told = NULL");
     note.bind(1, first);
     note.bind(2, last);
     note.bind(3, QVariant(QDateTime::currentDateTime().toString(Qt::ISODate)));
@@ -272,10 +278,13 @@ qint64 ChangeLog::addRow(LogMark mark, int table, qint64 key, const QVariant &be
     return m_connection.lastInsertKey();
 }
 
-void ChangeLog::noteFileMoved(qint64 song, const QString &from, const QString &to)
+void ChangeLog::noteFileMoved(LogMark mark, qint64 song, const QString &from, const QString &to)
 {
-    if (m_usable && m_keeping)
-        static_cast<void>(addRow(FileMoved, 0, song, from, to));
+    if (!m_usable || !m_keeping)
+        return;
+    const qint64 seq = addRow(mark, 0, song, from, to);
+    // Pictures are told of before they go.
+    noteFileMark(m_connection, seq, markOf(mark == PictureMoved ? from : to).value_or(FileMark()));
 }
 
 void ChangeLog::noteCopyOnly(const QString &sentence)
@@ -292,11 +301,16 @@ void ChangeLog::noteCopyOnly(const QString &sentence)
 void ChangeLog::endChange()
 {
     const bool made = m_usable && m_first != 0;
+    const bool joins = made && !m_sitting.isEmpty() && m_sitting == m_endedSitting;
     try {
-        if (made && m_uncounted) {
+        if (made && (m_uncounted || joins || m_mayRepeat)) {
             m_connection.execute("BEGIN IMMEDIATE");
-            const qint64 last = lastSeq();
-            noteChange(m_first, last, countOf(m_first, last));
+            if (joins)
+                joinSitting();
+            if (joins || m_mayRepeat)
+                keepWhatCameOfIt();
+            if (m_first != 0)
+                noteChange(m_first, lastSeq(), countOf(m_first, lastSeq()));
             m_connection.execute("COMMIT");
         }
         // Small changes add up slowly: once in a run is enough for them.
@@ -309,8 +323,62 @@ void ChangeLog::endChange()
             m_connection.execute("ROLLBACK");
     }
     m_uncounted = false;
+    m_mayRepeat = false;
+    m_ended = made ? m_first : 0;
+    if (made) {
+        m_endedSitting = m_sitting;
+        m_lastMade = m_first;
+    }
+    m_sitting.clear();
     m_first = 0;
     m_sentence.clear();
+}
+
+void ChangeLog::joinSitting()
+{
+    Statement before = m_connection.prepare(
+        "SELECT First, Sentence FROM sysChange WHERE First < ?1 ORDER BY First DESC LIMIT 1");
+    before.bind(1, m_first);
+    // Another program's change in between parts them.
+    if (!before.step() || before.integer(0) != m_lastMade)
+        return;
+    m_connection.execute("DELETE FROM sysChange WHERE First = " + QByteArray::number(m_first));
+    m_first = m_lastMade;
+    if (m_sentence.isEmpty())
+        m_sentence = before.text(1);
+}
+
+// A value that was changed several times went from the first text to the last.
+void ChangeLog::keepWhatCameOfIt()
+{
+    const qint64 last = lastSeq();
+    const QByteArray own =
+        " Seq BETWEEN " + QByteArray::number(m_first) + " AND " + QByteArray::number(last) + " AND ";
+    const auto isThere = [this](const QByteArray &where) {
+        return integerOf("SELECT EXISTS (SELECT 1 FROM sysLog WHERE" + where + ")") != 0;
+    };
+    // Whole rows have to be gone along step by step.
+    if (last - m_first >= CountedAtCommit || isThere(own + "Col BETWEEN -4 AND -1"))
+        return;
+    const QByteArray same =
+        " l.Tab = sysLog.Tab AND l.RowKey = sysLog.RowKey AND l.Col = sysLog.Col AND l.Seq";
+    m_connection.execute("UPDATE sysLog SET New = (SELECT l.New FROM sysLog AS l WHERE" + same +
+                         " BETWEEN sysLog.Seq AND " + QByteArray::number(last) +
+                         " ORDER BY l.Seq DESC LIMIT 1) WHERE" + own + "Col >= 0");
+    m_connection.execute("DELETE FROM sysLog WHERE" + own +
+                         "Col >= 0 AND (EXISTS (SELECT 1 FROM sysLog AS l WHERE" + same + " BETWEEN " +
+                         QByteArray::number(m_first) +
+                         " AND sysLog.Seq - 1) OR (Old IS New AND typeof(Old) = typeof(New)))");
+    if (!isThere(own + "1"))
+        forgetCurrent();
+}
+
+void ChangeLog::forgetCurrent()
+{
+    if (m_first == 0)
+        return;
+    forgetChanges(m_connection, m_tables.size(), "First = " + QByteArray::number(m_first));
+    m_first = 0;
 }
 
 // The oldest first; what is kept of one change alone may be too much as well.
@@ -354,6 +422,7 @@ void forgetChanges(Connection &connection, std::size_t tables, const QByteArray 
                                QByteArray::number(-run.integer(1)));
         for (std::size_t number = 0; number < tables; ++number)
             connection.execute("DELETE FROM " + LogTable::images(number) + own);
+        connection.execute("DELETE FROM sysFile" + own);
         connection.execute("DELETE FROM sysLog" + own);
     }
     if (!ranges.empty())

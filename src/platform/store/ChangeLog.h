@@ -20,6 +20,8 @@ enum LogMark : int {
     RowsNotKept = -4,
     /** A file of that song went from Old to New. */
     FileMoved = -5,
+    /** A picture of that song did; 0 for a picture of no song. */
+    PictureMoved = -6,
 };
 
 /** How the state of a change is stored. */
@@ -54,9 +56,10 @@ struct LogTable
  * The journal of an open catalogue: what statements did to the rows, written by triggers in the transaction
  * of the change itself. The triggers are temporary, so that other programs write as before.
  *
- *   sysChange (First, Last, Made, Sentence, State, RowCount, Bytes): one row a change, with the first and the
- *      last row of sysLog that are its own.
+ *   sysChange (First, Last, Made, Sentence, State, RowCount, Bytes, Told): one row a change, with the first
+ *      and the last row of sysLog that are its own; Sentence is what its command said, Told what people read.
  *   sysLog (Seq, Tab, RowKey, Col, Old, New): a column that changed, or a LogMark.
+ *   sysFile (Seq, Inode, Size): the file that row Seq of the log moved, as it was left.
  *   sysRow<n> (Seq, c<place>...): the whole row of table n that row Seq of the log added or deleted. Rows of
  *      a RowsAdded are kept once it is taken back, under their keys below zero.
  *
@@ -79,10 +82,18 @@ public:
     void beforeCommit();
     /** What comes next is another change. Not for use within a transaction. */
     void endChange();
+    /** The change that is being made goes on with the one before it, where that was of the same sitting. */
+    void ofSitting(const QString &sitting) { m_sitting = sitting; }
+    /** The change that is being made may go to and fro: what came of it in the end is kept. */
+    void mayRepeat() { m_mayRepeat = true; }
+    /** Nothing came of the change that is being made, which has no rows yet. In the pending transaction. */
+    void forgetCurrent();
+    /** First row of the change that ended last; 0 when nothing was changed. */
+    [[nodiscard]] qint64 ended() const { return m_ended; }
     /** Notes a change of which no row is kept, in the pending transaction. */
     void noteCopyOnly(const QString &sentence);
     /** Notes a file's move as part of the change that is being made, in the pending transaction. */
-    void noteFileMoved(qint64 song, const QString &from, const QString &to);
+    void noteFileMoved(LogMark mark, qint64 song, const QString &from, const QString &to);
 
     /** From here on the rows added to @p table are noted as one run of keys; an empty name ends that. */
     void noteAsRun(const QString &table);
@@ -121,6 +132,8 @@ private:
     };
     [[nodiscard]] Count countOf(qint64 first, qint64 last);
     void noteChange(qint64 first, qint64 last, const Count &count);
+    void joinSitting();
+    void keepWhatCameOfIt();
     qint64 addRow(LogMark mark, int table, qint64 key, const QVariant &before, const QVariant &after);
     void expire();
 
@@ -133,6 +146,12 @@ private:
     qint64 m_first = 0;
     /** Its rows were too many to count before the commit. */
     bool m_uncounted = false;
+    bool m_mayRepeat = false;
+    QString m_sitting;
+    /** The sitting of the change that was made last, and that change. */
+    QString m_endedSitting;
+    qint64 m_lastMade = 0;
+    qint64 m_ended = 0;
     /** What is too old or too much has been looked for in this run. */
     bool m_expired = false;
     int m_runTable = -1;

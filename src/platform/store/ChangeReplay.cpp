@@ -19,10 +19,16 @@ std::vector<ReplayConflict> ChangeReplay::run(qint64 first, qint64 last)
     if (m_direction == ReplayDirection::Back)
         std::ranges::reverse(segments);
     for (const LogSegment &segment : segments) {
-        if (!m_segments.apply(segment))
+        if (touchesLeftAlone(segment) || !m_segments.apply(segment))
             replay(segment);
     }
     return {m_conflicts.begin(), m_conflicts.end()};
+}
+
+bool ChangeReplay::touchesLeftAlone(const LogSegment &segment) const
+{
+    return std::ranges::any_of(m_leftAlone,
+                               [&](const ReplayConflict &row) { return row.table == segment.table; });
 }
 
 void ChangeReplay::replay(const LogSegment &segment)
@@ -37,6 +43,8 @@ void ChangeReplay::replay(const LogSegment &segment)
     while (rows.step()) {
         const ReplayConflict row{static_cast<int>(rows.integer(1)), rows.integer(2)};
         const int column = static_cast<int>(rows.integer(3));
+        if (m_leftAlone.contains(row))
+            continue;
         if (column >= 0) {
             cell(row, {column, rows.variant(back ? 5 : 4), rows.variant(back ? 4 : 5)});
             continue;
@@ -80,10 +88,30 @@ void ChangeReplay::writeCells()
     update.bind(parameter++, m_row.key);
     for (const Cell &each : m_cells)
         update.bind(parameter++, each.expected);
-    m_cells.clear();
     static_cast<void>(update.step());
     update.reset();
-    expectOneRow(m_row);
+    if (m_connection.changes() == 0 && !isAsWanted())
+        m_conflicts.insert(m_row);
+    m_cells.clear();
+}
+
+bool ChangeReplay::isAsWanted()
+{
+    const LogTable &target = table(m_row.table);
+    QByteArray conditions;
+    for (const Cell &each : m_cells) {
+        const auto column = std::ranges::find(target.columns, each.column, &LogTable::Kept::place);
+        conditions += " AND " + (column == target.columns.end() ? "\"\"" : quotedName(column->name)) +
+                      " COLLATE BINARY IS ?";
+    }
+    Statement &look = statement("SELECT 1 FROM " + quotedName(target.name) + " WHERE rowid = ?" + conditions);
+    int parameter = 1;
+    look.bind(parameter++, m_row.key);
+    for (const Cell &each : m_cells)
+        look.bind(parameter++, each.wanted);
+    const bool found = look.step();
+    look.reset();
+    return found;
 }
 
 void ChangeReplay::wholeRow(const ReplayConflict &row, qint64 seq, LogMark mark)
@@ -104,25 +132,31 @@ void ChangeReplay::insertRow(const ReplayConflict &row, qint64 seq)
     insert.bind(2, seq);
     static_cast<void>(insert.step());
     insert.reset();
-    expectOneRow(row);
+    expectOneRow(row, "EXISTS (SELECT 1" + isOf(row) + ")", seq);
 }
 
 void ChangeReplay::deleteRow(const ReplayConflict &row, qint64 seq)
+{
+    const QByteArray name = quotedName(table(row.table).name);
+    Statement &removal =
+        statement("DELETE FROM " + name + " WHERE rowid = ?1 AND EXISTS (SELECT 1" + isOf(row) + ")");
+    removal.bind(1, row.key);
+    removal.bind(2, seq);
+    static_cast<void>(removal.step());
+    removal.reset();
+    expectOneRow(row, "NOT EXISTS (SELECT 1 FROM " + name + " WHERE rowid = ?1)", seq);
+}
+
+/** The row ?1 of a table where it is as the whole row ?2 of the log. */
+QByteArray ChangeReplay::isOf(const ReplayConflict &row) const
 {
     const LogTable &target = table(row.table);
     QByteArray same;
     for (const LogTable::Kept &column : target.columns)
         same += " AND t." + quotedName(column.name) + " COLLATE BINARY IS i." + LogTable::imageColumn(column);
-    const QByteArray images = LogTable::images(static_cast<std::size_t>(row.table));
-    Statement &removal = statement("DELETE FROM " + quotedName(target.name) +
-                                   " AS t WHERE rowid = ?1 AND EXISTS "
-                                   "(SELECT 1 FROM " +
-                                   images + " AS i WHERE i.Seq = ?2" + same + ")");
-    removal.bind(1, row.key);
-    removal.bind(2, seq);
-    static_cast<void>(removal.step());
-    removal.reset();
-    expectOneRow(row);
+    return " FROM " + quotedName(target.name) + " AS t, " +
+           LogTable::images(static_cast<std::size_t>(row.table)) + " AS i WHERE t.rowid = ?1 AND i.Seq = ?2" +
+           same;
 }
 
 void ChangeReplay::run(int number, qint64 firstKey, qint64 lastKey)
@@ -159,10 +193,16 @@ Statement &ChangeReplay::statement(const QByteArray &sql)
     return known;
 }
 
-void ChangeReplay::expectOneRow(const ReplayConflict &row)
+void ChangeReplay::expectOneRow(const ReplayConflict &row, const QByteArray &orElse, qint64 seq)
 {
-    if (m_connection.changes() == 0)
+    if (m_connection.changes() != 0)
+        return;
+    Statement &look = statement("SELECT " + orElse + " WHERE ?1 NOTNULL AND ?2 NOTNULL");
+    look.bind(1, row.key);
+    look.bind(2, seq);
+    if (!look.step() || look.integer(0) == 0)
         m_conflicts.insert(row);
+    look.reset();
 }
 
 } // namespace dao

@@ -19,7 +19,8 @@ struct ReplayConflict
 
 /**
  * Takes a change back or makes it again, row by row in the order of the log or against it, in the pending
- * transaction. Rows that are not as they were left stay as they are and are told. Files are not its matter.
+ * transaction. Rows that are not as they were left stay as they are and are told; one that is already as it
+ * is to become is no matter. Files are not its business.
  */
 class ChangeReplay final
 {
@@ -27,7 +28,10 @@ public:
     ChangeReplay(Connection &connection, const Schema &schema, const std::vector<LogTable> &tables,
                  ReplayDirection direction);
 
-    /** The rows that were left alone, each once. */
+    /** These stay as they are, whatever the change did to them. */
+    void leaveAlone(std::set<ReplayConflict> rows) { m_leftAlone = std::move(rows); }
+
+    /** The rows that stand in the way, each once. */
     [[nodiscard]] std::vector<ReplayConflict> run(qint64 first, qint64 last);
 
 private:
@@ -49,7 +53,10 @@ private:
         return m_tables[static_cast<std::size_t>(number)];
     }
     [[nodiscard]] Statement &statement(const QByteArray &sql);
-    void expectOneRow(const ReplayConflict &row);
+    [[nodiscard]] bool touchesLeftAlone(const LogSegment &segment) const;
+    [[nodiscard]] bool isAsWanted();
+    [[nodiscard]] QByteArray isOf(const ReplayConflict &row) const;
+    void expectOneRow(const ReplayConflict &row, const QByteArray &orElse, qint64 seq);
 
     Connection &m_connection;
     const std::vector<LogTable> &m_tables;
@@ -61,6 +68,7 @@ private:
     std::vector<Cell> m_cells;
     std::map<QByteArray, Statement> m_statements;
     std::set<ReplayConflict> m_conflicts;
+    std::set<ReplayConflict> m_leftAlone;
 };
 
 } // namespace dao

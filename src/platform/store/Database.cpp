@@ -255,7 +255,12 @@ void Database::describeChange(const QString &sentence)
 void Database::endChange()
 {
     workspace().settle();
-    if (ChangeLog *log = m_impl->changeLog(); log != nullptr && !m_changeHeld)
+    ChangeLog *log = m_impl->changeLog();
+    if (log == nullptr)
+        return;
+    if (m_changeHeld)
+        log->mayRepeat();
+    else
         log->endChange();
 }
 
@@ -263,7 +268,7 @@ void Database::noteFileMoved(qint64 song, const QString &from, const QString &to
 {
     m_impl->change([&] {
         if (ChangeLog *log = m_impl->changeLog())
-            log->noteFileMoved(song, from, to);
+            log->noteFileMoved(FileMoved, song, from, to);
     });
 }
 

@@ -12,7 +12,7 @@ namespace dao {
 
 namespace {
 
-const QByteArray Columns = "SELECT First, Last, Made, Sentence, State, RowCount FROM sysChange ";
+const QByteArray Columns = "SELECT First, Last, Made, Sentence, State, RowCount, Told FROM sysChange ";
 
 Change changeOf(const Statement &row)
 {
@@ -21,7 +21,8 @@ Change changeOf(const Statement &row)
             QDateTime::fromString(row.text(2), Qt::ISODate),
             row.text(3),
             static_cast<Change::State>(row.integer(4)),
-            row.integer(5)};
+            row.integer(5),
+            row.text(6)};
 }
 
 ChangedValue::Kind kindOf(qint64 mark)
@@ -35,6 +36,8 @@ ChangedValue::Kind kindOf(qint64 mark)
         return ChangedValue::Kind::RowsAdded;
     case FileMoved:
         return ChangedValue::Kind::FileMoved;
+    case PictureMoved:
+        return ChangedValue::Kind::PictureMoved;
     default:
         return ChangedValue::Kind::Value;
     }
@@ -127,22 +130,64 @@ QStringList History::rowTexts(const Change &change, qint64 place, const QStringL
     return texts;
 }
 
-std::vector<ChangedValue> History::fileMoves(const Change &change) const
+std::vector<MovedFile> History::fileMoves(const Change &change) const
 {
-    std::vector<ChangedValue> moves;
+    std::vector<MovedFile> moves;
     Statement rows = m_database.impl().connection().prepare(
-        "SELECT RowKey, Old, New FROM sysLog WHERE Seq BETWEEN ?1 AND ?2 AND Col = ?3 ORDER BY Seq");
+        "SELECT l.Seq, l.RowKey, l.Col, l.Old, l.New, f.Inode, f.Size FROM sysFile AS f, sysLog AS l "
+        "WHERE f.Seq BETWEEN ?1 AND ?2 AND l.Seq = f.Seq ORDER BY f.Seq");
     rows.bind(1, change.id);
     rows.bind(2, change.last);
-    rows.bind(3, static_cast<qint64>(FileMoved));
     while (rows.step())
-        moves.push_back({ChangedValue::Kind::FileMoved,
-                         m_database.impl().changeLog()->tables().front().name,
-                         rows.integer(0),
-                         {},
-                         rows.variant(1),
-                         rows.variant(2)});
+        moves.push_back({rows.integer(0),
+                         rows.integer(1),
+                         rows.integer(2) == PictureMoved,
+                         rows.text(3),
+                         rows.text(4),
+                         {rows.integer(5), rows.integer(6)}});
     return moves;
+}
+
+qint64 History::fileCount(const Change &change) const
+{
+    Statement count =
+        m_database.impl().connection().prepare("SELECT count(*) FROM sysFile WHERE Seq BETWEEN ?1 AND ?2");
+    count.bind(1, change.id);
+    count.bind(2, change.last);
+    return count.step() ? count.integer(0) : 0;
+}
+
+void History::fileIsNow(const MovedFile &file, const FileMark &mark)
+{
+    m_database.impl().change([&] { noteFileMark(m_database.impl().connection(), file.entry, mark); });
+}
+
+int History::numberOf(const QString &table) const
+{
+    const auto &tables = m_database.impl().changeLog()->tables();
+    return static_cast<int>(std::ranges::find(tables, table, &LogTable::name) - tables.begin());
+}
+
+std::vector<ChangedRow> History::rowsWith(const Change &change, const QString &table, const QString &field,
+                                          const QSet<QString> &texts) const
+{
+    const int number = numberOf(table);
+    const auto &columns = m_database.impl().changeLog()->tables()[static_cast<std::size_t>(number)].columns;
+    const auto column = std::ranges::find(columns, field, &LogTable::Kept::name);
+    std::vector<ChangedRow> found;
+    if (column == columns.end())
+        return found;
+    Statement rows = m_database.impl().connection().prepare(
+        "SELECT RowKey, Old, New FROM sysLog WHERE Seq BETWEEN ?1 AND ?2 AND Tab = ?3 AND Col = ?4");
+    rows.bind(1, change.id);
+    rows.bind(2, change.last);
+    rows.bind(3, static_cast<qint64>(number));
+    rows.bind(4, static_cast<qint64>(column->place));
+    while (rows.step()) {
+        if (texts.contains(rows.text(1)) || texts.contains(rows.text(2)))
+            found.push_back({table, rows.integer(0)});
+    }
+    return found;
 }
 
 std::optional<QStringList> History::presentTexts(const QString &table, qint64 key,
@@ -162,31 +207,38 @@ std::optional<QStringList> History::presentTexts(const QString &table, qint64 ke
     return texts;
 }
 
-std::vector<ChangedRow> History::takeBack(const Change &change, Conflicts conflicts)
+std::vector<ChangedRow> History::takeBack(const Change &change, Conflicts conflicts,
+                                          const std::vector<ChangedRow> &leftAlone)
 {
     const auto next = undoable();
     if (!next || next->id != change.id)
         throw DaoError(InvalidOperation, u"This change is not the one that can be taken back next."_s);
-    return replay(*next, true, conflicts);
+    return replay(*next, true, conflicts, leftAlone);
 }
 
-std::vector<ChangedRow> History::makeAgain(const Change &change, Conflicts conflicts)
+std::vector<ChangedRow> History::makeAgain(const Change &change, Conflicts conflicts,
+                                           const std::vector<ChangedRow> &leftAlone)
 {
     const auto next = redoable();
     if (!next || next->id != change.id)
         throw DaoError(InvalidOperation, u"This change is not the one that can be made again next."_s);
-    return replay(*next, false, conflicts);
+    return replay(*next, false, conflicts, leftAlone);
 }
 
-std::vector<ChangedRow> History::replay(const Change &change, bool back, Conflicts conflicts)
+std::vector<ChangedRow> History::replay(const Change &change, bool back, Conflicts conflicts,
+                                        const std::vector<ChangedRow> &leftAlone)
 {
     DatabaseImpl &database = m_database.impl();
     const ChangeLog::Silence silence(*database.changeLog());
     std::vector<ReplayConflict> left;
+    std::set<ReplayConflict> alone;
+    for (const ChangedRow &row : leftAlone)
+        alone.insert({numberOf(row.table), row.key});
     Transaction transaction(database.workspace());
     database.change([&] {
         ChangeReplay run(database.connection(), database.schema(), database.changeLog()->tables(),
                          back ? ReplayDirection::Back : ReplayDirection::Again);
+        run.leaveAlone(std::move(alone));
         left = run.run(change.id, change.last);
         const auto state = back ? ChangeState::TakenBack : ChangeState::Done;
         database.connection().execute(
@@ -201,6 +253,46 @@ std::vector<ChangedRow> History::replay(const Change &change, bool back, Conflic
     for (const ReplayConflict &row : left)
         rows.push_back({database.changeLog()->tables()[static_cast<std::size_t>(row.table)].name, row.key});
     return rows;
+}
+
+std::optional<Change> History::ended() const
+{
+    const ChangeLog *log = m_database.impl().changeLog();
+    return log == nullptr || log->ended() == 0 ? std::nullopt
+                                               : one("WHERE First = " + QByteArray::number(log->ended()));
+}
+
+void History::tell(const Change &change, const QString &sentence)
+{
+    DatabaseImpl &database = m_database.impl();
+    database.change([&] {
+        Statement note = database.connection().prepare("UPDATE sysChange SET Told = ?1 WHERE First = ?2");
+        note.bind(1, QVariant(sentence));
+        note.bind(2, change.id);
+        static_cast<void>(note.step());
+    });
+}
+
+void History::ofSitting(const QString &sitting)
+{
+    if (ChangeLog *log = m_database.impl().changeLog())
+        log->ofSitting(sitting);
+}
+
+void History::notePictureMoved(qint64 song, const QString &from, const QString &to)
+{
+    m_database.impl().change([&] {
+        if (ChangeLog *log = m_database.impl().changeLog())
+            log->noteFileMoved(PictureMoved, song, from, to);
+    });
+}
+
+void History::forgetCurrent()
+{
+    m_database.impl().change([&] {
+        if (ChangeLog *log = m_database.impl().changeLog())
+            log->forgetCurrent();
+    });
 }
 
 } // namespace dao
