@@ -108,21 +108,73 @@ State Program::state()
 
 Acts::Acts(Program &program, QStringList folders, QString journal, quint32 seed)
     : m_program(program), m_folders(std::move(folders)), m_journal(std::move(journal)), m_random(seed),
-      m_state(program.state())
+      m_state(program.state()), m_newest(newestChange())
 {}
 
 QString Acts::nameOf(int kind)
 {
-    static const QStringList names{u"save"_s, u"reorder"_s, u"restore"_s, u"compact"_s, u"edit"_s, u"list"_s};
+    static const QStringList names{u"save"_s, u"reorder"_s, u"restore"_s,   u"compact"_s,
+                                   u"edit"_s, u"list"_s,    u"take back"_s, u"make again"_s};
     return names.at(kind);
 }
 
 void Acts::act(int kind)
 {
-    constexpr std::array All{&Acts::saveRenamed, &Acts::reorder, &Acts::restore,
-                             &Acts::compact,     &Acts::edit,    &Acts::changeList};
+    constexpr std::array All{&Acts::saveRenamed, &Acts::reorder,    &Acts::restore,  &Acts::compact,
+                             &Acts::edit,        &Acts::changeList, &Acts::takeBack, &Acts::makeAgain};
     static_assert(All.size() == Kinds);
+    const State before = m_state;
     (this->*All.at(static_cast<size_t>(kind)))();
+    noteChange(before);
+}
+
+qint64 Acts::newestChange()
+{
+    const auto newest = dao::History(*m_program.catalogue.CatalogueDb).undoable();
+    return newest ? newest->id : 0;
+}
+
+void Acts::noteChange(const State &before)
+{
+    m_program.catalogue.CatalogueDb->endChange();
+    const qint64 newest = newestChange();
+    if (newest == m_newest)
+        return;
+    m_newest = newest;
+    m_past.append(before);
+    m_future.clear();
+}
+
+void Acts::takeBack()
+{
+    while (m_past.isEmpty())
+        act(upTo(1) == 0 ? 0 : 4);
+    m_future.append(m_state);
+    walk(u"take back"_s, m_past.takeLast(), WalkDirection::Back);
+}
+
+void Acts::makeAgain()
+{
+    while (m_future.isEmpty()) {
+        takeBack();
+        if (upTo(2) == 0 && !m_past.isEmpty())
+            takeBack();
+    }
+    m_past.append(m_state);
+    walk(u"make again"_s, m_future.takeLast(), WalkDirection::Again);
+}
+
+void Acts::walk(const QString &act, const State &after, WalkDirection direction)
+{
+    // Killed behind the moves, the records get their files' names and nothing else.
+    State moved = m_state;
+    for (auto &[id, song] : moved.songs)
+        song.path = after.songs.at(id).path;
+    expect(act, {m_state, moved, after});
+    const dao::History history(*m_program.catalogue.CatalogueDb);
+    const auto change = direction == WalkDirection::Back ? history.undoable() : history.redoable();
+    require(change && ChangeWalk(m_program.catalogue).go(*change, direction).isEmpty(), "the walk");
+    m_newest = newestChange();
 }
 
 void Acts::goOn()
@@ -303,6 +355,10 @@ void Acts::restore()
     const std::vector<Backup> copies = backups.list();
     editOne(song, changed.songs[song].code);
     m_program.commands.restoreBackup(copies.front());
+    // It has the history of its own time.
+    m_past.clear();
+    m_future.clear();
+    m_newest = newestChange();
 }
 
 void Acts::compact()

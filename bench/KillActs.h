@@ -10,6 +10,7 @@
 #include "desktop/Desktop.h"
 #include "editor/EditorState.h"
 #include "editor/SongSave.h"
+#include "history/ChangeWalk.h"
 #include "lists/PlayListStore.h"
 #include "platform/options/OptionsStore.h"
 #include "platform/options/SingleInstance.h"
@@ -74,7 +75,7 @@ class Acts final
 public:
     Acts(Program &program, QStringList folders, QString journal, quint32 seed);
 
-    static constexpr int Kinds = 6;
+    static constexpr int Kinds = 8;
     static QString nameOf(int kind);
     void act(int kind);
     /** Any of them, for ever. */
@@ -87,6 +88,12 @@ private:
     void compact();
     void edit();
     void changeList();
+    void takeBack();
+    void makeAgain();
+    void walk(const QString &act, const State &after, quaverly::WalkDirection direction);
+    /** What the act left in the history. */
+    void noteChange(const State &before);
+    [[nodiscard]] qint64 newestChange();
     void expect(const QString &act, const QList<State> &allowed);
     [[nodiscard]] bool save(quaverly::SongSave &save, const QString &path, const QString &code,
                             const QString &id);
@@ -103,6 +110,10 @@ private:
     QString m_journal;
     std::mt19937 m_random;
     State m_state;
+    /** The states that the changes of this life went from, and those that were taken back went to. */
+    QList<State> m_past;
+    QList<State> m_future;
+    qint64 m_newest = 0;
 };
 
 /** What the journal of a process that was killed says: its act, and the states that may be found. */

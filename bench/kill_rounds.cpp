@@ -66,6 +66,7 @@ private:
     [[nodiscard]] QStringList differences(const Journal &journal);
     void compareDisk(const State &state, QStringList &found);
     void compareTracks(Program &program, const State &state, QStringList &found);
+    void compareHistory(Program &program, const State &state, QStringList &found);
 
     QTemporaryDir m_folder;
     QTemporaryDir m_elsewhere{QFileInfo(u"/dev/shm"_s).isWritable() ? u"/dev/shm/quaverly-XXXXXX"_s
@@ -156,7 +157,26 @@ QStringList Rounds::differences(const Journal &journal)
         found += notAllowed(state.text(), journal.allowed);
     compareDisk(state, found);
     compareTracks(program, state, found);
+    compareHistory(program, state, found);
     return found;
+}
+
+// The newest change can be taken back, files and all, and made again.
+void Rounds::compareHistory(Program &program, const State &state, QStringList &found)
+{
+    program.catalogue.CatalogueDb->endChange();
+    const dao::History history(*program.catalogue.CatalogueDb);
+    const auto newest = history.undoable();
+    if (!newest)
+        return;
+    for (const WalkDirection direction : {WalkDirection::Back, WalkDirection::Again}) {
+        for (const QString &told : ChangeWalk(program.catalogue).go(*newest, direction))
+            found += u"in the way of the newest change: "_s + told;
+        compareDisk(program.state(), found);
+        compareTracks(program, program.state(), found);
+    }
+    if (!(program.state() == state))
+        found += u"taken back and made again, it is another catalogue:\n"_s + program.state().text();
 }
 
 void Rounds::compareDisk(const State &state, QStringList &found)

@@ -181,7 +181,6 @@ std::optional<qint64> CategoryBulk::change(Direction direction, qint64 number,
         return 0;
     if (!m_parts.beforeBulk(wordsOf(direction).command))
         return {};
-    database.describeChange(wordsOf(direction).command);
     dao::Transaction transaction(database.workspace());
     qint64 changed = 0;
     try {

@@ -180,7 +180,8 @@ void SongSave::write(const SongTexts &texts)
     try {
         // The song with its category or neither: else the next save would add the song a second time.
         dao::Transaction transaction(m_parts.services.catalogue.CatalogueDb->workspace());
-        dao::History(*m_parts.services.catalogue.CatalogueDb).ofSitting(std::exchange(state.PictureSitting, {}));
+        dao::History(*m_parts.services.catalogue.CatalogueDb)
+            .ofSitting(std::exchange(state.PictureSitting, {}));
         writeOrRetry(texts);
         assignShownCategory();
         transaction.commit();

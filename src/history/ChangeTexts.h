@@ -2,11 +2,9 @@
 #pragma once
 
 #include "desktop/Preview.h"
-#include "platform/store/History.h"
+#include "history/RecordNames.h"
 
 #include <QString>
-
-#include <optional>
 
 namespace quaverly {
 
@@ -16,9 +14,10 @@ class ChangeTexts final
 public:
     /** @p database outlives this object. */
     explicit ChangeTexts(dao::Database &database) : m_history(database) {}
+    ChangeTexts(const ChangeTexts &) = delete;
+    ChangeTexts &operator=(const ChangeTexts &) = delete;
 
-    /** What the command said of its change and how many rows it changed, else what the rows tell; never
-     * empty. */
+    /** As it was noted, else as ChangeSentence has it; never empty. */
     [[nodiscard]] QString sentence(const dao::Change &change) const;
     /** One entry of the change. */
     [[nodiscard]] ChangedRowTexts row(const dao::Change &change, qint64 place) const;
@@ -28,23 +27,8 @@ public:
     [[nodiscard]] qint64 song(const dao::Change &change) const;
 
 private:
-    /** The entry that says most of a change. */
-    struct Subject
-    {
-        dao::ChangedValue value;
-        qint64 place = 0;
-        /** The change is about this record alone. */
-        bool alone = false;
-        bool filesMoved = false;
-        bool pictureMoved = false;
-    };
-    [[nodiscard]] std::optional<Subject> subjectOf(const dao::Change &change) const;
-    [[nodiscard]] QString countedRows(const dao::Change &change, const Subject &subject) const;
-    [[nodiscard]] QString composed(const dao::Change &change, const Subject &subject) const;
-    [[nodiscard]] QString recordOf(const dao::Change &change, qint64 place,
-                                   const dao::ChangedValue &value) const;
-
     dao::History m_history;
+    RecordNames m_names{m_history};
 };
 
 } // namespace quaverly

@@ -66,6 +66,9 @@ void MusicScan::run()
     m_versionMajor = m_parts.shell.versionMajor();
     m_startSeconds = wholeSeconds(m_parts.clock);
     m_songs.open();
+    m_songs.describe(m_driveScan           ? u"Add all music files"_s
+                     : m_oneFile.isEmpty() ? u"Add a folder"_s
+                                           : u"Add a music file"_s);
 
     std::optional<shell::ListingsKept> listings(m_parts.shell);
     showStart();

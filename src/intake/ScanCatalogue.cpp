@@ -78,6 +78,12 @@ bool ScanCatalogue::seek(const QString &folder, const QString &fileName)
     return !contacts().NoMatch();
 }
 
+void ScanCatalogue::describe(const QString &sentence)
+{
+    if (m_catalogue.CatalogueDb)
+        m_catalogue.CatalogueDb->describeChange(sentence);
+}
+
 void ScanCatalogue::startLoad()
 {
     attempt([&] { m_load.emplace(database(), u"tblContacts"_s); });

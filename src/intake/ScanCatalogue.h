@@ -30,6 +30,8 @@ public:
 
     void open();
     void close();
+    /** What the history says of the scan. */
+    void describe(const QString &sentence);
 
     /** @p folder is in its clean form; rows that bear it in another are found too. */
     [[nodiscard]] bool holds(const QString &folder, const QString &fileName);

@@ -127,7 +127,10 @@ void chooseMenu(const QWidget &window, const QString &name)
     // Looked at now: opening a menu is when its entries are set.
     EXPECT_TRUE(action->isVisible()) << name.toStdString() << " is hidden.";
     EXPECT_TRUE(action->isEnabled()) << name.toStdString() << " is disabled.";
-    if (action->isVisible() && action->isEnabled())
+    const bool isOpen = action->isVisible() && action->isEnabled();
+    for (QMenu *menu : menusOver(window, action))
+        QMetaObject::invokeMethod(menu, "aboutToHide");
+    if (isOpen)
         action->trigger();
 }
 
