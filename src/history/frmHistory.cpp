@@ -22,7 +22,7 @@ using State = dao::Change::State;
 
 frmHistory::frmHistory(Desktop &desktop, dao::Database &database, HistoryCommands &commands, QWidget *parent)
     : ModalScreen(parent), m_ui(std::make_unique<Ui::frmHistory>()), m_desktop(desktop), m_commands(commands),
-      m_changes(database), m_rows(database)
+      m_isKept(database.Updatable()), m_changes(database), m_rows(database)
 {
     m_ui->setupUi(this);
     m_ui->listChanges->setModel(&m_changes);
@@ -88,6 +88,8 @@ void frmHistory::listChanges_Click()
 
 QString frmHistory::messageFor(const dao::Change *change, bool blocked) const
 {
+    if (!m_isKept)
+        return u"This database can't be written to, so that nothing is changed and nothing taken back."_s;
     if (m_changes.all().empty())
         return u"There are no changes yet.  What you do to songs, play lists, categories, filters and notes "
                u"is "

@@ -42,6 +42,8 @@ private:
     std::unique_ptr<Ui::frmHistory> m_ui;
     Desktop &m_desktop;
     HistoryCommands &m_commands;
+    /** False for a database that can't be written to. */
+    bool m_isKept;
     ChangeListModel m_changes;
     ChangedRowsModel m_rows;
 };

@@ -459,6 +459,26 @@ TEST_F(CommandHistory, TakesEveryCommandBackAndDoesItAgain)
     EXPECT_EQ(left, QStringList());
 }
 
+TEST_F(CommandHistory, GoesBackToTheCopyThatStandsInForADeletionOfAll)
+{
+    addSongs(3);
+    start();
+    m_desktop.willAnswer(Answer::Yes, u"This will DELETE ALL"_s).willAnswer(Answer::Yes);
+    chooseMenu(screen(), u"mnuDeleteAll"_s);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_quits == 1; }));
+    m_program.reset();
+    m_instance.reset();
+    start(true);
+    QWidget &history = opened(u"mnuHistory"_s, u"frmHistory"_s);
+    m_desktop.willAnswer(Answer::Yes, u"with 3 songs"_s).willSee(u"Database restored."_s);
+    click(history, u"cmdTakeBack"_s);
+    ASSERT_TRUE(QTest::qWaitFor([this] {
+        return m_desktop.answersLeft() == 0 && m_program->mainScreen() != nullptr && grid().hasFocus();
+    }));
+    EXPECT_EQ(grid().model()->rowCount(), 3);
+    EXPECT_EQ(sentences().size(), 3) << "the copy has the history of its time, before the deletion";
+}
+
 } // namespace
 
 } // namespace quaverly::test

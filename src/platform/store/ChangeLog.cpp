@@ -108,6 +108,7 @@ void ChangeLog::makeTables()
     // A last page that can't be read would stop every change later on.
     static_cast<void>(lastSeq());
     static_cast<void>(integerOf("SELECT max(First + Last + State) FROM sysChange"));
+    static_cast<void>(integerOf("SELECT max(Seq + Inode + Size) FROM sysFile"));
 }
 
 QByteArray ChangeLog::missingTables()
