@@ -185,10 +185,14 @@ QStringList RenameNotes::settle()
         for (; !rows->atEOF(); rows->MoveNext())
             notes.emplace_back(*rows);
     }
+    if (notes.empty())
+        return told;
+    database.describeChange(u"Settle a renaming that was interrupted"_s);
     for (const Note &note : notes) {
         if (const QString sentences = settle(note); !sentences.isEmpty())
             told += sentences;
     }
+    database.endChange();
     return told;
 }
 

@@ -68,8 +68,10 @@ void ChangeSentence::chooseSubject()
 
 qint64 ChangeSentence::count() const
 {
-    if (!m_lookedAtAll || m_subject->value.kind == Kind::RowsAdded)
+    if (m_subject->value.kind == Kind::RowsAdded)
         return m_change.rows;
+    if (!m_lookedAtAll)
+        return m_history.rowCount(m_change, m_subject->value.table);
     QSet<qint64> keys;
     for (const Entry &entry : m_entries) {
         const bool sameKind = rankOf(entry.value) == Rank::Song || entry.value.kind == m_subject->value.kind;
@@ -126,7 +128,7 @@ QString ChangeSentence::text() const
     if (m_subject->value.kind == Kind::PictureMoved && m_subject->value.key == 0)
         return ofPictures();
     if (!m_change.sentence.isEmpty())
-        return m_change.sentence + u": "_s + counted(m_change.rows, Songs);
+        return m_change.sentence + u": "_s + counted(count(), Songs);
     switch (rankOf(m_subject->value)) {
     case Rank::Song:
         return ofSongs();

@@ -31,7 +31,7 @@ private:
     };
     void look(qint64 from, qint64 to);
     void chooseSubject();
-    /** Different rows of the subject's kind; all of the change when not every entry was looked at. */
+    /** Different rows of the subject's kind; of its table when not every entry was looked at. */
     [[nodiscard]] qint64 count() const;
     [[nodiscard]] bool isAlone() const;
     [[nodiscard]] QString record() const;

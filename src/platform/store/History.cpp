@@ -162,6 +162,16 @@ void History::fileIsNow(const MovedFile &file, const FileMark &mark)
     m_database.impl().change([&] { noteFileMark(m_database.impl().connection(), file.entry, mark); });
 }
 
+qint64 History::rowCount(const Change &change, const QString &table) const
+{
+    Statement count = m_database.impl().connection().prepare(
+        "SELECT count(DISTINCT RowKey) FROM sysLog WHERE Seq BETWEEN ?1 AND ?2 AND Tab = ?3");
+    count.bind(1, change.id);
+    count.bind(2, change.last);
+    count.bind(3, static_cast<qint64>(numberOf(table)));
+    return count.step() ? count.integer(0) : 0;
+}
+
 int History::numberOf(const QString &table) const
 {
     const auto &tables = m_database.impl().changeLog()->tables();

@@ -101,6 +101,9 @@ public:
     /** Some fields of a whole row that a change added or deleted, in the order asked for. */
     [[nodiscard]] QStringList rowTexts(const Change &change, qint64 place, const QStringList &fields) const;
 
+    /** Different rows of one table that the change is about. */
+    [[nodiscard]] qint64 rowCount(const Change &change, const QString &table) const;
+
     /** The files' moves among its entries, in the order they were made; and how many there are. */
     [[nodiscard]] std::vector<MovedFile> fileMoves(const Change &change) const;
     [[nodiscard]] qint64 fileCount(const Change &change) const;
