@@ -274,7 +274,7 @@ void previews(bench::Suite &suite, int songs)
                                 frmPreview screen(copy.parts().services.desktop, *preview);
                                 screen.show();
                                 static_cast<void>(screen.grab());
-                            }).wall;
+                            }).processor;
         suite.report(u"preview"_s + size + u": "_s + name + u", beside a second"_s, 1, cost, Patience, "ms");
     };
     const auto replaced = [&](const QString &field, const QString &original, const QString &replacement) {

@@ -144,17 +144,17 @@ void RenamePlanner::findCollisions(std::vector<PlannedRename> &renames) const
 RenamePreview::RenamePreview(const Ground &ground, std::vector<PlannedRename> renames)
     : SongPreview(ground), m_renames(std::move(renames))
 {
-    const auto possible = std::ranges::stable_partition(
-        m_renames, [](const PlannedRename &rename) { return !rename.problem.isEmpty(); });
-    const std::size_t obstructed = m_renames.size() - possible.size();
+    const auto possible =
+        std::stable_partition(m_renames.begin(), m_renames.end(),
+                              [](const PlannedRename &rename) { return !rename.problem.isEmpty(); });
+    const auto obstructed = static_cast<std::size_t>(possible - m_renames.begin());
     std::vector<PlannedChange> plans;
     plans.reserve(m_renames.size());
     for (const PlannedRename &rename : m_renames)
         plans.push_back({.song = rename.song});
     // Of those that go on: one that can't may lie anywhere.
-    for (auto rename = possible.begin(); rename != possible.end(); ++rename) {
-        m_common = rename == possible.begin() ? rename->from.PathName
-                                              : commonFolder(m_common, rename->from.PathName);
+    for (auto rename = possible; rename != m_renames.end(); ++rename) {
+        m_common = rename == possible ? rename->from.PathName : commonFolder(m_common, rename->from.PathName);
         m_common = commonFolder(m_common, rename->to.PathName);
     }
     if (m_common == "/"_L1)

@@ -50,8 +50,9 @@ TextPreview::TextPreview(const Ground &ground, const QString &sentence, std::vec
         markObstructed(change, found);
         std::ranges::move(found, std::back_inserter(all));
     }
-    const auto possible = std::ranges::stable_partition(all, &Found::isObstructed);
-    const std::size_t obstructed = all.size() - possible.size();
+    const auto possible =
+        std::stable_partition(all.begin(), all.end(), [](const Found &each) { return each.isObstructed; });
+    const auto obstructed = static_cast<std::size_t>(possible - all.begin());
     std::vector<PlannedChange> rows;
     rows.reserve(all.size());
     m_places.reserve(all.size());
