@@ -95,6 +95,7 @@ void TextPreview::markObstructed(std::size_t number, std::vector<Found> &found) 
     QHash<qint64, QString> taken;
     if (changesFolders(change)) {
         std::vector<PlaceOfFile> places;
+        places.reserve(found.size());
         for (const Found &each : found)
             places.push_back({each.place.key, {each.row.after, {}}});
         for (const PlaceOfFile &collision : collisions(ground().database, places))

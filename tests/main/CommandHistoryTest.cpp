@@ -423,6 +423,14 @@ void CommandHistory::deleteRoads()
         m_desktop.willAnswer(Answer::Yes).willAnswer(Answer::Yes).willSee(u"choose Restore"_s);
         chooseMenu(screen(), u"mnuDeleteDisplayed"_s);
     });
+    road(u"Rename Files: 2 songs"_s, [this] {
+        click(screen(), u"cmdShowAll"_s);
+        QWidget &names = opened(u"mnuRenameFiles"_s, u"frmRenameFiles"_s);
+        retype(child<QWidget>(names, u"txtPattern"_s), u"%Artist%/%SongName%"_s);
+        m_desktop.willPreview([](QWidget &preview) { click(preview, u"cmdGoOn"_s); })
+            .willSee(u"Number of files renamed: 2"_s);
+        click(names, u"cmdShowChanges"_s);
+    });
     road(u"Delete All Displayed Records: 2 songs"_s, [this] {
         click(screen(), u"cmdShowAll"_s);
         m_desktop.willAnswer(Answer::Yes).willAnswer(Answer::Yes).willSee(u"choose Restore"_s);
