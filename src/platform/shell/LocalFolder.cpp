@@ -32,19 +32,19 @@ QString LocalItem::name() const
     return shortened ? withoutKnownExtension(m_entry.name) : m_entry.name;
 }
 
-std::optional<qint64> LocalItem::size() const
+std::optional<FileStamp> LocalItem::stamp() const
 {
-    if (!m_size && m_entry.kind != EntryKind::Folder)
-        m_size = fileSize(m_folder->pathOf(m_entry.name));
-    return m_size;
+    if (!m_stamp && m_entry.kind != EntryKind::Folder)
+        m_stamp = stampOf(m_folder->pathOf(m_entry.name));
+    return m_stamp;
 }
 
 QString LocalItem::detail(int column) const
 {
     switch (column) {
     case SizeColumn: {
-        const auto bytes = size();
-        return bytes ? sizeText(*bytes) : QString();
+        const auto file = stamp();
+        return file ? sizeText(file->size) : QString();
     }
     case TypeColumn:
         return typeText(m_entry.name, m_entry.kind);

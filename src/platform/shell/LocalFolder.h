@@ -22,19 +22,19 @@ public:
     [[nodiscard]] int songType() const;
 
     [[nodiscard]] QString name() const override;
-    [[nodiscard]] bool isFile() const override { return size().has_value(); }
+    [[nodiscard]] bool isFile() const override { return stamp().has_value(); }
+    [[nodiscard]] std::optional<FileStamp> stamp() const override;
     [[nodiscard]] QString detail(int column) const override;
     [[nodiscard]] QString readFailure() const override;
 
 private:
     static constexpr int NotLookedAt = -2;
-    [[nodiscard]] std::optional<qint64> size() const;
 
     LocalFolder *m_folder;
     qsizetype m_index;
     Entry m_entry;
     mutable int m_songType = NotLookedAt;
-    mutable std::optional<qint64> m_size;
+    mutable std::optional<FileStamp> m_stamp;
 };
 
 /** The items of a folder on this machine, their details read when asked for or shortly before. */

@@ -87,6 +87,13 @@ public:
         const auto listing = listFolder(folder);
         return listing ? open(folder, *listing) : nullptr;
     }
+    [[nodiscard]] std::unique_ptr<Folder> filesOf(const QString &folder, const QStringList &names) override
+    {
+        std::vector<Entry> entries;
+        for (const QString &name : names)
+            entries.push_back({name, EntryKind::File, false});
+        return std::make_unique<LocalFolder>(folder, std::move(entries), m_order, m_traits, m_ahead);
+    }
     [[nodiscard]] std::vector<Entry> search(const QString &folder, QStringList *refused) override
     {
         const auto listing = listFolder(folder);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/shell/FileStamp.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -50,6 +52,8 @@ public:
     [[nodiscard]] virtual QString name() const = 0;
     /** True when there is a plain file of that name as this is first asked. */
     [[nodiscard]] virtual bool isFile() const = 0;
+    /** What the directory tells of that file, from the same look; nothing where there is none. */
+    [[nodiscard]] virtual std::optional<FileStamp> stamp() const { return {}; }
     /**
      * The text of a property column, empty when the file doesn't have it or can't be read.
      * Columns: 1 size, 2 type, 6 attributes (a "D" for a folder); of version 5: 10, 14, 16 to 22;
@@ -78,6 +82,14 @@ public:
 
     /** The folder's items, or null when it is none, can't be read, or belongs to a pseudo file system. */
     [[nodiscard]] virtual std::unique_ptr<Folder> NameSpace(const QString &folder) = 0;
+
+    /** Those files of a folder alone, without a look at it; a name that isn't there is an item all the same.
+     */
+    [[nodiscard]] virtual std::unique_ptr<Folder> filesOf(const QString & /*folder*/,
+                                                          const QStringList & /*names*/)
+    {
+        return nullptr;
+    }
 
     /**
      * The plain directory search: all names of a folder but "." and "..", in no order; empty when it
