@@ -11,6 +11,8 @@
 #include "platform/shell/MusicKinds.h"
 #include "songlist/MainScreen.h"
 
+#include <QMap>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +24,23 @@ namespace {
 FileQuestion musicFileQuestion(const QString &startFolder)
 {
     return {u"Select a music file"_s, shell::musicFileFilter(true), startFolder, {}};
+}
+
+QString droppedQuestion(const QStringList &folders, const QMap<QString, QStringList> &files)
+{
+    qsizetype fileCount = 0;
+    for (const QStringList &names : files)
+        fileCount += names.size();
+    QStringList parts;
+    if (folders.size() == 1)
+        parts.append(u"the folder %1 including subfolders"_s.arg(folders.front()));
+    else if (!folders.isEmpty())
+        parts.append(u"%1 folders including subfolders"_s.arg(folders.size()));
+    if (fileCount == 1)
+        parts.append(u"the file %1"_s.arg(files.first().front()));
+    else if (fileCount > 1)
+        parts.append(u"%1 music files"_s.arg(fileCount));
+    return u"Add %1 to the database?"_s.arg(parts.join(u" and "_s));
 }
 
 } // namespace
@@ -100,13 +119,37 @@ void AddCommands::addOneMusicFile()
                              u"File not added"_s, Icon::Exclamation);
         return;
     }
-    load(folderOf(*chosen), fileNameOf(*chosen));
+    load(folderOf(*chosen), {fileNameOf(*chosen)});
 }
 
-void AddCommands::load(const QString &folder, const QString &oneFile)
+void AddCommands::addDropped(const QStringList &paths)
+{
+    QStringList folders;
+    QMap<QString, QStringList> files;
+    for (const QString &path : paths) {
+        if (FolderExists(path))
+            folders.append(EnsureBackslash(path));
+        else if (FileExists(path) && shell::musicKindByTail(path) != nullptr)
+            files[folderOf(path)].append(fileNameOf(path));
+    }
+    if (folders.isEmpty() && files.isEmpty())
+        return;
+    run(u"Add Music"_s, [&] {
+        if (m_desktop.MessageBox(droppedQuestion(folders, files), u"Add Music"_s, Icon::Question,
+                                 Buttons::YesNo) != Answer::Yes)
+            return;
+        m_mainScreen.unloadPics3();
+        for (const QString &folder : std::as_const(folders))
+            load(folder, {});
+        for (auto it = files.cbegin(); it != files.cend(); ++it)
+            load(it.key(), it.value());
+    });
+}
+
+void AddCommands::load(const QString &folder, const QStringList &files)
 {
     m_state.CancelScan = false;
-    m_loader.LoadMusicFiles(folder, oneFile);
+    m_loader.LoadMusicFiles(folder, files);
     m_mainScreen.focusGrid();
 }
 

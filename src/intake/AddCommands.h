@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -24,13 +25,15 @@ public:
     void AddMusicFolder_Click();
     void AddOneMusicFile_Click();
     void ScanFiles_Click();
+    /** Folders and files that were dropped on the main screen; asked about first. */
+    void addDropped(const QStringList &paths);
 
 private:
     void run(const QString &title, const std::function<void()> &command);
     [[nodiscard]] bool mayAdd();
     void addMusicFolder();
     void addOneMusicFile();
-    void load(const QString &folder, const QString &oneFile);
+    void load(const QString &folder, const QStringList &files);
 
     Desktop &m_desktop;
     MainScreen &m_mainScreen;

@@ -12,12 +12,12 @@ namespace quaverly {
 MusicLoader::MusicLoader(IntakeParts parts) : m_parts(std::move(parts))
 {}
 
-void MusicLoader::LoadMusicFiles(const QString &Path, const QString &OneFile)
+void MusicLoader::LoadMusicFiles(const QString &Path, const QStringList &Files)
 {
     if (m_running)
         return;
     const QScopedValueRollback running(m_running, true);
-    MusicScan(m_parts, Path, OneFile).run();
+    MusicScan(m_parts, Path, Files).run();
 }
 
 } // namespace quaverly

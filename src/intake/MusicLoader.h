@@ -51,13 +51,13 @@ public:
     explicit MusicLoader(IntakeParts parts);
 
     /**
-     * Adds every music file below @p Path that the catalogue doesn't have yet, or with @p OneFile those
-     * of that very name. A folder ends in the separator; without one the path is a drive, named by its
+     * Adds every music file below @p Path that the catalogue doesn't have yet, or with @p Files those
+     * of these very names. A folder ends in the separator; without one the path is a drive, named by its
      * mount point, and the root drive is the empty text. Runs to its end or until the flag CancelScan
      * is set, and lets events run meanwhile; a call within a running scan does nothing. Never throws:
      * what fails is passed over and listed in the report.
      */
-    void LoadMusicFiles(const QString &Path, const QString &OneFile);
+    void LoadMusicFiles(const QString &Path, const QStringList &Files);
 
     [[nodiscard]] bool isRunning() const { return m_running; }
 

@@ -2,21 +2,18 @@
 #include "intake/MusicScan.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/MusicFolders.h"
 #include "catalogue/SongFields.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
+#include "desktop/Guard.h"
 #include "intake/IntakeState.h"
-#include "intake/M4aAtoms.h"
 #include "intake/ScanScreen.h"
 #include "intake/ScanSummary.h"
-#include "intake/ShellColumns.h"
-#include "intake/VorbisComment.h"
-#include "platform/shell/MusicKinds.h"
 #include "platform/shell/Shell.h"
 #include "platform/text/Text.h"
 #include "songlist/MainScreen.h"
 
-#include <QFile>
 #include <QUrl>
 
 #include <cmath>
@@ -30,7 +27,6 @@ namespace {
 
 constexpr int FirstBarTwips = 100;
 constexpr int CountsShown = 10;
-constexpr int InputPastEnd = 62;
 constexpr int SecondsPerDay = 86400;
 
 int wholeSeconds(const ScanClock &clock)
@@ -46,29 +42,23 @@ bool isTooLong(const QString &folder, const QString &fileName)
     return folder.size() > pathWidth || fileName.size() > fileWidth;
 }
 
-void openForReading(QFile &file)
-{
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        throw dao::DaoError(dao::PathFileAccess, file.errorString());
-}
-
 } // namespace
 
-MusicScan::MusicScan(const IntakeParts &parts, const QString &path, const QString &oneFile)
+MusicScan::MusicScan(const IntakeParts &parts, const QString &path, const QStringList &files)
     : m_parts(parts), m_report(parts.reportPlaces), m_songs(parts.services.catalogue, m_report),
-      m_driveScan(!path.endsWith(PathSeparator)), m_path(CleanFolder(path)), m_oneFile(oneFile),
+      m_driveScan(!path.endsWith(PathSeparator)), m_path(CleanFolder(path)), m_files(files),
       m_screen(m_driveScan ? parts.screens.driveScreen() : parts.screens.folderScreen())
 {}
 
 void MusicScan::run()
 {
     m_extensionsHidden = m_parts.shell.hideFileExt();
-    m_versionMajor = m_parts.shell.versionMajor();
+    m_reader.emplace(m_parts.shell.versionMajor(), m_report);
     m_startSeconds = wholeSeconds(m_parts.clock);
     m_songs.open();
-    m_songs.describe(m_driveScan           ? u"Add all music files"_s
-                     : m_oneFile.isEmpty() ? u"Add a folder"_s
-                                           : u"Add a music file"_s);
+    m_songs.describe(m_driveScan         ? u"Add all music files"_s
+                     : m_files.isEmpty() ? u"Add a folder"_s
+                                         : u"Add a music file"_s);
 
     std::optional<shell::ListingsKept> listings(m_parts.shell);
     showStart();
@@ -200,10 +190,10 @@ void MusicScan::loadItem(const shell::Item &item, const QString &folder)
     const std::optional<MusicItem> music = musicItemOf(item, folder, m_extensionsHidden);
     if (!music)
         return;
-    if (!m_oneFile.isEmpty()) {
+    if (!m_files.isEmpty()) {
         m_screen.setCaption(u"Add One Music File"_s);
         // The walk goes on below the file's folder, and a file of that very name is added there too.
-        if (music->FileName != m_oneFile)
+        if (!m_files.contains(music->FileName))
             return;
     }
     // Where extensions are hidden, the item's own name is another one.
@@ -220,47 +210,11 @@ void MusicScan::loadItem(const shell::Item &item, const QString &folder)
         ++m_songsSkipped;
         return;
     }
-    fillSong(item, *music, folder);
-    m_songs.add(m_song, folder + music->FileName);
-}
-
-void MusicScan::fillSong(const shell::Item &item, const MusicItem &music, const QString &folder)
-{
-    m_song.clear();
-    m_song.write(u"PathName"_s, folder);
-    m_song.write(u"FileName"_s, music.FileName);
-    m_song.write(u"FileType"_s, music.fileType());
-    m_report.attempt([&] { fillSize(item, m_song); });
-    fillTags(item, music, folder + music.FileName);
-    completeBitRate(m_song);
+    m_reader->read(item, *music, folder, m_song);
     const QVariant now(m_parts.clock.now());
     m_song.write(u"DateUpdated"_s, now);
     m_song.write(u"DateAdded"_s, now);
-}
-
-void MusicScan::fillTags(const shell::Item &item, const MusicItem &music, const QString &fullPath)
-{
-    if (music.Extension == ".flac"_L1 || music.Extension == ".ogg"_L1) {
-        QFile file(fullPath);
-        QByteArray head;
-        m_report.attempt([&] {
-            openForReading(file);
-            head = file.read(VorbisHeadBytes);
-            if (head.isEmpty())
-                throw dao::DaoError(InputPastEnd, u"The file is empty"_s);
-        });
-        fillFromVorbisComments(head, m_song, m_report);
-        completeFromShellColumns(item, m_versionMajor, m_song, m_report);
-    } else if (m_versionMajor <= shell::LastVersionWithOldColumns && music.fileType() == "M4A"_L1) {
-        QFile file(fullPath);
-        m_report.attempt([&] { openForReading(file); });
-        fillFromM4aAtoms(file, m_song, m_report);
-        completeFromShellColumns(item, m_versionMajor, m_song, m_report);
-    } else {
-        fillFromShellColumns(item, m_versionMajor, m_song, m_report);
-        if (const QString failure = item.readFailure(); !failure.isEmpty())
-            m_report.note(failure);
-    }
+    m_songs.add(m_song, folder + music->FileName, item.stamp());
 }
 
 void MusicScan::settle()
@@ -295,7 +249,15 @@ void MusicScan::close()
     showStatistics();
     tellDiskFull();
     m_songs.close();
+    rememberFolder();
     m_report.attempt([&] { showArtistButton(); });
+}
+
+/** Where an update looks later on. What it can't remember is no fault of the scan. */
+void MusicScan::rememberFolder()
+{
+    if (m_files.isEmpty() && m_parts.services.catalogue.CatalogueDb)
+        quietly([&] { MusicFolders(m_parts.services.catalogue).remember(m_path); });
 }
 
 void MusicScan::showStatistics()

@@ -7,6 +7,7 @@
 #include "intake/NewSong.h"
 #include "intake/ScanCatalogue.h"
 #include "intake/ScanReport.h"
+#include "intake/SongReader.h"
 
 namespace shell {
 class Folder;
@@ -22,7 +23,7 @@ enum class Icon;
 class MusicScan final
 {
 public:
-    MusicScan(const IntakeParts &parts, const QString &path, const QString &oneFile);
+    MusicScan(const IntakeParts &parts, const QString &path, const QStringList &files);
     void run();
 
 private:
@@ -39,13 +40,12 @@ private:
 
     void showSongsAdded();
     void showFilesRead();
-    void fillSong(const shell::Item &item, const MusicItem &music, const QString &folder);
-    void fillTags(const shell::Item &item, const MusicItem &music, const QString &fullPath);
 
     /** Puts everything on the disk and builds what indexes are missing. */
     void settle();
     void leaveCancelled();
     void close();
+    void rememberFolder();
     void showStatistics();
     void tellDiskFull();
     /** With a way to the report, where there is one and it is wanted. */
@@ -58,11 +58,12 @@ private:
     ScanCatalogue m_songs;
     bool m_driveScan = false;
     QString m_path;
-    QString m_oneFile;
+    /** Empty for all. */
+    QStringList m_files;
     ScanScreen &m_screen;
     int m_startSeconds = 0;
     bool m_extensionsHidden = false;
-    int m_versionMajor = 0;
+    std::optional<SongReader> m_reader;
     GatheredFolders m_gathered;
     NewSong m_song;
     qint64 m_filesTotal = 0;

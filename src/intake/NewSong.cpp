@@ -71,4 +71,9 @@ void NewSong::completeSongName()
         write(u"SongName"_s, text(u"FileName"_s));
 }
 
+TagsRead tagsOf(const NewSong &song)
+{
+    return TagsRead::of([&](const QString &field) { return song.text(field); });
+}
+
 } // namespace quaverly

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/FileFacts.h"
+
 #include <QByteArrayView>
 #include <QString>
 #include <QVariant>
@@ -46,5 +48,8 @@ public:
 private:
     std::vector<Value> m_values;
 };
+
+/** What its file held. */
+[[nodiscard]] TagsRead tagsOf(const NewSong &song);
 
 } // namespace quaverly

@@ -36,6 +36,7 @@ void ScanCatalogue::open()
     attempt([&] {
         m_contacts = database().OpenRecordset(u"tblContacts"_s, dao::RecordsetType::Table);
         m_contacts->setIndex(u"PathFile"_s);
+        m_facts.emplace(database());
         rememberOtherForms();
     });
     m_report.settle(m_catalogue.DatabaseFile);
@@ -44,6 +45,7 @@ void ScanCatalogue::open()
 void ScanCatalogue::close()
 {
     m_contacts.reset();
+    m_facts.reset();
 }
 
 /** A slash typed twice, or a dot, names the same folder and would bring all its songs in a second time. */
@@ -101,12 +103,15 @@ void ScanCatalogue::beginFolder()
     }
 }
 
-void ScanCatalogue::add(const NewSong &song, const QString &fullPath)
+void ScanCatalogue::add(const NewSong &song, const QString &fullPath,
+                        const std::optional<shell::FileStamp> &stamp)
 {
     attempt([&] { contacts().AddNew(); });
     for (const auto &entry : song)
         attempt([&] { contacts().setValue(entry.first, entry.second); });
     const bool stored = attempt([&] { contacts().Update(); });
+    if (stored && stamp && m_facts)
+        attempt([&] { m_facts->add({contacts().LastModified().key, *stamp, {}, tagsOf(song)}); });
     if (m_contacts && m_contacts->editing())
         attempt([&] { m_contacts->CancelUpdate(); });
     if (!stored && m_diskFull) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/FileFacts.h"
 #include "intake/ScanReport.h"
 #include "platform/store/Dao.h"
 
@@ -39,8 +40,10 @@ public:
     /** From here to endLoad() many songs are added. */
     void startLoad();
     void beginFolder();
-    /** PathName and FileName of the song make up @p fullPath. */
-    void add(const NewSong &song, const QString &fullPath);
+    /** PathName and FileName of the song make up @p fullPath; @p stamp is that of its file before the
+     * reading.
+     */
+    void add(const NewSong &song, const QString &fullPath, const std::optional<shell::FileStamp> &stamp);
     void endFolder();
     /** Puts everything on the disk and builds one missing index; false when nothing is left to do. */
     [[nodiscard]] bool finishStep();
@@ -65,6 +68,7 @@ private:
     Catalogue &m_catalogue;
     ScanReport &m_report;
     std::unique_ptr<dao::Recordset> m_contacts;
+    std::optional<FileFacts> m_facts;
     std::optional<dao::BulkLoad> m_load;
     /** By a folder's clean form, how the catalogue writes it otherwise. */
     QHash<QString, QStringList> m_otherForms;

@@ -105,7 +105,7 @@ TEST_F(IntakeTest, OneFileIsLookedForBelowItsFolderTooAndAScanWithinAScanDoesNot
     m_desktop.atEvents(2, [&] { m_loader->LoadMusicFiles(music(), {}); });
     m_desktop.atEvents(3, [&] { m_commands->AddMusicFolder_Click(); });
     m_desktop.willSee();
-    m_loader->LoadMusicFiles(music(), u"one.mp3"_s);
+    m_loader->LoadMusicFiles(music(), {u"one.mp3"_s});
     EXPECT_EQ(stored(u"FileName"_s), u"one.mp3|one.mp3"_s);
     EXPECT_EQ(m_desktop.calls().size(), 1);
 }
