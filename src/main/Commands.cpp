@@ -11,6 +11,8 @@
 #include "notes/MemoForm.h"
 #include "notes/NotesForm.h"
 #include "platform/options/Folders.h"
+#include "update/frmCheck.h"
+#include "update/frmUpdate.h"
 
 #include <QMenu>
 #include <QUuid>
@@ -71,12 +73,41 @@ Commands::Commands(Session &session, const CommandHooks &hooks)
                .set = session.displayedSet(),
                .tell = hooks.tell,
                .showHistory = [this] { showHistory(); },
-               .restoreBefore = hooks.restoreBefore})
+               .restoreBefore = hooks.restoreBefore}),
+      update(
+          updateParts(), [this] { showUpdate(); }, [this] { showCheck(); })
 {}
 
 void Commands::showHistory()
 {
     (new frmHistory(m_session.desktop(), *m_session.catalogue().CatalogueDb, history, &m_hooks.owner))
+        ->showModally();
+}
+
+UpdateParts Commands::updateParts()
+{
+    return {.services = m_session.services(),
+            .set = m_session.displayedSet(),
+            .mainScreen = m_hooks.mainScreen,
+            .player = m_session.player(),
+            .intake = m_session.intake(),
+            .busy = m_busy,
+            .now = [] {
+                QDateTime now = QDateTime::currentDateTime();
+                now.setTimeSpec(Qt::UTC);
+                return now;
+            }};
+}
+
+void Commands::showUpdate()
+{
+    (new frmUpdate(updateParts(), &m_hooks.owner))->showModally();
+}
+
+void Commands::showCheck()
+{
+    (new frmCheck(
+         updateParts(), [this] { update.mnuUpdateFromDisk_Click(); }, &m_hooks.owner))
         ->showModally();
 }
 

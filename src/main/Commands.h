@@ -14,6 +14,7 @@
 #include "reports/CsvCommands.h"
 #include "reports/ReportCommands.h"
 #include "reports/RichTextForms.h"
+#include "update/UpdateCommands.h"
 
 #include <functional>
 
@@ -61,7 +62,10 @@ private:
     [[nodiscard]] PlayListParts playListParts();
     [[nodiscard]] EditParts editParts();
     [[nodiscard]] NameEditHooks nameEditHooks();
+    [[nodiscard]] UpdateParts updateParts();
     void showHistory();
+    void showUpdate();
+    void showCheck();
     void showNameEdit(const std::function<void()> &closed);
     void showWebLookupMenu(NameEdit &editor, QPoint place);
     void showNotesForm(QWidget &owner, const QString &notes,
@@ -87,6 +91,7 @@ public:
     DuplicateCommands duplicates;
     FileCopyCommands fileCopy;
     HistoryCommands history;
+    UpdateCommands update;
 };
 
 } // namespace quaverly

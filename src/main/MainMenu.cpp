@@ -93,6 +93,8 @@ void wireSongs(const MenuWiring &wiring, const MenuTargets &to)
         {{to.ui.AddMusicFolder, call(to.add, &AddCommands::AddMusicFolder_Click)},
          {to.ui.AddOneMusicFile, call(to.add, &AddCommands::AddOneMusicFile_Click)},
          {to.ui.ScanFiles, call(to.add, &AddCommands::ScanFiles_Click)},
+         {to.ui.mnuUpdateFromDisk, call(to.commands.update, &UpdateCommands::mnuUpdateFromDisk_Click)},
+         {to.ui.mnuCheckCatalogue, call(to.commands.update, &UpdateCommands::mnuCheckCatalogue_Click)},
          {to.ui.mnuPlayCurrentSong, call(to.play, &PlayCommands::cmdPlay_Click)},
          {to.ui.mnuPopupPlay, call(to.play, &PlayCommands::cmdPlay_Click)},
          {to.ui.mnuPopupPlayNext, call(to.play, &PlayCommands::mnuPopupPlayNext_Click)},

@@ -107,7 +107,7 @@ void NameList::build()
     addIcons();
     m_popup = new SongPopup({m_ui->mnuPopupAddToPlaylist, m_ui->mnuPopupPlay, m_ui->mnuPopupPlayNext,
                              m_ui->mnuPopupAddToQueue, m_ui->mnuPopupAssignToCategory, m_ui->mnuPopupCopyFile,
-                             m_ui->mnuPopupDelete},
+                             m_ui->mnuPopupShowFile, m_ui->mnuPopupDelete},
                             m_ui->mnuPopupAddToPlaylist, this);
     showEmptyState();
     SongGrid &grid = *m_ui->Table1;

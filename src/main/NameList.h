@@ -101,6 +101,8 @@ protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void build();
@@ -118,6 +120,7 @@ private:
     void showCurrentSong();
 
     void cmdDelete_Click();
+    void mnuPopupShowFile_Click();
     void GridEditMenu_Click();
     void FileExit_Click();
     void txtLocate_KeyUp(int key);

@@ -3,13 +3,18 @@
 #include "ui_NameList.h"
 
 #include "desktop/KeySender.h"
+#include "intake/AddCommands.h"
 #include "main/Commands.h"
+#include "main/FileManager.h"
 #include "main/MainMenu.h"
 #include "main/MenuWiring.h"
 #include "main/Session.h"
 #include "main/SongPopup.h"
 #include "songlist/ColumnMoves.h"
 #include "songlist/GridHandlers.h"
+
+#include <QDropEvent>
+#include <QMimeData>
 
 using namespace Qt::StringLiterals;
 
@@ -26,13 +31,33 @@ void NameList::wire()
                     {m_ui->cmdSortSong, [this] { cmdSortSong_Click(); }},
                     {m_ui->cmdSortArtist, [this] { cmdSortArtist_Click(); }},
                     {m_ui->GridEditMenu, [this] { GridEditMenu_Click(); }},
+                    {m_ui->mnuPopupShowFile, [this] { mnuPopupShowFile_Click(); }},
                     {m_ui->mnuPopupDelete, [this] { cmdDelete_Click(); }}});
+    setAcceptDrops(true);
     wiring.own({{m_ui->FileExit, [this] { FileExit_Click(); }}});
     wireLocate();
     m_noticeTimer.setSingleShot(true);
     connect(&m_noticeTimer, &QTimer::timeout, m_ui->lblNotice, &QWidget::hide);
     connect(m_ui->txtName, &DescriptionBox::KeyDown, this,
             [this](QKeyEvent *key) { handle([&] { m_gridHandlers->Table1_KeyDown(key); }); });
+}
+
+void NameList::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void NameList::dropEvent(QDropEvent *event)
+{
+    QStringList paths;
+    for (const QUrl &url : event->mimeData()->urls()) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
+    event->acceptProposedAction();
+    // The program that they come from waits until this has returned.
+    QTimer::singleShot(0, this, [this, paths] { m_addCommands->addDropped(paths); });
 }
 
 void NameList::wireLocate()
@@ -88,6 +113,15 @@ void NameList::cmdSortSong_Click()
 void NameList::ShowAllMenu_Click()
 {
     m_session.displayedSet().showAll();
+}
+
+void NameList::mnuPopupShowFile_Click()
+{
+    const DataControl &shown = m_session.displayedSet().Data1();
+    const QString path = shown.currentText(u"PathName"_s) + shown.currentText(u"FileName"_s);
+    if (!showInFileManager(m_session.desktop(), path))
+        m_session.desktop().MessageBox(u"The folder of this song can't be shown:  "_s + path,
+                                       u"Show in File Manager"_s, Icon::Exclamation);
 }
 
 void NameList::cmdDelete_Click()

@@ -6,6 +6,7 @@
 #include "maintenance/ScreenAtRest.h"
 #include "platform/text/Text.h"
 #include "songlist/DisplayedSet.h"
+#include "songlist/InvalidFiles.h"
 
 #include <algorithm>
 
@@ -70,7 +71,7 @@ std::optional<std::vector<qint64>> InvalidFileSearch::invalidSongs()
     songs->Close();
     // Only now, so that a search that was ended changes nothing.
     if (invalid)
-        fillWorkTable(*invalid);
+        listInvalidFiles(*m_parts.services.catalogue.CatalogueDb, *invalid);
     return invalid;
 }
 
@@ -96,20 +97,6 @@ std::optional<std::vector<qint64>> InvalidFileSearch::testAll(dao::Recordset &so
             return std::nullopt;
     }
     return invalid;
-}
-
-void InvalidFileSearch::fillWorkTable(const std::vector<qint64> &songs)
-{
-    dao::Database &database = *m_parts.services.catalogue.CatalogueDb;
-    dao::Transaction transaction(database.workspace());
-    database.Execute(u"Delete * from tblOrphanFileNames"_s);
-    const auto rows = database.OpenRecordset(u"Select * from tblOrphanFileNames"_s);
-    for (const qint64 song : songs) {
-        rows->AddNew();
-        rows->setValue(u"RecordIdOrphan"_s, song);
-        rows->Update();
-    }
-    transaction.commit();
 }
 
 } // namespace quaverly

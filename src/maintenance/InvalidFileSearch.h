@@ -36,7 +36,6 @@ private:
     /** Keys of the songs without a file, in the order of the table; nothing when the search was ended. */
     [[nodiscard]] std::optional<std::vector<qint64>> invalidSongs();
     [[nodiscard]] std::optional<std::vector<qint64>> testAll(dao::Recordset &songs, WorkingWindow &wait);
-    void fillWorkTable(const std::vector<qint64> &songs);
 
     MaintenanceParts m_parts;
     FileTests::Test m_isThere;

@@ -15,7 +15,7 @@ FLOORS = [
     ["lists"],
     ["intake", "pictures", "notes", "player"],
     ["playlists", "categories", "reports"],
-    ["editor", "maintenance", "history"],
+    ["editor", "maintenance", "history", "update"],
     ["main"],
 ]
 LEVEL = {folder: level for level, floor in enumerate(FLOORS) for folder in floor}
