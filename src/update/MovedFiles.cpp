@@ -29,11 +29,15 @@ QString nameOf(const TagsRead &tags)
 }
 
 /** A song that nobody looked at before is taken to say what its file held. */
-QString sizeAndTags(const LostSong &song)
+TagsRead tagsOf(const LostSong &song)
 {
     const bool isKnown = song.tags.fact && song.tags.fact->tags.isKnown();
-    const TagsRead tags = isKnown ? song.tags.fact->tags : TagsRead::of(song.tags.textOf);
-    return sizeOf(song) + u'|' + nameOf(tags);
+    return isKnown ? song.tags.fact->tags : TagsRead::of(song.tags.textOf);
+}
+
+QString sizeAndTags(const LostSong &song)
+{
+    return sizeOf(song) + u'|' + nameOf(tagsOf(song));
 }
 
 class Matching final
@@ -88,9 +92,16 @@ private:
     std::vector<FoundSong> m_found;
 };
 
-QString inodeAndTitle(const shell::FileStamp &stamp, const QString &title)
+/** An inode is soon given to another file: what else stays when somebody writes tags has to speak for it. */
+QString inodeAnd(const shell::FileStamp &stamp, const TagsRead &tags,
+                 std::initializer_list<QLatin1StringView> fields)
 {
-    return stamp.inode == 0 ? QString() : u"%1|%2|%3"_s.arg(stamp.inode).arg(stamp.device).arg(title);
+    if (stamp.inode == 0)
+        return {};
+    QString key = u"%1|%2|"_s.arg(stamp.inode).arg(stamp.device);
+    for (const auto field : fields)
+        key += tags.ofField(field);
+    return key;
 }
 
 } // namespace
@@ -111,15 +122,18 @@ std::vector<FoundSong> findMovedFiles(const std::vector<LostSong> &lost, const s
     matching.match([](const LostSong &song) { return song.known.stamp ? QString() : sizeAndTags(song); },
                    [&](const SongOnDisk &file) { return tagsUnder(file, file.song.text(u"FileSize"_s)); },
                    {});
-    matching.match(
-        [](const LostSong &song) {
-            return song.known.stamp ? inodeAndTitle(*song.known.stamp, song.tags.textOf(u"SongName"_s))
-                                    : QString();
-        },
-        [](const SongOnDisk &file) {
-            return file.stamp ? inodeAndTitle(*file.stamp, file.song.text(u"SongName"_s)) : QString();
-        },
-        u"The title is the same, the sound was never compared"_s);
+    for (const auto &fields : {std::initializer_list<QLatin1StringView>{"SongName"_L1, "Duration"_L1},
+                               {"Artist"_L1, "AlbumName"_L1, "Duration"_L1}})
+        matching.match(
+            [&](const LostSong &song) {
+                return song.known.stamp ? inodeAnd(*song.known.stamp, tagsOf(song), fields) : QString();
+            },
+            [&](const SongOnDisk &file) {
+                // Without an album a file says too little of itself.
+                const bool isTold = file.stamp && !file.song.text(u"AlbumName"_s).isEmpty();
+                return isTold ? inodeAnd(*file.stamp, tagsOf(file.song), fields) : QString();
+            },
+            u"Written to as well; the sound was never compared"_s);
     return matching.take();
 }
 

@@ -142,7 +142,8 @@ void UpdateFinder::takeChanged(const KnownFile &known, SongOnDisk &read)
         m_list.rows.push_back(row);
         return;
     }
-    keepNameOf(read, QString::fromUtf8(known.name));
+    if (const QString former = QString::fromUtf8(known.name); tags->textOf(u"SongName"_s) == former)
+        keepNameOf(read, former);
     const std::vector<UpdateRow> rows = compareTags(*tags, read);
     if (rows.empty()) {
         m_settled.push_back({known.recordId, *read.stamp, read.sound, tagsOf(read.song)});
