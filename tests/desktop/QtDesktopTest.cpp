@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/QtDesktop.h"
+
 #include "desktop/FileHelpers.h"
 #include "desktop/MusicFolder.h"
 #include "desktop/OnScreenKeyboard.h"
+#include "desktop/Preview.h"
+#include "desktop/PreviewQuestion.h"
 #include "platform/options/OptionsStore.h"
+#include "platform/store/DaoError.h"
 #include "support/Files.h"
 #include "support/UserActs.h"
 
@@ -79,6 +83,45 @@ TEST_F(TheDesktop, MessageBoxesGiveTheButtonPressedByMouseOrKey)
         press(dialog, QMessageBox::Ok);
     });
     desktop.MessageBox(u"Is it "_s + QString(300, u'M') + u'?', u"T"_s, Icon::None);
+}
+
+/** The second of its rows can't be read. */
+class TwoRows final : public Preview
+{
+public:
+    TwoRows() { setRows(u"Two rows"_s, 2); }
+    [[nodiscard]] ChangedRowTexts row(int row) const override
+    {
+        if (row == 1)
+            throw dao::DaoError(dao::CannotOpenFile, u"Damaged"_s);
+        return {u"Song"_s, u"Genre"_s, u"Rok"_s, u"Rock"_s};
+    }
+};
+
+TEST_F(TheDesktop, AQuestionLeadsToThePreviewThatGoesOnOrGivesUp)
+{
+    TwoRows rows;
+    for (const bool goesOn : {true, false}) {
+        const auto preview = [goesOn](QWidget &screen) {
+            EXPECT_EQ(test::rowsOf(screen),
+                      (QStringList{u"x Song | Genre | Rok | Rock"_s, u"x Damaged |  |  | "_s}));
+            if (goesOn)
+                test::click(screen, u"cmdGoOn"_s);
+            else
+                test::key(&screen, Qt::Key_Escape);
+        };
+        test::inDialog([&](QWidget &box) {
+            test::inDialog(preview);
+            for (auto *button : box.findChildren<QPushButton *>()) {
+                if (button->text() == QString::fromUtf16(ShowChangesCaption))
+                    test::click(button);
+            }
+        });
+        EXPECT_EQ(isConfirmed(desktop, {u"Text"_s, u"T"_s}, [&]() -> Preview & { return rows; }), goesOn);
+    }
+    test::inDialog([](QWidget &box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(desktop.MessageWithMore(u"Text"_s, u"T"_s, Icon::None, Buttons::OkCancel, {}, u"More"_s),
+              Answer::Cancel);
 }
 
 TEST_F(TheDesktop, PromptsMaskPasswords)
