@@ -62,6 +62,15 @@ QVariant ChangeTableModel::headerData(int section, Qt::Orientation orientation, 
     return {};
 }
 
+QColor quietText(const QPalette &palette)
+{
+    const QColor text = palette.color(QPalette::Text);
+    const QColor ground = palette.color(QPalette::Base);
+    const auto between = [](int near, int far) { return (3 * near + 2 * far) / 5; };
+    return {between(text.red(), ground.red()), between(text.green(), ground.green()),
+            between(text.blue(), ground.blue())};
+}
+
 void layOutTable(QTableView &table)
 {
     table.verticalHeader()->hide();

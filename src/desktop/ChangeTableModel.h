@@ -5,6 +5,7 @@
 
 #include <QAbstractTableModel>
 #include <QCache>
+#include <QPalette>
 
 class QTableView;
 
@@ -33,6 +34,9 @@ private:
 
     mutable QCache<int, ChangedRowTexts> m_rows;
 };
+
+/** Between the text and its ground, nearer to the text; not every desktop's palette has such a colour. */
+[[nodiscard]] QColor quietText(const QPalette &palette);
 
 /** What the tables of changes share of their looks, and the widths of such a model's columns. */
 void layOutTable(QTableView &table);

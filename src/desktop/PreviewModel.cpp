@@ -6,20 +6,6 @@
 
 namespace quaverly {
 
-namespace {
-
-/** Between the text and its ground, nearer to the text; not every desktop's palette has such a colour. */
-QColor quiet(const QPalette &palette)
-{
-    const QColor text = palette.color(QPalette::Text);
-    const QColor ground = palette.color(QPalette::Base);
-    const auto between = [](int near, int far) { return (3 * near + 2 * far) / 5; };
-    return {between(text.red(), ground.red()), between(text.green(), ground.green()),
-            between(text.blue(), ground.blue())};
-}
-
-} // namespace
-
 PreviewModel::PreviewModel(Preview &preview, QObject *parent) : ChangeTableModel(parent), m_preview(preview)
 {
     show(Shows::All);
@@ -52,7 +38,7 @@ QVariant PreviewModel::data(const QModelIndex &index, int role) const
     if (role == Qt::CheckStateRole && index.column() == Record && !isObstructed)
         return m_preview.isTicked(place(index)) ? Qt::Checked : Qt::Unchecked;
     if (role == Qt::ForegroundRole && (isObstructed || !m_preview.isTicked(place(index))))
-        return quiet(QGuiApplication::palette());
+        return quietText(QGuiApplication::palette());
     if (role == Qt::ForegroundRole && index.column() == After)
         return QGuiApplication::palette().brush(QPalette::Highlight);
     return ChangeTableModel::data(index, role);

@@ -72,8 +72,7 @@ std::optional<std::vector<CheckFinding>> CatalogueCheck::run()
 void CatalogueCheck::add(CheckFinding finding)
 {
     std::ranges::sort(finding.songs);
-    const auto again = std::ranges::unique(finding.songs);
-    finding.songs.erase(again.begin(), again.end());
+    finding.songs.erase(std::unique(finding.songs.begin(), finding.songs.end()), finding.songs.end());
     if (finding.count == 0)
         finding.count = std::ssize(finding.songs);
     m_findings.push_back(std::move(finding));

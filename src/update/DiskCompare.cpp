@@ -211,10 +211,8 @@ private:
         m_result.gone.clear();
         std::map<QByteArray, std::vector<KnownFile>> bySuspect;
         for (auto &[folder, songs] : byFolder) {
-            auto &to = [&]() -> std::vector<KnownFile> & {
-                const QByteArray suspect = suspectOf(folder);
-                return suspect.isEmpty() ? m_result.gone : bySuspect[suspect];
-            }();
+            const QByteArray suspect = suspectOf(folder);
+            std::vector<KnownFile> &to = suspect.isEmpty() ? m_result.gone : bySuspect[suspect];
             std::ranges::move(songs, std::back_inserter(to));
         }
         for (auto &[folder, songs] : bySuspect) {

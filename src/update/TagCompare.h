@@ -4,6 +4,10 @@
 #include "catalogue/FileFacts.h"
 #include "update/UpdateList.h"
 
+#include <QDateTime>
+
+#include <functional>
+
 namespace quaverly {
 
 /** What is known of a song whose file was read again. */

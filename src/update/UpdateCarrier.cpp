@@ -182,6 +182,7 @@ bool UpdateCarrier::add(const std::vector<const UpdateRow *> &rows)
 {
     const QString what = u"Adding new songs..."_s;
     std::vector<DiskFile> files;
+    files.reserve(rows.size());
     for (const UpdateRow *row : rows)
         files.push_back(row->file);
     std::ranges::stable_sort(files, {}, &DiskFile::folder);

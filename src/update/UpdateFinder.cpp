@@ -150,7 +150,7 @@ void UpdateFinder::takeChanged(const KnownFile &known, SongOnDisk &read)
         return;
     }
     m_list.rows.insert(m_list.rows.end(), rows.begin(), rows.end());
-    m_list.read.insert(known.recordId, std::move(read));
+    m_list.read.insert(known.recordId, read);
 }
 
 bool UpdateFinder::followMoved(DiskDifference &difference)

@@ -2,6 +2,7 @@
 #include "update/UpdateModel.h"
 
 #include "catalogue/SongFields.h"
+#include "desktop/ChangeTableModel.h"
 #include "desktop/FileHelpers.h"
 #include "platform/text/Text.h"
 
@@ -146,7 +147,7 @@ QVariant UpdateModel::data(const QModelIndex &index, int role) const
                                          : textOf(row, index.column());
     case Qt::ForegroundRole:
         if (!row.isTicked)
-            return QGuiApplication::palette().brush(QPalette::PlaceholderText);
+            return quietText(QGuiApplication::palette());
         return index.column() == After ? QGuiApplication::palette().brush(QPalette::Highlight) : QVariant();
     case Qt::CheckStateRole:
         if (index.column() == Kind && row.canBeTicked)

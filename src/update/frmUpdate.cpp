@@ -111,8 +111,10 @@ QStringList frmUpdate::chosenFolders() const
 void frmUpdate::showEvent(QShowEvent *event)
 {
     ModalScreen::showEvent(event);
-    if (!std::exchange(m_hasLooked, true) && !chosenFolders().isEmpty())
-        QTimer::singleShot(0, this, &frmUpdate::cmdLook_Click);
+    if (std::exchange(m_hasLooked, true) || chosenFolders().isEmpty())
+        return;
+    m_ui->lblMessage->setText(u"Looking at the folders..."_s);
+    QTimer::singleShot(0, this, &frmUpdate::cmdLook_Click);
 }
 
 bool frmUpdate::eventFilter(QObject *watched, QEvent *event)
@@ -174,14 +176,19 @@ void frmUpdate::look()
 {
     const QScopedValueRollback busy(m_parts.busy, true);
     m_model.setList({});
+    bool isWhole = false;
     {
         const auto wait = m_parts.services.desktop.ShowWorkingForm(windowTitle(), u"Please wait..."_s, true);
         wait->offerCancel();
         m_parts.services.desktop.letEventsRun();
-        if (auto found = UpdateFinder(m_parts, waiting(*wait)).find(chosenFolders()))
+        if (auto found = UpdateFinder(m_parts, waiting(*wait)).find(chosenFolders())) {
             m_model.setList(std::move(*found));
+            isWhole = true;
+        }
     }
     showCounts();
+    if (!isWhole)
+        m_ui->lblMessage->setText(u"The look at the folders was stopped."_s);
 }
 
 void frmUpdate::showCounts()
