@@ -25,6 +25,7 @@ constexpr std::chrono::milliseconds Patience(20);
 std::vector<qint64> keysOf(const std::vector<KnownFile> &files)
 {
     std::vector<qint64> keys;
+    keys.reserve(files.size());
     for (const KnownFile &file : files)
         keys.push_back(file.recordId);
     return keys;
