@@ -47,16 +47,7 @@ public:
 class NoScreen final : public MainScreen
 {
 public:
-    void setEnabled(MainControl /*control*/, bool /*enabled*/) override {}
-    void setVisible(MainControl /*control*/, bool /*visible*/) override {}
-    [[nodiscard]] bool isVisible(MainControl /*control*/) const override { return true; }
-    void set_lblCategory(const QString & /*caption*/) override {}
-    [[nodiscard]] QString lblCategory() const override { return {}; }
-    void set_lblFilterMsg(const QString & /*caption*/) override {}
-    [[nodiscard]] QString lblFilterMsg() const override { return {}; }
-    void set_lblSelectedCount(const QString & /*caption*/) override {}
-    void set_cmdShowArtistSongs(const QString & /*caption*/) override {}
-    [[nodiscard]] QString cmdShowArtistSongs() const override { return {}; }
+    void show(const MainLook & /*look*/) override {}
     void set_txtLocate(const QString & /*text*/) override {}
     void set_txtName(const QString & /*text*/) override {}
     [[nodiscard]] QString cmbSort() const override { return u"Song Name"_s; }

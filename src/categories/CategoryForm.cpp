@@ -65,11 +65,9 @@ void CategoryForm::Form_Load()
 
 void CategoryForm::showCurrentCategory()
 {
-    const QString caption = m_parts.mainScreen.lblCategory();
-    const QList<Category> &all = m_ui->CatgGrid->categories();
-    const auto found = std::ranges::find(all, caption, &Category::CategoryDesc);
-    if (!caption.isEmpty() && found != all.end())
-        m_ui->CatgGrid->makeCurrent(found->CategoryNumber);
+    const ShownCategory &shown = m_parts.set.view().category;
+    if (!shown.name.isEmpty())
+        m_ui->CatgGrid->makeCurrent(shown.number);
 }
 
 void CategoryForm::refresh()
@@ -133,7 +131,6 @@ void CategoryForm::cmdSelected_Click()
 
 void CategoryForm::showCategory(const Category *current)
 {
-    m_parts.mainScreen.set_cmdShowArtistSongs({});
     if (current == nullptr) {
         m_parts.services.desktop.MessageBox(
             u"There are no Categories.  You must create one and select it before you "

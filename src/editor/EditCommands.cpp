@@ -67,15 +67,8 @@ void EditCommands::cmdAdd_Click()
         m_parts.state.EditMode = false;
         m_parts.showNameEdit([this] { closed(); });
         m_open = m_adding = true;
-        enableCommands(false);
+        m_parts.set.setAdding(true);
     }));
-}
-
-void EditCommands::enableCommands(bool enabled)
-{
-    for (const MainControl control :
-         {MainControl::cmdDelete, MainControl::cmdAdd, MainControl::cmdEdit, MainControl::cmdExit})
-        m_parts.mainScreen.setEnabled(control, enabled);
 }
 
 void EditCommands::closed()
@@ -83,7 +76,7 @@ void EditCommands::closed()
     m_open = false;
     m_parts.state.EditMode = false;
     if (std::exchange(m_adding, false))
-        enableCommands(true);
+        m_parts.set.setAdding(false);
     if (std::exchange(m_parts.player.PlayedFromEditor, false))
         m_parts.showNameList();
     m_parts.mainScreen.focusGrid();

@@ -40,7 +40,6 @@ public:
 private:
     void edit();
     void tellNoRecords();
-    void enableCommands(bool enabled);
     void closed();
 
     EditParts m_parts;

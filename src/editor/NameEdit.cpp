@@ -187,7 +187,7 @@ void NameEdit::Form_Load()
 // What such a list shows is no place to add to, or to delete from.
 void NameEdit::hideForList()
 {
-    if (m_parts.mainScreen.lblFilterMsg().startsWith("Records"_L1)) {
+    if (m_parts.set.view().kind == ListKind::InvalidFiles) {
         m_ui->cmdAddNew->hide();
         m_ui->cmdDelete->hide();
     }

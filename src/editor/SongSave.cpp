@@ -38,7 +38,6 @@ SongSave::SongSave(SaveParts parts) : m_parts(std::move(parts)), m_files(m_parts
 
 SaveResult SongSave::save(const SongTexts &texts)
 {
-    m_saveAccepted = false;
     try {
         return checkAndWrite(texts);
     } catch (const dao::DaoError &error) {
@@ -221,7 +220,6 @@ void SongSave::MoveFormToData(const SongTexts &texts)
         songs->AddNew();
         state.NewRecordSaved = true;
     }
-    m_saveAccepted = true;
     writeFields(*songs, texts);
     songs->Update();
     songs->setBookmark(songs->LastModified());
@@ -248,14 +246,13 @@ void SongSave::writeFields(dao::Recordset &song, const SongTexts &texts)
 // A new song lands in the category on show.
 void SongSave::assignShownCategory()
 {
-    const QString clause = m_parts.set.texts().ListCategoryClause;
-    const qsizetype equals = clause.indexOf(u'=');
-    if (!m_parts.state.NewRecordSaved || equals < 0)
+    const qint64 category = m_parts.set.view().category.number;
+    if (!m_parts.state.NewRecordSaved || category == 0)
         return;
     const auto rows = m_parts.services.catalogue.CatalogueDb->OpenRecordset(u"tblCategoryID"_s);
     rows->AddNew();
     rows->setValue(u"ID"_s, m_parts.state.CurrentRecordID);
-    rows->setValue(u"CategoryNumber"_s, clause.mid(equals + 1).trimmed());
+    rows->setValue(u"CategoryNumber"_s, category);
     rows->Update();
 }
 

@@ -63,9 +63,6 @@ public:
      * @returns nothing when there was none; else what the user is to be told, mostly the empty text */
     [[nodiscard]] std::optional<QString> giveUp() { return m_files.giveUp(); }
 
-    /** True after MoveFormToData ran, false when a check refused the save. */
-    [[nodiscard]] bool SaveAccepted() const { return m_saveAccepted; }
-
 private:
     [[nodiscard]] SaveResult checkAndWrite(const SongTexts &texts);
     [[nodiscard]] std::optional<SaveResult> checkPlace(const SongFile &typed);
@@ -86,7 +83,6 @@ private:
 
     SaveParts m_parts;
     FileSync m_files;
-    bool m_saveAccepted = false;
 };
 
 } // namespace quaverly

@@ -40,8 +40,6 @@ struct IntakeParts
     ScanClock clock;
     /** Where the list of what was passed over goes: the first of these places that has room. */
     QStringList reportPlaces;
-    /** Artist of the displayed set's current row, empty for a Null; nothing when no rows are shown. */
-    std::function<std::optional<QString>()> currentArtist;
 };
 
 /** The one way by which music files enter the catalogue. */

@@ -250,7 +250,6 @@ void MusicScan::close()
     tellDiskFull();
     m_songs.close();
     rememberFolder();
-    m_report.attempt([&] { showArtistButton(); });
 }
 
 /** Where an update looks later on. What it can't remember is no fault of the scan. */
@@ -288,18 +287,6 @@ void MusicScan::tell(const QString &text, const QString &title, Icon icon, bool 
              !m_parts.services.desktop.OpenUrl(QUrl::fromLocalFile(report)))
         m_parts.services.desktop.MessageBox(u"No program was found to show this file:  "_s + report, title,
                                             Icon::Exclamation);
-}
-
-void MusicScan::showArtistButton()
-{
-    const std::optional<QString> artist = m_parts.currentArtist();
-    if (!artist)
-        return;
-    const bool shown = isGreaterThanBlank(*artist);
-    if (shown)
-        m_parts.mainScreen.set_cmdShowArtistSongs(u"Show all songs by "_s +
-                                                  ReplaceText(*artist, u"&"_s, u"&&"_s));
-    m_parts.mainScreen.setVisible(MainControl::cmdShowArtistSongs, shown);
 }
 
 void MusicScan::letWaitingEventsRun()

@@ -50,7 +50,6 @@ private:
     void tellDiskFull();
     /** With a way to the report, where there is one and it is wanted. */
     void tell(const QString &text, const QString &title, Icon icon, bool withReport);
-    void showArtistButton();
     void letWaitingEventsRun();
 
     const IntakeParts &m_parts;

@@ -43,12 +43,12 @@ void wireButtons(const MenuWiring &wiring, Ui::NameList &ui)
 
 void wireList(const MenuWiring &wiring, const MenuTargets &to)
 {
-    wiring.guarded({{to.ui.cmdShowArtistSongs, call(to.set, &DisplayedSet::showArtistSongs)},
-                    {to.ui.cmdShowSelected, call(to.set, &DisplayedSet::selectedOnly)},
-                    {to.ui.ShowSelectedOnlyMenu, call(to.set, &DisplayedSet::selectedOnly)},
-                    {to.ui.HideSelectedMenu, call(to.set, &DisplayedSet::hideSelected)},
-                    {to.ui.RemoveSelectionsMenu, call(to.set, &DisplayedSet::removeMarks)},
-                    {to.ui.ShowAllMenu, call(to.set, &DisplayedSet::showAll)},
+    wiring.guarded({{to.ui.cmdShowArtistSongs, call(to.set, &DisplayedSet::cmdShowArtistSongs_Click)},
+                    {to.ui.cmdShowSelected, call(to.set, &DisplayedSet::ShowSelectedOnlyMenu_Click)},
+                    {to.ui.ShowSelectedOnlyMenu, call(to.set, &DisplayedSet::ShowSelectedOnlyMenu_Click)},
+                    {to.ui.HideSelectedMenu, call(to.set, &DisplayedSet::HideSelectedMenu_Click)},
+                    {to.ui.RemoveSelectionsMenu, call(to.set, &DisplayedSet::RemoveSelectionsMenu_Click)},
+                    {to.ui.ShowAllMenu, call(to.set, &DisplayedSet::ShowAllMenu_Click)},
                     {to.ui.FindEditMenu, call(to.list, &ListCommands::FindEditMenu_Click)},
                     {to.ui.DisplayRecCntMenu, call(to.list, &ListCommands::DisplayRecCntMenu_Click)}});
 }

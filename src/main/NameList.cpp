@@ -87,18 +87,15 @@ void NameList::build()
 {
     m_scanForms =
         std::make_unique<ScanForms>(m_session.desktop(), *this, m_session.intake(), m_session.shell(), this);
-    m_loader = std::make_unique<MusicLoader>(IntakeParts{
-        .services = m_session.services(),
-        .mainScreen = *this,
-        .shell = m_session.shell(),
-        .state = m_session.intake(),
-        .screens = *m_scanForms,
-        .clock = systemClock(),
-        .reportPlaces = {folders::state() + u"scan-report.txt"_s, folders::runtime() + u"scan-report.txt"_s},
-        .currentArtist = [this]() -> std::optional<QString> {
-            const DataControl &shown = m_session.displayedSet().Data1();
-            return shown.hasRows() ? std::optional(shown.currentText(u"Artist"_s)) : std::nullopt;
-        }});
+    m_loader = std::make_unique<MusicLoader>(
+        IntakeParts{.services = m_session.services(),
+                    .mainScreen = *this,
+                    .shell = m_session.shell(),
+                    .state = m_session.intake(),
+                    .screens = *m_scanForms,
+                    .clock = systemClock(),
+                    .reportPlaces = {folders::state() + u"scan-report.txt"_s,
+                                     folders::runtime() + u"scan-report.txt"_s}});
     m_addCommands =
         std::make_unique<AddCommands>(m_session.desktop(), *this, m_session.player(), m_session.intake(),
                                       *m_loader, [this] { m_scanForms->showScanDriveForm(*m_loader); });
@@ -183,11 +180,6 @@ void NameList::Form_Load()
     // One that a run left behind which could not end.
     if (!m_session.player().PlayerOpen)
         removeTemporaryList(m_session.catalogue().DatabaseFolder);
-    setVisible(MainControl::lblFilterMsg, false);
-    setVisible(MainControl::cmdShowSelected, false);
-    set_lblCategory(lblCategory());
-    set_lblSelectedCount({});
-    setVisible(MainControl::cmdShowArtistSongs, false);
 }
 
 void NameList::showEmptyState()
@@ -204,16 +196,10 @@ void NameList::Form_Activate()
         return;
     m_activating = true;
     DisplayedSet &set = m_session.displayedSet();
-    const bool rows = set.Data1().hasRows();
-    if (!rows) {
+    if (!set.Data1().hasRows())
         set_txtName({});
-        setVisible(MainControl::cmdShowArtistSongs, false);
-    }
-    setEnabled(MainControl::cmdPlay, rows);
-    setEnabled(MainControl::cmdPlayAll, rows);
+    set.activated();
     clearGridMarkArmed();
-    if (lblCategory().startsWith(QStringView(captions::RecordsContaining)))
-        setEnabled(MainControl::cmdAdd, false);
     if (m_firstActivation) {
         m_firstActivation = false;
         handle([&] { set.openAtFirstActivation(); });
@@ -302,11 +288,11 @@ void NameList::resizeEvent(QResizeEvent *event)
 void NameList::showCurrentSong()
 {
     const DataControl &shown = m_session.displayedSet().Data1();
+    m_session.displayedSet().showLook();
     if (!shown.hasRows()) {
         const auto &all = m_session.catalogue().ContactsTable;
         m_emptyState->setCatalogueEmpty(all == nullptr || all->isEmpty());
         set_txtName({});
-        setVisible(MainControl::cmdShowArtistSongs, false);
         return;
     }
     // Each field has its line, whatever stands in it.
@@ -317,8 +303,6 @@ void NameList::showCurrentSong()
     while (lines.startsWith(u' ') || lines.startsWith(u'\n'))
         lines.remove(0, 1);
     set_txtName(lines + u'\n' + text(u"PathName") + text(u"FileName"));
-    if (cmdShowArtistSongs() != QStringView(captions::ReturnFromArtist))
-        m_session.displayedSet().showArtistButton();
 }
 
 void NameList::unloadPics3()

@@ -50,20 +50,8 @@ public:
              std::function<void()> unloaded);
     ~NameList() override;
 
-    void setEnabled(MainControl control, bool enabled) override;
-    void setVisible(MainControl control, bool visible) override;
-    [[nodiscard]] bool isVisible(MainControl control) const override;
-    using QWidget::isVisible;
-    using QWidget::setEnabled;
-    using QWidget::setVisible;
-
-    void set_lblCategory(const QString &caption) override;
-    [[nodiscard]] QString lblCategory() const override;
-    void set_lblFilterMsg(const QString &caption) override;
-    [[nodiscard]] QString lblFilterMsg() const override;
-    void set_lblSelectedCount(const QString &caption) override;
-    void set_cmdShowArtistSongs(const QString &caption) override;
-    [[nodiscard]] QString cmdShowArtistSongs() const override;
+    void show(const MainLook &look) override;
+    using QWidget::show;
     void set_txtLocate(const QString &text) override;
     void set_txtName(const QString &text) override;
     [[nodiscard]] QString cmbSort() const override;
@@ -127,8 +115,6 @@ private:
     void txtLocate_KeyPress(int key);
     void txtLocate_Click();
     void lblAlphabet_Click(int index);
-
-    [[nodiscard]] QWidget *controlOf(MainControl control) const;
 
     GuardedHandler handle;
     std::unique_ptr<Ui::NameList> m_ui;

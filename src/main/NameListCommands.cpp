@@ -112,7 +112,7 @@ void NameList::cmdSortSong_Click()
 
 void NameList::ShowAllMenu_Click()
 {
-    m_session.displayedSet().showAll();
+    m_session.displayedSet().ShowAllMenu_Click();
 }
 
 void NameList::mnuPopupShowFile_Click()

@@ -17,104 +17,26 @@ using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
-/** Null for what is a menu's entry alone. */
-QWidget *NameList::controlOf(MainControl control) const
+void NameList::show(const MainLook &look)
 {
-    switch (control) {
-    case MainControl::cmdShowArtistSongs:
-        return m_ui->cmdShowArtistSongs;
-    case MainControl::cmdShowSelected:
-        return m_ui->cmdShowSelected;
-    case MainControl::cmbSort:
-        return m_ui->cmbSort;
-    case MainControl::cmdSortSong:
-        return m_ui->cmdSortSong;
-    case MainControl::cmdSortArtist:
-        return m_ui->cmdSortArtist;
-    case MainControl::cmdAdd:
-        return m_ui->cmdAdd;
-    case MainControl::cmdEdit:
-        return m_ui->cmdEdit;
-    case MainControl::cmdDelete:
-        return m_ui->cmdDelete;
-    case MainControl::cmdPlay:
-        return m_ui->cmdPlay;
-    case MainControl::cmdPlayAll:
-        return m_ui->cmdPlayAll;
-    case MainControl::cmdExit:
-        return m_ui->cmdExit;
-    case MainControl::cmdFilter:
-        return m_ui->cmdFilter;
-    case MainControl::cmdFind:
-        return m_ui->cmdFind;
-    case MainControl::File:
-        return m_ui->File;
-    case MainControl::lblFilterMsg:
-        return m_ui->lblFilterMsg;
-    case MainControl::AddMenu:
-    case MainControl::FindEditMenu:
-        break;
-    }
-    return nullptr;
-}
-
-void NameList::setEnabled(MainControl control, bool enabled)
-{
-    if (control == MainControl::FindEditMenu)
-        m_ui->FindEditMenu->setEnabled(enabled);
-    if (control == MainControl::AddMenu)
-        m_ui->AddMenu->setEnabled(enabled);
-    if (QWidget *widget = controlOf(control))
-        widget->setEnabled(enabled);
-}
-
-void NameList::setVisible(MainControl control, bool visible)
-{
-    if (QWidget *widget = controlOf(control))
-        widget->setVisible(visible);
-}
-
-bool NameList::isVisible(MainControl control) const
-{
-    const QWidget *widget = controlOf(control);
-    return widget != nullptr && !widget->isHidden();
-}
-
-void NameList::set_lblCategory(const QString &caption)
-{
-    m_stateLine.setCategory(caption);
-    if (caption.startsWith("Records containing"_L1) || caption.startsWith("Showing"_L1))
-        setEnabled(MainControl::cmdAdd, false);
-}
-
-QString NameList::lblCategory() const
-{
-    return m_ui->lblCategory->text();
-}
-
-void NameList::set_lblFilterMsg(const QString &caption)
-{
-    m_ui->lblFilterMsg->setText(caption);
-}
-
-QString NameList::lblFilterMsg() const
-{
-    return m_ui->lblFilterMsg->text();
-}
-
-void NameList::set_lblSelectedCount(const QString &caption)
-{
-    m_stateLine.setSelectedCount(caption);
-}
-
-void NameList::set_cmdShowArtistSongs(const QString &caption)
-{
-    m_stateLine.setArtistButton(caption);
-}
-
-QString NameList::cmdShowArtistSongs() const
-{
-    return m_stateLine.artistButton();
+    using enum MainControl;
+    m_stateLine.show(look);
+    m_ui->File->setEnabled(look.enabled.testFlag(File));
+    m_ui->AddMenu->setEnabled(look.enabled.testFlag(AddMenu));
+    m_ui->FindEditMenu->setEnabled(look.enabled.testFlag(FindEditMenu));
+    const std::pair<MainControl, QWidget *> controls[] = {{cmdAdd, m_ui->cmdAdd},
+                                                          {cmdEdit, m_ui->cmdEdit},
+                                                          {cmdDelete, m_ui->cmdDelete},
+                                                          {cmdExit, m_ui->cmdExit},
+                                                          {cmdPlay, m_ui->cmdPlay},
+                                                          {cmdPlayAll, m_ui->cmdPlayAll},
+                                                          {cmdFilter, m_ui->cmdFilter},
+                                                          {cmdFind, m_ui->cmdFind},
+                                                          {cmbSort, m_ui->cmbSort},
+                                                          {cmdSortSong, m_ui->cmdSortSong},
+                                                          {cmdSortArtist, m_ui->cmdSortArtist}};
+    for (const auto &[control, widget] : controls)
+        widget->setEnabled(look.enabled.testFlag(control));
 }
 
 void NameList::set_txtLocate(const QString &text)

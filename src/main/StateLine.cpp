@@ -1,38 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "main/StateLine.h"
 
+#include "songlist/MainLook.h"
 #include "ui_NameList.h"
 
 using namespace Qt::StringLiterals;
 
 namespace quaverly {
 
-void StateLine::setCategory(const QString &caption)
+void StateLine::show(const MainLook &look)
 {
-    m_ui.lblCategory->setText(caption);
-    m_ui.lblCategory->setVisible(!caption.isEmpty());
+    using enum MainControl;
+    m_ui.lblCategory->setText(look.lblCategory);
+    m_ui.lblCategory->setVisible(!look.lblCategory.isEmpty());
+    m_ui.lblFilterMsg->setText(look.lblFilterMsg);
+    m_ui.lblFilterMsg->setVisible(look.shown.testFlag(lblFilterMsg));
+    m_ui.cmdShowSelected->setVisible(look.shown.testFlag(cmdShowSelected));
+    m_ui.cmdShowArtistSongs->setVisible(look.shown.testFlag(cmdShowArtistSongs));
+    m_ui.cmdShowArtistSongs->setEnabled(look.enabled.testFlag(cmdShowArtistSongs));
+    showArtistButton(look.cmdShowArtistSongs);
 }
 
-void StateLine::setSelectedCount(const QString &caption)
-{
-    m_ui.lblSelectedCount->setText(caption);
-    m_ui.lblSelectedCount->setVisible(!caption.isEmpty());
-}
-
-void StateLine::setArtistButton(const QString &caption)
+void StateLine::showArtistButton(const QString &caption)
 {
     // A very long artist must not push the other buttons off the screen.
     constexpr int MostPixels = 420;
     QPushButton &button = *m_ui.cmdShowArtistSongs;
     button.setMaximumWidth(MostPixels);
-    button.setProperty("caption", caption);
     button.setAccessibleName(QString(caption).replace(u"&&"_s, u"&"_s));
     button.setText(button.fontMetrics().elidedText(caption, Qt::ElideRight, MostPixels - 32));
-}
-
-QString StateLine::artistButton() const
-{
-    return m_ui.cmdShowArtistSongs->property("caption").toString();
 }
 
 void StateLine::keepRoom()

@@ -105,14 +105,11 @@ bool DeleteDisplayed::isConfirmedAgain(qint64 records)
 
 void DeleteDisplayed::showWhatIsLeft(const QString &recordSource)
 {
-    MainScreen &screen = m_parts.mainScreen;
     if (mentions(recordSource, "where selected ="_L1))
         m_parts.set.endSelection();
-    screen.setEnabled(MainControl::cmdAdd, true);
     m_parts.set.Data1().Refresh();
-    screen.set_txtName({});
-    screen.set_cmdShowArtistSongs({});
-    screen.set_lblFilterMsg({});
+    m_parts.set.displayedDeleted();
+    m_parts.mainScreen.set_txtName({});
 }
 
 } // namespace quaverly

@@ -102,25 +102,11 @@ void DuplicateCommands::showView(const View &view)
         const Hourglass hourglass(m_parts.services.desktop);
         m_parts.mainScreen.ShowAllMenu_Click();
         m_parts.mainScreen.cmdSortArtist_Click();
-        if (!m_parts.set.duplicateView(QString::fromUtf16(view.query))) {
+        if (!m_parts.set.duplicateView(QString::fromUtf16(view.query), QString::fromUtf16(view.caption))) {
             m_parts.services.desktop.resetPointer();
             tellNone(QString::fromUtf16(view.empty));
-            return;
         }
-        disableListCommands();
-        m_parts.mainScreen.set_lblCategory(QString::fromUtf16(view.caption));
-        m_parts.mainScreen.set_lblFilterMsg({});
-        m_parts.mainScreen.setVisible(MainControl::lblFilterMsg, false);
     });
-}
-
-// Sorting, filtering and adding make no sense on rows that a stored query finds.
-void DuplicateCommands::disableListCommands()
-{
-    using enum MainControl;
-    for (const MainControl control : {File, cmdAdd, AddMenu, FindEditMenu, cmdShowArtistSongs, cmdFilter,
-                                      cmdFind, cmbSort, cmdSortSong, cmdSortArtist})
-        m_parts.mainScreen.setEnabled(control, false);
 }
 
 void DuplicateCommands::tellNone(const QString &message)

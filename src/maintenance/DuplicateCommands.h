@@ -39,7 +39,6 @@ private:
     [[nodiscard]] std::optional<Keys> confirmedSongs(const Rule &rule);
     /** False when the command was stopped before. */
     [[nodiscard]] bool deleteSongs(const Rule &rule, const Keys &songs);
-    void disableListCommands();
     void tellNone(const QString &message);
 
     MaintenanceParts m_parts;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/SortOrders.h"
 #include "desktop/Desktop.h"
-#include "platform/text/Text.h"
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
 
@@ -10,31 +9,13 @@ using namespace Qt::StringLiterals;
 // The artist button: the songs of the current row's artist, and the way back.
 namespace quaverly {
 
-void DisplayedSet::showArtistSongs()
+void DisplayedSet::cmdShowArtistSongs_Click()
 {
     m_data.finishTyping();
-    if (m_screen->cmdShowArtistSongs() == QString::fromUtf16(captions::ReturnFromArtist))
+    if (m_view.leadsBack)
         leaveArtistView();
     else if (currentRow())
         enterArtistView();
-}
-
-void DisplayedSet::showArtistButton()
-{
-    if (m_screen->cmdShowArtistSongs() == QString::fromUtf16(captions::ReturnFromArtist))
-        return;
-    const QString artist = m_data.currentText(u"Artist"_s);
-    const bool known = isGreaterThanBlank(artist);
-    if (known)
-        m_screen->set_cmdShowArtistSongs(QString::fromUtf16(captions::ShowAllSongsBy) +
-                                         ReplaceText(artist, u"&"_s, u"&&"_s));
-    m_screen->setVisible(MainControl::cmdShowArtistSongs, known);
-}
-
-void DisplayedSet::resetArtistButton()
-{
-    m_screen->set_cmdShowArtistSongs({});
-    showArtistButton();
 }
 
 void DisplayedSet::enterArtistView()
@@ -54,21 +35,15 @@ void DisplayedSet::enterArtistView()
         m_data.setRecordSource(composeList(m_texts));
         // Both sorts below open the statement; the first one also puts the artist into column 1.
         m_screen->cmdSortArtist_Click();
-        m_screen->set_cmdShowArtistSongs(QString::fromUtf16(captions::ReturnFromArtist));
         m_screen->set_cmbSort(DefaultSortLabel);
     });
-    m_screen->setVisible(MainControl::cmdShowArtistSongs, true);
-    hideFilterMessage();
-    m_screen->set_lblCategory({});
-    m_screen->setEnabled(MainControl::cmdAdd, false);
-    if (m_data.hasRows())
-        enablePlaying();
+    setView({.kind = ListKind::Artist});
 }
 
 void DisplayedSet::leaveArtistView()
 {
     const Hourglass hourglass(m_desktop);
-    m_screen->set_cmdShowArtistSongs(QString::fromUtf16(captions::Returning));
+    setView({.kind = ListKind::Returning});
     // ListWhere and ListSource stay those of the artist: a command that composes anew brings him back.
     open(m_artistReturn.source);
     if (m_artistReturn.firstColumn == "SongName"_L1)
@@ -76,7 +51,7 @@ void DisplayedSet::leaveArtistView()
     m_screen->set_cmbSort(m_artistReturn.sort);
     m_data.findRecord(m_artistReturn.recordId);
     m_screen->scrollGrid(0, m_screen->gridRow() - m_artistReturn.row);
-    showArtistButton();
+    setView({.kind = ListKind::Unnamed});
 }
 
 } // namespace quaverly

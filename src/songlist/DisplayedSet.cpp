@@ -15,11 +15,6 @@ namespace {
 
 constexpr auto OrderAtLoad = " Order By SongName"_L1;
 
-QString caption(const char16_t *text)
-{
-    return QString::fromUtf16(text);
-}
-
 } // namespace
 
 DisplayedSet::DisplayedSet(Catalogue &catalogue, SettingsRows &settings, Desktop &desktop)
@@ -31,6 +26,48 @@ DisplayedSet::DisplayedSet(Catalogue &catalogue, SettingsRows &settings, Desktop
 bool DisplayedSet::isDuplicateView() const
 {
     return isDuplicateViewName(m_data.RecordSource());
+}
+
+void DisplayedSet::setView(const ListView &next)
+{
+    m_view = viewAfter(m_view, next);
+    showLook();
+}
+
+// The row of a song that was deleted has none, until the list is opened anew.
+QString DisplayedSet::currentArtist() const
+{
+    try {
+        return m_data.currentText(u"Artist"_s);
+    } catch (const dao::DaoError &) {
+        return {};
+    }
+}
+
+void DisplayedSet::showLook()
+{
+    if (m_screen != nullptr)
+        m_screen->show(lookOf(m_view, {.hasRows = m_data.hasRows(),
+                                       .artist = currentArtist(),
+                                       .SelectedCount = m_selectedCount,
+                                       .isAdding = m_isAdding,
+                                       .soughtText = m_soughtText}));
+}
+
+void DisplayedSet::activated()
+{
+    // Where nothing but the search is to be added to.
+    if (m_view.kind == ListKind::Find)
+        m_view.mayAdd = false;
+    showLook();
+}
+
+void DisplayedSet::setAdding(bool isAdding)
+{
+    m_isAdding = isAdding;
+    if (!isAdding)
+        m_view.mayAdd = true;
+    showLook();
 }
 
 void DisplayedSet::compose(const std::function<void()> &composition)
@@ -71,6 +108,7 @@ void DisplayedSet::openAtLoad()
     m_texts = ListTexts();
     m_texts.ListOrder = OrderAtLoad + u' ';
     m_selectedCount = countMarks();
+    setView({.kind = ListKind::AllSongs});
     const auto category = m_settings.categoryAtStartup() ? m_settings.category() : std::nullopt;
     const auto openTexts = [this] {
         open(u"Select * from "_s + m_texts.ListSource + m_texts.ListWhere + OrderAtLoad);
@@ -90,7 +128,8 @@ void DisplayedSet::openAtLoad()
             if (!m_data.hasRows())
                 throw dao::DaoError(dao::NoCurrentRecord, u"This category has no songs."_s);
         });
-        m_screen->set_lblCategory(category->Name);
+        setView({.kind = ListKind::Category,
+                 .category = {categoryOf(m_texts.ListCategoryClause), category->Name}});
     } catch (const dao::DaoError &) {
         // A row that holds no clause must not keep the program from starting.
         openTexts();
@@ -103,11 +142,10 @@ void DisplayedSet::openAtFirstActivation()
     const QString stored = m_settings.gridSortOrder().value_or(DefaultSortLabel);
     m_screen->set_cmbSort(sortOrder(stored).label);
     if (m_texts.ListCategoryClause.isEmpty()) {
-        m_screen->ShowAllMenu_Click();
+        ShowAllMenu_Click();
         return;
     }
-    m_screen->setVisible(MainControl::cmdShowSelected, m_selectedCount > 0);
-    resetArtistButton();
+    showLook();
 }
 
 void DisplayedSet::RefreshDisplayedSet()
@@ -115,7 +153,7 @@ void DisplayedSet::RefreshDisplayedSet()
     open(composeList(m_texts));
 }
 
-void DisplayedSet::showAll()
+void DisplayedSet::ShowAllMenu_Click()
 {
     const Hourglass hourglass(m_desktop);
     const RefreshOnce once(m_data);
@@ -128,16 +166,7 @@ void DisplayedSet::showAll()
         m_texts.ListSource = QString::fromUtf16(SongTable);
         RefreshDisplayedSet();
     });
-    hideFilterMessage();
-    m_screen->set_lblFilterMsg(caption(captions::FilterMessage));
-    m_screen->set_lblCategory({});
-    m_screen->setVisible(MainControl::cmdShowSelected, m_selectedCount > 0);
-    enableListCommands();
-    m_screen->set_cmdShowArtistSongs({});
-    if (m_data.hasRows()) {
-        enablePlaying();
-        showArtistButton();
-    }
+    setView({.kind = ListKind::AllSongs});
     m_screen->cmbSort_Click();
     m_texts.ListSelectionClause.clear();
 }
@@ -172,13 +201,9 @@ void DisplayedSet::categoryChosen(qint64 number, const QString &name)
         RefreshDisplayedSet();
     });
     m_settings.storeCategory(name, m_texts.ListCategoryClause);
-    resetArtistButton();
-    m_screen->set_lblCategory(name);
-    m_screen->set_lblFilterMsg({});
-    hideFilterMessage();
+    setView({.kind = ListKind::Category, .category = {number, name}});
     m_screen->set_txtLocate({});
     m_screen->set_txtName({});
-    enableListCommands();
 }
 
 void DisplayedSet::categoryCleared()
@@ -191,8 +216,7 @@ void DisplayedSet::categoryCleared()
         RefreshDisplayedSet();
     });
     m_settings.removeCategory();
-    m_screen->set_lblCategory({});
-    m_screen->set_lblFilterMsg({});
+    setView({.kind = ListKind::Unnamed});
 }
 
 bool DisplayedSet::filterApplied(const QString &criteria, dao::ReadRows *read)
@@ -216,9 +240,7 @@ bool DisplayedSet::filterApplied(const QString &criteria, dao::ReadRows *read)
         return false;
     }
     m_lastFilterCriteria = criteria;
-    showFilterMessage(caption(captions::FilterMessage));
-    dropFindCaption();
-    resetArtistButton();
+    setView({.kind = ListKind::Filter});
     return true;
 }
 
@@ -227,8 +249,8 @@ void DisplayedSet::find(const QString &answer)
     const QString shown = answer.trimmed();
     if (!m_data.hasRows() || shown.isEmpty())
         return;
-    const QString categoryBefore = m_screen->lblCategory();
-    m_screen->set_lblCategory(u"Searching for \""_s + shown + u"\"..."_s);
+    m_soughtText = shown;
+    showLook();
     m_desktop.letEventsRun();
     try {
         const Hourglass hourglass(m_desktop);
@@ -245,19 +267,19 @@ void DisplayedSet::find(const QString &answer)
                  m_texts.ListOrder);
         });
     } catch (...) {
-        m_screen->set_lblCategory(categoryBefore);
+        m_soughtText.clear();
+        showLook();
         throw;
     }
-    m_screen->set_lblCategory(caption(captions::RecordsContaining) + shown);
-    hideFilterMessage();
-    resetArtistButton();
+    m_soughtText.clear();
+    setView({.kind = ListKind::Find, .text = shown});
     if (!m_data.hasRows()) {
         m_screen->set_txtName({});
         m_desktop.MessageBox(u"No records found."_s, u"No records to display"_s);
     }
 }
 
-void DisplayedSet::invalidFileView()
+void DisplayedSet::invalidFileView(const QString &finding)
 {
     compose([this] {
         m_texts.ListWhere = invalidFilesWhere(m_texts.ListCategoryClause);
@@ -267,9 +289,7 @@ void DisplayedSet::invalidFileView()
     });
     m_artistReturn.recordId = 0;
     m_artistReturn.row = 0;
-    m_screen->setEnabled(MainControl::cmdAdd, false);
-    m_screen->set_lblCategory({});
-    showFilterMessage(caption(captions::InvalidFiles));
+    setView({.kind = finding.isEmpty() ? ListKind::InvalidFiles : ListKind::Findings, .text = finding});
 }
 
 bool DisplayedSet::playListView(qint64 listId, const QString &name)
@@ -291,16 +311,16 @@ bool DisplayedSet::playListView(qint64 listId, const QString &name)
     m_texts.ListSelectionClause.clear();
     m_texts.ListFilterText.clear();
     m_texts.ListCategoryClause.clear();
-    showFilterMessage(u"PlayList:"_s + name);
-    m_screen->set_lblCategory({});
-    resetArtistButton();
+    setView({.kind = ListKind::PlayList, .text = name});
     return true;
 }
 
-bool DisplayedSet::duplicateView(const QString &queryName)
+bool DisplayedSet::duplicateView(const QString &queryName, const QString &title)
 {
     const Hourglass hourglass(m_desktop);
     open(queryName);
+    if (!title.isEmpty() && m_data.hasRows())
+        setView({.kind = ListKind::Duplicates, .text = title});
     return m_data.hasRows();
 }
 
@@ -319,37 +339,6 @@ void DisplayedSet::deleteFromDuplicateView()
     recountMarks();
     m_data.findRecord(neighbour);
     m_screen->scrollGrid(0, m_screen->gridRow() - line);
-}
-
-void DisplayedSet::hideFilterMessage()
-{
-    m_screen->setVisible(MainControl::lblFilterMsg, false);
-}
-
-void DisplayedSet::showFilterMessage(const QString &text)
-{
-    m_screen->set_lblFilterMsg(text);
-    m_screen->setVisible(MainControl::lblFilterMsg, true);
-}
-
-void DisplayedSet::dropFindCaption()
-{
-    if (m_screen->lblCategory().startsWith(caption(captions::RecordsContaining)))
-        m_screen->set_lblCategory({});
-}
-
-void DisplayedSet::enableListCommands()
-{
-    using enum MainControl;
-    for (const MainControl control : {cmdAdd, cmdEdit, AddMenu, FindEditMenu, File, cmdShowArtistSongs,
-                                      cmdFilter, cmdFind, cmbSort, cmdSortSong, cmdSortArtist})
-        m_screen->setEnabled(control, true);
-}
-
-void DisplayedSet::enablePlaying()
-{
-    m_screen->setEnabled(MainControl::cmdPlay, true);
-    m_screen->setEnabled(MainControl::cmdPlayAll, true);
 }
 
 } // namespace quaverly

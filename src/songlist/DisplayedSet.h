@@ -4,6 +4,7 @@
 #include "catalogue/SettingsRows.h"
 #include "songlist/DataControl.h"
 #include "songlist/ListTexts.h"
+#include "songlist/MainLook.h"
 
 #include <functional>
 
@@ -28,6 +29,7 @@ public:
     [[nodiscard]] DataControl &Data1() { return m_data; }
     [[nodiscard]] const DataControl &Data1() const { return m_data; }
     [[nodiscard]] const ListTexts &texts() const { return m_texts; }
+    [[nodiscard]] const ListView &view() const { return m_view; }
 
     /** Songs that are marked, also those that a run left which could not end. */
     [[nodiscard]] int SelectedCount() const { return m_selectedCount; }
@@ -41,10 +43,17 @@ public:
     /** First activation: the stored sort, then Show All. */
     void openAtFirstActivation();
 
+    /** Has the main screen show what the view and the current row ask for. */
+    void showLook();
+    /** The main screen became the active one. */
+    void activated();
+    /** The editor opens on a new record, or has closed again. */
+    void setAdding(bool isAdding);
+
     /** Composes the statement from the texts and opens it. */
     void RefreshDisplayedSet();
     /** Back to all songs. Keeps the marks. */
-    void showAll();
+    void ShowAllMenu_Click();
     /** The sort box: stores the choice and exchanges the ORDER BY tail. Does nothing on an empty list. */
     void applySort(const QString &label);
 
@@ -66,24 +75,29 @@ public:
     void find(const QString &answer);
 
     /** The artist button: enters the artist view, or leaves it when its caption says so. */
-    void showArtistSongs();
+    void cmdShowArtistSongs_Click();
 
-    void selectedOnly();
-    void hideSelected();
-    void removeMarks();
+    /** Also cmdShowSelected. */
+    void ShowSelectedOnlyMenu_Click();
+    void HideSelectedMenu_Click();
+    void RemoveSelectionsMenu_Click();
     /** Toggles the mark of the current row. */
     void toggleMark();
     /** For who deleted songs, which may have been marked. */
     void recountMarks();
     /** The marked songs are gone: so is the mark clause. Does not touch the list. */
     void endSelection();
+    /** The songs displayed, or those that were wanted of them, are deleted. */
+    void displayedDeleted();
 
-    /** Songs listed in tblOrphanFileNames, within the category in force. */
-    void invalidFileView();
+    /** Songs listed in tblOrphanFileNames, within the category in force. @p finding tells what a check of the
+     * catalogue found of them, if it was not that their files are gone. */
+    void invalidFileView(const QString &finding = {});
     /** False when no track of the list is in the catalogue: that is told, and the old list stays. */
     bool playListView(qint64 listId, const QString &name);
-    /** One of the four stored queries; false when it shows nothing. */
-    bool duplicateView(const QString &queryName);
+    /** One of the four stored queries; false when it shows nothing. Without a title, all that stands above
+     * the list and may be done with it stays. */
+    bool duplicateView(const QString &queryName, const QString &title = {});
     /** Deletes the current song while such a view is shown, which stays, at the song's neighbour. */
     void deleteFromDuplicateView();
 
@@ -92,9 +106,6 @@ public:
      * ListWhere.
      */
     [[nodiscard]] QString recordCountMessage();
-
-    /** The artist button's text and visibility for the current row; not in the artist view. */
-    void showArtistButton();
 
 private:
     /** Where the artist view leads back to. */
@@ -112,19 +123,12 @@ private:
     void open(const QString &source, dao::ReadRows *read = nullptr);
     void restoreSource(const QString &source, std::optional<dao::Bookmark> row);
     [[nodiscard]] std::optional<dao::Bookmark> currentRow();
-    void hideFilterMessage();
-    void showFilterMessage(const QString &text);
-    void dropFindCaption();
-    void rememberStateLine();
-    void restoreStateLine();
+    void setView(const ListView &next);
+    [[nodiscard]] QString currentArtist() const;
+    void leaveMarkModes();
     [[nodiscard]] int countMarks();
-    [[nodiscard]] QString shownFilterMessage() const;
-    void enableListCommands();
     void enterArtistView();
     void leaveArtistView();
-    void enablePlaying();
-    /** Out of the artist view, if it was that; the button is the current row's again. */
-    void resetArtistButton();
     [[nodiscard]] dao::Database &database() { return *m_catalogue.CatalogueDb; }
 
     Catalogue &m_catalogue;
@@ -134,28 +138,15 @@ private:
     DataControl m_data;
     ListTexts m_texts;
     ArtistReturn m_artistReturn;
-    /** What stood above the list before marked songs were hidden. */
-    struct StateLine
-    {
-        QString category;
-        QString message;
-    } m_beforeHiding;
+    ListView m_view;
+    ListView m_beforeHiding;
+    bool m_isAdding = false;
+    /** While Find looks for it. */
+    QString m_soughtText;
     QString m_recordSourceBeforeFilter;
     QString m_lastFilterCriteria;
     int m_selectedCount = 0;
     bool m_dateSortActive = false;
 };
-
-/** Captions that are read back as state. */
-namespace captions {
-inline constexpr char16_t FilterMessage[] = u"Filter is limiting records displayed.";
-inline constexpr char16_t SelectedOnly[] = u"Showing selected records only.";
-inline constexpr char16_t HidingSelected[] = u"Hiding selected records.";
-inline constexpr char16_t InvalidFiles[] = u"Records with invalid path/file names";
-inline constexpr char16_t RecordsContaining[] = u"Records containing ";
-inline constexpr char16_t ShowAllSongsBy[] = u"Show all songs by ";
-inline constexpr char16_t ReturnFromArtist[] = u"Return from artist filter";
-inline constexpr char16_t Returning[] = u"Returning";
-} // namespace captions
 
 } // namespace quaverly

@@ -27,7 +27,7 @@ QString grouped(double number, QLocale locale)
 
 } // namespace
 
-void DisplayedSet::selectedOnly()
+void DisplayedSet::ShowSelectedOnlyMenu_Click()
 {
     if (m_selectedCount < 1)
         return;
@@ -39,13 +39,10 @@ void DisplayedSet::selectedOnly()
         m_texts.ListSelectionClause = u" Where Selected = 'x' "_s;
         open(u"Select * from  tblContacts Where Selected = 'x' "_s + m_texts.ListOrder);
     });
-    m_screen->set_lblCategory({});
-    m_screen->setVisible(MainControl::cmdShowSelected, false);
-    m_screen->setEnabled(MainControl::cmdAdd, false);
-    showFilterMessage(QString::fromUtf16(captions::SelectedOnly));
+    setView({.kind = ListKind::SelectedOnly});
 }
 
-void DisplayedSet::hideSelected()
+void DisplayedSet::HideSelectedMenu_Click()
 {
     if (isDuplicateView() || m_selectedCount < 1)
         return;
@@ -54,53 +51,36 @@ void DisplayedSet::hideSelected()
         m_texts.ListSelectionClause = hideClause(m_texts.ListWhere);
         open(composeWithSelection(m_texts));
     });
-    rememberStateLine();
-    dropFindCaption();
-    showFilterMessage(QString::fromUtf16(captions::HidingSelected));
+    if (m_view.kind != ListKind::HidingSelected)
+        m_beforeHiding = m_view;
+    setView({.kind = ListKind::HidingSelected});
 }
 
-void DisplayedSet::removeMarks()
+void DisplayedSet::RemoveSelectionsMenu_Click()
 {
     if (isDuplicateView())
         return;
     const Hourglass hourglass(m_desktop);
     database().Execute(u"Update tblContacts Set Selected=' ' Where Selected='x'"_s);
     m_selectedCount = 0;
-    m_screen->set_lblSelectedCount({});
     RefreshDisplayedSet();
-    restoreStateLine();
     m_texts.ListSelectionClause.clear();
-    m_screen->setVisible(MainControl::cmdShowSelected, false);
-    m_screen->setEnabled(MainControl::cmdAdd, true);
-}
-
-QString DisplayedSet::shownFilterMessage() const
-{
-    return m_screen->isVisible(MainControl::lblFilterMsg) ? m_screen->lblFilterMsg() : QString();
-}
-
-void DisplayedSet::rememberStateLine()
-{
-    const QString message = shownFilterMessage();
-    if (message == QStringView(captions::HidingSelected))
-        return;
-    const bool selectedOnly = message == QStringView(captions::SelectedOnly);
-    m_beforeHiding = {m_screen->lblCategory(), selectedOnly ? QString() : message};
+    leaveMarkModes();
 }
 
 // The list is that of before the mark modes again, and so is what stands above it.
-void DisplayedSet::restoreStateLine()
+void DisplayedSet::leaveMarkModes()
 {
-    const QString message = shownFilterMessage();
-    if (message == QStringView(captions::SelectedOnly))
-        hideFilterMessage();
-    if (message != QStringView(captions::HidingSelected))
-        return;
-    m_screen->set_lblCategory(m_beforeHiding.category);
-    if (m_beforeHiding.message.isEmpty())
-        hideFilterMessage();
-    else
-        showFilterMessage(m_beforeHiding.message);
+    const ListKind kind = m_view.kind;
+    if (kind == ListKind::HidingSelected) {
+        m_view.kind = m_beforeHiding.kind;
+        m_view.category = m_beforeHiding.category;
+        m_view.text = m_beforeHiding.text;
+    }
+    if (m_view.kind == ListKind::SelectedOnly)
+        m_view.kind = ListKind::Unnamed;
+    m_view.mayAdd = true;
+    showLook();
 }
 
 int DisplayedSet::countMarks()
@@ -113,10 +93,7 @@ int DisplayedSet::countMarks()
 void DisplayedSet::recountMarks()
 {
     m_selectedCount = countMarks();
-    if (m_selectedCount > 0)
-        return;
-    m_screen->set_lblSelectedCount({});
-    m_screen->setVisible(MainControl::cmdShowSelected, false);
+    showLook();
 }
 
 void DisplayedSet::toggleMark()
@@ -129,9 +106,8 @@ void DisplayedSet::toggleMark()
     rows.setValue(u"Selected"_s, marked ? u" "_s : u"x"_s);
     rows.Update();
     m_selectedCount = marked ? qMax(0, m_selectedCount - 1) : m_selectedCount + 1;
-    if (m_selectedCount < 1)
-        m_screen->set_lblSelectedCount({});
-    m_screen->setVisible(MainControl::cmdShowSelected, m_selectedCount > 0);
+    m_view.areMarksChanged = true;
+    showLook();
     m_data.notifyRowChanged();
 }
 
@@ -139,8 +115,18 @@ void DisplayedSet::endSelection()
 {
     m_selectedCount = 0;
     m_texts.ListSelectionClause.clear();
-    m_screen->set_lblSelectedCount({});
-    m_screen->setVisible(MainControl::cmdShowSelected, false);
+    showLook();
+}
+
+void DisplayedSet::displayedDeleted()
+{
+    const bool isNamed = m_view.kind == ListKind::Category || m_view.kind == ListKind::Find ||
+                         m_view.kind == ListKind::Duplicates;
+    if (!isNamed)
+        m_view.kind = ListKind::Unnamed;
+    m_view.leadsBack = false;
+    m_view.mayAdd = true;
+    showLook();
 }
 
 QString DisplayedSet::recordCountMessage()

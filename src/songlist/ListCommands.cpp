@@ -75,11 +75,6 @@ void ListCommands::cmdDelete_Click()
         return;
     deleteCurrent();
     m_screen.set_txtName(u"Record Deleted!"_s);
-    if (!m_set.Data1().hasRows()) {
-        m_screen.setEnabled(MainControl::cmdPlay, false);
-        m_screen.setEnabled(MainControl::cmdPlayAll, false);
-        m_screen.setVisible(MainControl::cmdShowArtistSongs, false);
-    }
 }
 
 void ListCommands::deleteCurrent()

@@ -64,6 +64,11 @@ QString categoryClause(qint64 number)
     return u" CategoryNumber = "_s + QString::number(number) + u' ';
 }
 
+qint64 categoryOf(const QString &clause)
+{
+    return clause.sliced(clause.indexOf(u'=') + 1).trimmed().toLongLong();
+}
+
 QString artistWhere(const QString &artist)
 {
     return u" Where Artist = "_s + quoted(artist) + u' ';

@@ -43,6 +43,8 @@ struct ListTexts
 
 /** " CategoryNumber = n ". */
 [[nodiscard]] QString categoryClause(qint64 number);
+/** The number in such a clause, which the catalogue keeps as a text; 0 in any other text. */
+[[nodiscard]] qint64 categoryOf(const QString &clause);
 /** " Where Artist = ..." with the artist's double quotes doubled. */
 [[nodiscard]] QString artistWhere(const QString &artist);
 

@@ -1,51 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "songlist/MainLook.h"
+
 #include <QString>
 
 namespace quaverly {
 
-/** Commands and controls of the main screen that others enable and disable. */
-enum class MainControl {
-    cmdAdd,
-    cmdEdit,
-    cmdDelete,
-    cmdExit,
-    cmdPlay,
-    cmdPlayAll,
-    cmdShowArtistSongs,
-    cmdShowSelected,
-    cmdFilter,
-    cmdFind,
-    cmbSort,
-    cmdSortSong,
-    cmdSortArtist,
-    AddMenu,
-    FindEditMenu,
-    File,
-    lblFilterMsg,
-};
-
-/**
- * What other screens and the displayed set may ask of the main screen. Captions are state: they are
- * read back, so each has a getter.
- */
+/** What other screens and the displayed set may ask of the main screen. */
 class MainScreen
 {
 public:
     virtual ~MainScreen() = default;
 
-    virtual void setEnabled(MainControl control, bool enabled) = 0;
-    virtual void setVisible(MainControl control, bool visible) = 0;
-    [[nodiscard]] virtual bool isVisible(MainControl control) const = 0;
-
-    virtual void set_lblCategory(const QString &caption) = 0;
-    [[nodiscard]] virtual QString lblCategory() const = 0;
-    virtual void set_lblFilterMsg(const QString &caption) = 0;
-    [[nodiscard]] virtual QString lblFilterMsg() const = 0;
-    virtual void set_lblSelectedCount(const QString &caption) = 0;
-    virtual void set_cmdShowArtistSongs(const QString &caption) = 0;
-    [[nodiscard]] virtual QString cmdShowArtistSongs() const = 0;
+    virtual void show(const MainLook &look) = 0;
     virtual void set_txtLocate(const QString &text) = 0;
     virtual void set_txtName(const QString &text) = 0;
 

@@ -112,8 +112,7 @@ void frmCheck::cmdShow_Click()
         if (finding == nullptr || finding->songs.empty())
             return false;
         listInvalidFiles(*m_parts.services.catalogue.CatalogueDb, finding->songs);
-        m_parts.set.invalidFileView();
-        m_parts.mainScreen.set_lblFilterMsg(finding->what + u'.');
+        m_parts.set.invalidFileView(finding->what + u'.');
         return true;
     });
 }

@@ -252,7 +252,7 @@ bool frmUpdate::carryOut()
         const KeepRow row(shown);
         shown.Refresh();
     } else {
-        m_parts.set.showAll();
+        m_parts.set.ShowAllMenu_Click();
     }
     if (!outcome) {
         desktop.MessageBox(u"The update was stopped.  Nothing was changed."_s, windowTitle());

@@ -86,7 +86,7 @@ TEST_F(TheBulkScreen, WarnsThatTheSelectionIsNotWhatCounts)
         "Click on the OK button to assign ALL displayed Songs to this Category, or Cancel if this is not "
         "what you want."_s);
     EXPECT_EQ(desktop.lastCall().defaultAnswer, Answer::Cancel);
-    set.selectedOnly();
+    set.ShowSelectedOnlyMenu_Click();
     desktop.willAnswer(Answer::Cancel);
     press(u"cmdDelete"_s);
     EXPECT_TRUE(desktop.lastCall().text.startsWith(u"Click on the OK button to remove ALL"_s));

@@ -32,8 +32,7 @@ void IntakeTest::useShell(std::unique_ptr<shell::Shell> shell)
         .state = m_state,
         .screens = *m_forms,
         .clock = clock,
-        .reportPlaces = {m_store.path(u"state/report.txt"_s), m_store.path(u"other/report.txt"_s)},
-        .currentArtist = [] { return std::optional<QString>(); }});
+        .reportPlaces = {m_store.path(u"state/report.txt"_s), m_store.path(u"other/report.txt"_s)}});
     m_commands = std::make_unique<AddCommands>(m_desktop, m_mainScreen, m_player, m_state, *m_loader,
                                                [this] { m_forms->showScanDriveForm(*m_loader); });
 }

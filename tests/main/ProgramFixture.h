@@ -45,6 +45,11 @@ protected:
     /** A click with the left button into a cell. */
     void clickCell(int row, int column);
     [[nodiscard]] QString description();
+    /** The caption of a label or button of the main screen. */
+    [[nodiscard]] QString shownText(const QString &control)
+    {
+        return child<QWidget>(screen(), control)->property("text").toString();
+    }
     [[nodiscard]] QString currentSong() { return description().section(u'\n', 0, 0); }
     void addFolder();
 

@@ -34,11 +34,11 @@ const QMap<QString, void (*)(Maintenance &, Text)> Steps{
     {u"artistOf"_s,
      [](Maintenance &m, Text song) {
          m.data().Recordset().FindFirst(u"SongName = '"_s + song + u'\'');
-         m.set.showArtistSongs();
+         m.set.cmdShowArtistSongs_Click();
      }},
     {u"mark"_s, [](Maintenance &m, Text song) { m.mark(song.toLongLong()); }},
-    {u"selected"_s, [](Maintenance &m, Text) { m.set.selectedOnly(); }},
-    {u"hide"_s, [](Maintenance &m, Text) { m.set.hideSelected(); }},
+    {u"selected"_s, [](Maintenance &m, Text) { m.set.ShowSelectedOnlyMenu_Click(); }},
+    {u"hide"_s, [](Maintenance &m, Text) { m.set.HideSelectedMenu_Click(); }},
     {u"invalid"_s, [](Maintenance &m, Text) { m.set.invalidFileView(); }},
     {u"playList"_s, [](Maintenance &m, Text) { m.set.playListView(m.list, u"Party"_s); }},
     {u"sort"_s, [](Maintenance &m, Text order) { m.set.applySort(order); }},
@@ -63,7 +63,7 @@ protected:
         for (const int song : {2, 3})
             store.addRow(u"tblOrphanFileNames"_s, {{u"RecordIdOrphan"_s, song}});
         ensureDuplicateQueries(store.db());
-        set.showAll();
+        set.ShowAllMenu_Click();
     }
 };
 
@@ -127,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Views, DisplayedIn, ::testing::ValuesIn(Views));
 TEST_F(DeletingDisplayed, StopsAtEveryNoAndWithoutABackupAndEndsTheSelectionThatItShowed)
 {
     mark(queen);
-    set.selectedOnly();
+    set.ShowSelectedOnlyMenu_Click();
     backupWorks = false;
     for (int yeses = 0; yeses < 3; ++yeses) {
         for (int i = 0; i < yeses; ++i)

@@ -33,7 +33,7 @@ protected:
         add(u"Waterloo"_s, u"Äbba"_s, u"4194304"_s, u"Waterloo"_s);
         for (int i = 0; i < 2; ++i)
             store.addSong(Song(u"Untitled"_s).with(u"FileSize"_s, u"1"_s).with(u"AlbumName"_s, u"A"_s));
-        set.showAll();
+        set.ShowAllMenu_Click();
     }
     void add(const S &name, const S &artist, const S &size, const S &album)
     {
@@ -74,8 +74,8 @@ TEST_F(Duplicates, ShowsTheGroupsOfEitherRule)
         EXPECT_FALSE(screen.isVisible(MainControl::lblFilterMsg));
         EXPECT_TRUE(enabled(false));
         screen.cmbSort_Click();
-        set.hideSelected();
-        set.removeMarks();
+        set.HideSelectedMenu_Click();
+        set.RemoveSelectionsMenu_Click();
         EXPECT_EQ(data().RecordSource(), query) << "nothing composes it anew";
         screen.ShowAllMenu_Click();
         EXPECT_TRUE(enabled(true));
@@ -126,7 +126,7 @@ TEST_F(Duplicates, StaysInTheViewWhenASongIsDeletedByHand)
 {
     ListCommands listCommands{set, screen, desktop};
     const auto deleteIn = [&](Command view, qint64 song) {
-        set.showAll();
+        set.ShowAllMenu_Click();
         (commands.*view)();
         ASSERT_TRUE(data().findRecord(song));
         desktop.willAnswer(Answer::Yes, u"Are you sure you want to delete this record?"_s);

@@ -28,7 +28,7 @@ protected:
         add(u"music/b/"_s, Big, QByteArray(300'000, 'i'));
         add(u"gone/"_s, u"lost.mp3"_s, {});
         QFile::remove(store.path(u"gone/lost.mp3"_s));
-        set.showAll();
+        set.ShowAllMenu_Click();
     }
     void add(const QString &folder, const QString &name, const QByteArray &sound)
     {

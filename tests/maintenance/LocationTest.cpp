@@ -30,7 +30,7 @@ protected:
         store.db().Execute(u"Delete * from tblPlayListDetail"_s);
         for (const QString &file : {u"/OLD/a/old.mp3"_s, u"/other/a.mp3"_s})
             store.addRow(u"tblPlayListDetail"_s, {{u"ListID"_s, 1}, {u"FileName"_s, file}});
-        set.showAll();
+        set.ShowAllMenu_Click();
     }
     QString folders()
     {
@@ -183,7 +183,7 @@ TEST_F(InvalidFiles, ShowsSongsWhoseFileIsGoneOrUnnamed)
     EXPECT_EQ(backups, 0);
 
     store.db().Execute(u"Delete * from tblContacts Where SongName > 'song 0001'"_s);
-    set.showAll();
+    set.ShowAllMenu_Click();
     desktop.willSee(u"No records with invalid path/file names exist."_s);
     many.mnuFindInvalidFilenames_Click();
     EXPECT_EQ(rows(), 2);

@@ -30,7 +30,7 @@ protected:
             store.addSong(
                 Song(u"Song %1"_s.arg(number)).file(u"/%1/"_s.arg(number), u"a.mp3"_s).with(field, value));
         }
-        set.showAll();
+        set.ShowAllMenu_Click();
         store.db().endChange();
     }
     QString values(const QString &field)

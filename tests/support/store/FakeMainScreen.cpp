@@ -21,13 +21,6 @@ FakeMainScreen::~FakeMainScreen()
     m_set->setScreen(nullptr);
 }
 
-void FakeMainScreen::set_lblCategory(const QString &caption)
-{
-    m_lblCategory = caption;
-    if (caption.startsWith("Records containing"_L1) || caption.startsWith("Showing"_L1))
-        setEnabled(MainControl::cmdAdd, false);
-}
-
 void FakeMainScreen::set_cmbSort(const QString &label)
 {
     m_cmbSort = label;
@@ -50,7 +43,7 @@ void FakeMainScreen::ShowAllMenu_Click()
 {
     ++showAlls;
     if (m_set != nullptr)
-        m_set->showAll();
+        m_set->ShowAllMenu_Click();
 }
 
 } // namespace quaverly::test

@@ -4,14 +4,13 @@
 #include "songlist/DisplayedSet.h"
 #include "songlist/MainScreen.h"
 
-#include <QMap>
 #include <QPoint>
 
 namespace quaverly::test {
 
 /**
  * A main screen without widgets. It keeps what it is told and does what the real one does on its own:
- * the sort box sorts, the two sort buttons exchange the principal columns, and the artist button
+ * the sort box sorts, the two sort buttons exchange the principal columns, and the look
  * follows the current row. Without a displayed set it only keeps and counts.
  */
 class FakeMainScreen : public MainScreen, public DataListener
@@ -22,8 +21,11 @@ public:
     FakeMainScreen(const FakeMainScreen &) = delete;
     FakeMainScreen &operator=(const FakeMainScreen &) = delete;
 
-    /** Controls are enabled and visible until told otherwise. */
-    [[nodiscard]] bool isEnabled(MainControl control) const { return m_enabled.value(control, true); }
+    [[nodiscard]] bool isEnabled(MainControl control) const { return m_look.enabled.testFlag(control); }
+    [[nodiscard]] bool isVisible(MainControl control) const { return m_look.shown.testFlag(control); }
+    [[nodiscard]] QString lblCategory() const { return m_look.lblCategory; }
+    [[nodiscard]] QString lblFilterMsg() const { return m_look.lblFilterMsg; }
+    [[nodiscard]] QString cmdShowArtistSongs() const { return m_look.cmdShowArtistSongs; }
 
     QList<QPoint> scrolls;
     int row = 0;
@@ -33,19 +35,7 @@ public:
     int pics3Unloads = 0;
     int playFormUnloads = 0;
 
-    void setEnabled(MainControl control, bool enabled) override { m_enabled[control] = enabled; }
-    void setVisible(MainControl control, bool visible) override { m_visible[control] = visible; }
-    [[nodiscard]] bool isVisible(MainControl control) const override
-    {
-        return m_visible.value(control, true);
-    }
-    void set_lblCategory(const QString &caption) override;
-    [[nodiscard]] QString lblCategory() const override { return m_lblCategory; }
-    void set_lblFilterMsg(const QString &caption) override { m_lblFilterMsg = caption; }
-    [[nodiscard]] QString lblFilterMsg() const override { return m_lblFilterMsg; }
-    void set_lblSelectedCount(const QString & /*caption*/) override {}
-    void set_cmdShowArtistSongs(const QString &caption) override { m_cmdShowArtistSongs = caption; }
-    [[nodiscard]] QString cmdShowArtistSongs() const override { return m_cmdShowArtistSongs; }
+    void show(const MainLook &look) override { m_look = look; }
     void set_txtLocate(const QString & /*text*/) override {}
     void set_txtName(const QString & /*text*/) override {}
     [[nodiscard]] QString cmbSort() const override { return m_cmbSort; }
@@ -65,15 +55,11 @@ public:
     void unloadPlayForm() override { ++playFormUnloads; }
 
     void setRebuilt() override { rowChanged(); }
-    void rowChanged() override { m_set->showArtistButton(); }
+    void rowChanged() override { m_set->showLook(); }
 
 private:
     DisplayedSet *m_set;
-    QMap<MainControl, bool> m_enabled;
-    QMap<MainControl, bool> m_visible;
-    QString m_lblCategory;
-    QString m_lblFilterMsg;
-    QString m_cmdShowArtistSongs;
+    MainLook m_look;
     QString m_cmbSort;
     QString m_firstColumn = QStringLiteral("SongName");
 };
