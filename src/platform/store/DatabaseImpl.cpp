@@ -10,8 +10,6 @@
 #include <QRegularExpression>
 #include <QScopeGuard>
 
-#include <algorithm>
-#include <sqlite3.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -96,12 +94,6 @@ bool isInPresentOrder(Connection &connection)
     return metaValue(connection, MetaCollation) == collationVersion();
 }
 
-QString indexNameOf(const QString &statement)
-{
-    const qsizetype start = statement.indexOf(u'"') + 1;
-    return statement.mid(start, statement.indexOf(u'"', start) - start);
-}
-
 void createTables(Connection &connection, const Schema &schema, bool withIndexes)
 {
     WriteTransaction transaction(connection);
@@ -127,13 +119,14 @@ DatabaseImpl::DatabaseImpl(const QString &path, const Schema &schema, Workspace 
 {
     const auto mode = m_file.writable ? Connection::Mode::ReadWrite : Connection::Mode::ReadOnly;
     m_connection = std::make_unique<Connection>(locationOf(m_file), mode);
+    m_tuning.emplace(*m_connection, schema);
     m_inode = inodeOf(path);
     prepareConnection();
     checkPassword(password);
     if (m_file.writable) {
         migrate();
         refreshCollation();
-        buildMissingIndexes();
+        m_tuning->buildMissingIndexes();
         m_changeLog = std::make_unique<ChangeLog>(*m_connection, schema);
     }
     loadNames();
@@ -238,30 +231,6 @@ void DatabaseImpl::refreshCollation()
     m_connection->execute("REINDEX DAO");
     setMetaValue(*m_connection, MetaCollation, collationVersion());
     transaction.commit();
-}
-
-QByteArray DatabaseImpl::nextMissingIndex()
-{
-    QStringList present;
-    Statement names = m_connection->prepare("SELECT name FROM sqlite_schema WHERE type = 'index'");
-    while (names.step())
-        present.append(names.text(0));
-    const auto missing = std::ranges::find_if(m_schema.indexes, [&](const QString &statement) {
-        return !present.contains(indexNameOf(statement));
-    });
-    return missing == m_schema.indexes.end() ? QByteArray() : missing->toUtf8();
-}
-
-void DatabaseImpl::buildMissingIndexes()
-{
-    try {
-        for (QByteArray index = nextMissingIndex(); !index.isEmpty(); index = nextMissingIndex())
-            m_connection->execute(index);
-    } catch (const DaoError &error) {
-        // They only make things fast; with a full disk the songs can be looked at all the same.
-        if (error.number != DiskFull)
-            throw;
-    }
 }
 
 void DatabaseImpl::loadNames()
@@ -435,19 +404,7 @@ void DatabaseImpl::startBulk(const QString &table)
     commitPhysically();
     m_walks.finish();
     assertWritable();
-    m_connection->execute("PRAGMA synchronous = NORMAL; PRAGMA wal_autocheckpoint = 20000");
-    const TableInfo *info = this->table(table);
-    if (info != nullptr &&
-        !m_connection->scalar("SELECT EXISTS (SELECT 1 FROM " + quotedName(info->name) + ")").toBool()) {
-        WriteTransaction transaction(*m_connection);
-        for (const QString &statement : m_schema.indexes) {
-            // Unique ones stay: they are what keeps a file from coming in twice.
-            if (indexNameOf(statement).startsWith(info->name + u'.') &&
-                !statement.startsWith("CREATE UNIQUE"_L1))
-                m_connection->execute("DROP INDEX IF EXISTS " + quotedName(indexNameOf(statement)));
-        }
-        transaction.commit();
-    }
+    m_tuning->prepare(this->table(table));
     if (m_changeLog)
         m_changeLog->noteAsRun(table);
     m_bulk.start();
@@ -456,11 +413,10 @@ void DatabaseImpl::startBulk(const QString &table)
 bool DatabaseImpl::bulkStep()
 {
     commitPhysically();
-    const QByteArray index = nextMissingIndex();
-    if (index.isEmpty())
+    if (!m_tuning->lacksIndexes())
         return false;
     m_walks.finish();
-    m_connection->execute(index);
+    m_tuning->buildNextIndex();
     return true;
 }
 
@@ -471,8 +427,7 @@ void DatabaseImpl::endBulk()
     m_bulk.stop();
     // A disk that has no room for an index must not leave the commits of a whole run less durable.
     const auto durable = qScopeGuard([this] {
-        sqlite3_exec(m_connection->handle(), "PRAGMA synchronous = FULL; PRAGMA wal_autocheckpoint = 1000",
-                     nullptr, nullptr, nullptr);
+        m_tuning->makeDurable();
         if (m_changeLog)
             m_changeLog->noteAsRun({});
     });

@@ -7,6 +7,7 @@
 #include "platform/store/Dao.h"
 #include "platform/store/GatheredCommits.h"
 #include "platform/store/KeyWalk.h"
+#include "platform/store/LoadTuning.h"
 #include "platform/store/Scope.h"
 #include "platform/store/Sqlite.h"
 
@@ -78,7 +79,7 @@ public:
     void startBulk(const QString &table);
     bool bulkStep();
     void endBulk();
-    [[nodiscard]] bool lacksIndexes() { return !nextMissingIndex().isEmpty(); }
+    [[nodiscard]] bool lacksIndexes() { return m_tuning->lacksIndexes(); }
 
     /** Puts everything on the disk and leaves nothing beside the file. @throws DaoError */
     void putInOneFile();
@@ -101,8 +102,6 @@ private:
     void migrate();
     void checkPassword(const QString &password);
     void refreshCollation();
-    [[nodiscard]] QByteArray nextMissingIndex();
-    void buildMissingIndexes();
     void loadNames();
     void assertPresent() const;
     void assertWritable() const;
@@ -114,6 +113,8 @@ private:
     CatalogueFile m_file;
     CloneSource m_cloneSource;
     std::unique_ptr<Connection> m_connection;
+    /** Made as soon as the connection is there. */
+    std::optional<LoadTuning> m_tuning;
     std::vector<Level> m_levels;
     OpenWalks m_walks;
     std::unique_ptr<ChangeLog> m_changeLog;
@@ -121,6 +122,7 @@ private:
     LoadedNames m_names;
     std::vector<std::weak_ptr<ProbeConnection>> m_probes;
     ChangeStamps m_stamps;
+    /** Whether a bulk load runs, and what it has pending. */
     GatheredCommits m_bulk;
 };
 
@@ -136,8 +138,5 @@ void setMetaValue(Connection &connection, const QString &name, const QString &va
 
 /** Makes the store's own tables and the schema's, in an empty file. */
 void createTables(Connection &connection, const Schema &schema, bool withIndexes);
-
-/** The name within an index statement of a schema. */
-[[nodiscard]] QString indexNameOf(const QString &statement);
 
 } // namespace dao
