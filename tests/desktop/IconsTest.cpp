@@ -7,7 +7,6 @@
 #include <QImage>
 #include <QPalette>
 #include <QSet>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 using namespace quaverly;
@@ -66,18 +65,6 @@ TEST_F(TheIcons, EachIsADrawingOfItsOwnInTheTextColour)
         seen.append(blue);
     }
     EXPECT_TRUE(icon(u"no such icon"_s).isNull());
-}
-
-TEST_F(TheIcons, OneOfAControlTakesTheControlsText)
-{
-    setTexts(Qt::black, Qt::gray);
-    QToolButton button;
-    button.setIcon(icon(u"add"_s, button));
-    QPalette own = button.palette();
-    own.setColor(QPalette::ButtonText, Qt::red);
-    button.setPalette(own);
-    EXPECT_EQ(inkOf(imageOf(button.icon())), QColor(Qt::red));
-    EXPECT_EQ(inkOf(imageOf(icon(u"add"_s))), QColor(Qt::black));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "songlist/LetterBar.h"
 #include "support/Files.h"
 
+#include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QMenu>
 #include <QScrollBar>
@@ -165,6 +166,8 @@ TEST_F(GridTest, AllOrdersOfTheSortBoxSortAndAreKept)
     addSongs(5);
     start();
     ASSERT_EQ(sortBox().count(), 26);
+    const QAbstractItemModelTester tester(grid().model(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
     for (int i = 0; i < sortBox().count(); ++i) {
         chooseSort(sortBox().itemText(i));
         EXPECT_EQ(grid().model()->rowCount(), 5) << sortBox().itemText(i).toStdString();

@@ -4,8 +4,6 @@
 #include "support/Files.h"
 #include "support/Limits.h"
 
-#include <QAbstractItemModelTester>
-
 using namespace Qt::StringLiterals;
 
 namespace quaverly::test {
@@ -56,36 +54,6 @@ TEST_F(ProgramTest, AFolderGoesInAndIsThereAfterARestart)
     EXPECT_FALSE(QFile::exists(path() + u"-wal"_s));
     start();
     EXPECT_EQ(column(1), sorted);
-}
-
-TEST_F(ProgramTest, TheGridFollowsKeysSortsAndTheArtistView)
-{
-    for (int i = 0; i < 30; ++i)
-        addFile(u"Abba/Arrival/%1.mp3"_s.arg(i), u"Song %1"_s.arg(i, 2, 10, QChar(u'0')),
-                i % 2 == 0 ? u"Abba"_s : u"Blur \"B\""_s);
-    start(true);
-    addFolder();
-    const QAbstractItemModelTester tester(grid().model(),
-                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
-
-    key(&grid(), Qt::Key_Down);
-    EXPECT_TRUE(description().startsWith(u"Song 01\nBlur"_s));
-    click(screen(), u"cmdShowArtistSongs"_s);
-    EXPECT_EQ(grid().model()->rowCount(), 15);
-    EXPECT_EQ(screen().firstColumnField(), u"Artist"_s);
-    EXPECT_EQ(shownText(u"cmdShowArtistSongs"_s), u"Return from artist filter"_s);
-    click(screen(), u"cmdShowArtistSongs"_s);
-    EXPECT_EQ(grid().model()->rowCount(), 30);
-    EXPECT_EQ(screen().firstColumnField(), u"SongName"_s);
-    EXPECT_TRUE(description().startsWith(u"Song 01\n"_s));
-
-    click(screen(), u"cmdSortArtist"_s);
-    EXPECT_EQ(child<QComboBox>(screen(), u"cmbSort"_s)->currentText(), u"Artist"_s);
-    EXPECT_EQ(cell(0, 1), u"Abba"_s);
-    EXPECT_EQ(cell(29, 1), u"Blur \"B\""_s);
-
-    m_desktop.willSee(u"There are 30 songs displayed in the current list."_s);
-    chooseMenu(screen(), u"DisplayRecCntMenu"_s);
 }
 
 TEST_F(ProgramTest, AScanThatFillsTheDiskTellsTheTruthAndIsTakenUpWhenThereIsRoom)

@@ -204,33 +204,6 @@ TEST_F(SongList, AnOlderCatalogueIsSearchedAsItStandsAndGetsItsNewFieldOnceItCan
     load();
 }
 
-TEST_F(SongList, MarksAreCountedAndShown)
-{
-    set.ShowSelectedOnlyMenu_Click();
-    set.HideSelectedMenu_Click();
-    EXPECT_EQ(rows(), 7);
-    mark(sos);
-    mark(imagine);
-    mark(imagine);
-    EXPECT_EQ(set.SelectedCount(), 1);
-    EXPECT_TRUE(screen.isVisible(MainControl::cmdShowSelected));
-    set.HideSelectedMenu_Click();
-    EXPECT_EQ(rows(), 6);
-    EXPECT_EQ(set.texts().ListSelectionClause, u" Where Selected < 'x' "_s);
-    EXPECT_EQ(screen.lblFilterMsg(), u"Hiding selected records."_s);
-    set.ShowAllMenu_Click();
-    set.ShowSelectedOnlyMenu_Click();
-    EXPECT_EQ(names(), QStringList(u"SOS"_s));
-    set.RemoveSelectionsMenu_Click();
-    EXPECT_EQ(rows(), 7);
-    EXPECT_FALSE(screen.isVisible(MainControl::lblFilterMsg));
-    EXPECT_FALSE(screen.isVisible(MainControl::cmdShowSelected));
-    EXPECT_TRUE(screen.isEnabled(MainControl::cmdAdd));
-    store.reopen();
-    EXPECT_EQ(store.valueOf(u"Select count(*) from tblContacts Where Selected = 'x'"_s).toInt(), 0);
-    data().Close();
-}
-
 TEST_F(SongList, APlayListTakesEverySortAndTheMarkModesAndIsNotShownWithoutSongs)
 {
     const qint64 empty = store.addPlayList(u"By hand"_s);
@@ -269,29 +242,6 @@ TEST_F(SongList, InvalidFilesStayWithinTheCategory)
     EXPECT_EQ(names(), QStringList(u"Dancing Queen"_s));
     screen.set_cmbSort(u"Artist"_s);
     EXPECT_EQ(rows(), 1);
-}
-
-TEST_F(SongList, ADuplicateViewIsLeftByShowAllOnly)
-{
-    ensureDuplicateQueries(store.db());
-    EXPECT_FALSE(set.duplicateView(u"qryDuplicateSongs"_s));
-    set.ShowAllMenu_Click();
-    for (int copy = 0; copy < 2; ++copy)
-        store.addSong(Song(u"Twin"_s, u"Both"_s).with(u"FileSize"_s, u"1 MB"_s));
-    mark(sos);
-    EXPECT_TRUE(set.duplicateView(u"qryDuplicateSongs"_s));
-    EXPECT_TRUE(set.isDuplicateView());
-    EXPECT_EQ(rows(), 2);
-    set.toggleMark();
-    set.HideSelectedMenu_Click();
-    set.RemoveSelectionsMenu_Click();
-    screen.set_cmbSort(u"Year"_s);
-    EXPECT_EQ(data().RecordSource(), u"qryDuplicateSongs"_s);
-    EXPECT_EQ(set.SelectedCount(), 1);
-    EXPECT_EQ(set.recordCountMessage(), u"There are 2 songs displayed in the current list."_s);
-    set.ShowAllMenu_Click();
-    EXPECT_FALSE(set.isDuplicateView());
-    EXPECT_EQ(rows(), 9);
 }
 
 TEST_F(SongList, RecordCountSumsWhatIsDisplayed)
