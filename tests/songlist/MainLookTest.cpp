@@ -58,6 +58,7 @@ TEST(MainLook, FollowsFromWhatTheListShowsAndShowedBefore)
         {{Artist, PlayList}, {}, u"PlayList:x"_s, songs, cmdAdd},
         {{Category, PlayList}, {}, u"PlayList:x"_s},
         {{Category, InvalidFiles}, {}, invalid, songs, cmdAdd},
+        {{Findings}, {}, u"x"_s, songs, cmdAdd},
         {{Category, SelectedOnly}, {}, selected, songs, cmdAdd},
         {{Category, HidingSelected}, u"Jazz"_s, hiding},
         {{Find, HidingSelected}, {}, hiding, songs, cmdAdd},
