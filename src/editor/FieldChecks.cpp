@@ -231,6 +231,8 @@ QString renamedFile(const QString &typed, const QString &fileName)
         return answer + u".flac"_s;
     if (longer.startsWith(u'.'))
         return answer + longer;
+    if (const QString shorter = fileName.right(Ending - 1); shorter.startsWith(u'.'))
+        return answer.endsWith(shorter) ? answer : answer + shorter;
     // A name without an ending lends none.
     return fileName.right(Ending).startsWith(u'.') ? answer + fileName.right(Ending) : answer;
 }

@@ -11,19 +11,10 @@ namespace quaverly {
 
 namespace {
 
-/** The extension that a name ends in; "flac" needs no dot. Empty when it isn't one of music. */
-QString extensionOf(const QString &name)
-{
-    const shell::MusicKind *const kind = shell::musicKindByTail(name);
-    return kind == nullptr ? QString() : u'.' + kind->extension;
-}
-
 QString extensionOfType(const QString &typeText, const QString &pathWithoutExtension)
 {
-    for (const shell::TypeTextPart &type : shell::typeTextParts()) {
-        if (typeText.contains(type.holds, Qt::CaseInsensitive))
-            return type.extension;
-    }
+    if (const QString ending = shell::endingOfType(typeText); !ending.isEmpty())
+        return ending;
     for (const QString &plain : {u"aac"_s, u"flac"_s}) {
         if (typeText.contains(plain, Qt::CaseInsensitive))
             return u'.' + plain;
@@ -47,8 +38,8 @@ bool isFolderItem(const shell::Item &item)
 std::optional<MusicItem> musicItemOf(const shell::Item &item, const QString &folder, bool ExtensionsHidden)
 {
     QString name = item.name();
-    QString extension =
-        ExtensionsHidden ? extensionOfType(item.detail(shell::TypeColumn), folder + name) : extensionOf(name);
+    QString extension = ExtensionsHidden ? extensionOfType(item.detail(shell::TypeColumn), folder + name)
+                                         : shell::musicEnding(name);
     if (extension.isEmpty())
         return std::nullopt;
     if (ExtensionsHidden)

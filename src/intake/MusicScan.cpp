@@ -2,6 +2,7 @@
 #include "intake/MusicScan.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/KindsTaken.h"
 #include "catalogue/MusicFolders.h"
 #include "catalogue/SongFields.h"
 #include "desktop/Desktop.h"
@@ -54,6 +55,7 @@ void MusicScan::run()
 {
     m_extensionsHidden = m_parts.shell.hideFileExt();
     m_reader.emplace(m_parts.shell.versionMajor(), m_report);
+    m_kindsLeftOut = kindsLeftOut(m_parts.services.optionsStore);
     m_startSeconds = wholeSeconds(m_parts.clock);
     m_songs.open();
     m_songs.describe(m_driveScan         ? u"Add all music files"_s
@@ -188,8 +190,10 @@ void MusicScan::loadItem(const shell::Item &item, const QString &folder)
     if (isFolderItem(item))
         return;
     const std::optional<MusicItem> music = musicItemOf(item, folder, m_extensionsHidden);
-    if (!music)
+    if (!music || !isTaken(*music)) {
+        m_others.count(item.name());
         return;
+    }
     if (!m_files.isEmpty()) {
         m_screen.setCaption(u"Add One Music File"_s);
         // The walk goes on below the file's folder, and a file of that very name is added there too.
@@ -215,6 +219,12 @@ void MusicScan::loadItem(const shell::Item &item, const QString &folder)
     m_song.write(u"DateUpdated"_s, now);
     m_song.write(u"DateAdded"_s, now);
     m_songs.add(m_song, folder + music->FileName, item.stamp());
+}
+
+/** A file that was chosen by its name is wanted whatever its kind. */
+bool MusicScan::isTaken(const MusicItem &music) const
+{
+    return !m_files.isEmpty() || !m_kindsLeftOut.contains(music.Extension.sliced(1));
 }
 
 void MusicScan::settle()
@@ -265,8 +275,10 @@ void MusicScan::showStatistics()
     if (elapsed < 0)
         elapsed += SecondsPerDay;
     const QString passedOver = passedOverSentence(m_report);
-    tell(doneText({m_songs.added(), m_songsSkipped, elapsed}, passedOver), u"Done"_s, Icon::None,
-         !passedOver.isEmpty());
+    QStringList sentences{passedOver, m_files.isEmpty() ? m_others.sentence() : QString()};
+    sentences.removeAll(QString());
+    tell(doneText({m_songs.added(), m_songsSkipped, elapsed}, sentences.join(u"\r\n\r\n"_s)), u"Done"_s,
+         Icon::None, !passedOver.isEmpty());
 }
 
 void MusicScan::tellDiskFull()

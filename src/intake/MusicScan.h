@@ -5,6 +5,7 @@
 #include "intake/MusicItem.h"
 #include "intake/MusicLoader.h"
 #include "intake/NewSong.h"
+#include "intake/OtherKinds.h"
 #include "intake/ScanCatalogue.h"
 #include "intake/ScanReport.h"
 #include "intake/SongReader.h"
@@ -36,6 +37,7 @@ private:
     [[nodiscard]] Outcome loadFolder(const QString &folder);
     [[nodiscard]] Outcome loadItems(shell::Folder &items, const QString &folder);
     void loadItem(const shell::Item &item, const QString &folder);
+    [[nodiscard]] bool isTaken(const MusicItem &music) const;
     void passOverFolder(const QString &folder);
 
     void showSongsAdded();
@@ -68,6 +70,8 @@ private:
     qint64 m_filesTotal = 0;
     int m_filesRead = 0;
     int m_songsSkipped = 0;
+    QStringList m_kindsLeftOut;
+    OtherKinds m_others;
 };
 
 } // namespace quaverly

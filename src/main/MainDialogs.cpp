@@ -4,6 +4,7 @@
 #include "catalogue/CatalogueCommands.h"
 #include "catalogue/frmDatabaseLocation.h"
 #include "catalogue/frmFontForm.h"
+#include "catalogue/frmMusicKinds.h"
 #include "catalogue/frmPassword.h"
 #include "catalogue/frmRestoreBackup.h"
 #include "desktop/About.h"
@@ -48,6 +49,13 @@ void MainDialogs::mnuPassword_Click()
 {
     const PasswordChange change(m_session.desktop(), m_session.catalogue());
     (new frmPassword(m_session.desktop(), change, m_session.options().TabletActive, &m_owner))->showModally();
+}
+
+void MainDialogs::mnuOptionMusicKinds_Click()
+{
+    (new frmMusicKinds(m_session.desktop(), m_session.optionsStore(), m_session.options().TabletActive,
+                       &m_owner))
+        ->showModally();
 }
 
 void MainDialogs::mnuRestoreBackup_Click()

@@ -26,6 +26,7 @@ public:
     void mnuFileFont_Click();
     void DataBaseLocation_Click();
     void mnuPassword_Click();
+    void mnuOptionMusicKinds_Click();
     void mnuRestoreBackup_Click();
     void OphanedPictures_Click();
     void EmptyDeletedPicturesFolder_Click();

@@ -61,6 +61,7 @@ void wireDialogs(const MenuWiring &wiring, const MenuTargets &to)
          {to.ui.mnuFileFont, call(dialogs, &MainDialogs::mnuFileFont_Click)},
          {to.ui.DataBaseLocation, call(dialogs, &MainDialogs::DataBaseLocation_Click)},
          {to.ui.mnuPassword, call(dialogs, &MainDialogs::mnuPassword_Click)},
+         {to.ui.mnuOptionMusicKinds, call(dialogs, &MainDialogs::mnuOptionMusicKinds_Click)},
          {to.ui.mnuRestoreBackup, call(dialogs, &MainDialogs::mnuRestoreBackup_Click)},
          {to.ui.OphanedPictures, call(dialogs, &MainDialogs::OphanedPictures_Click)},
          {to.ui.EmptyDeletedPicturesFolder, call(dialogs, &MainDialogs::EmptyDeletedPicturesFolder_Click)},

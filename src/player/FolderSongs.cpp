@@ -23,22 +23,13 @@ namespace {
 constexpr qsizetype LongestText = 255;
 
 /** Looked for behind what all look for. */
-constexpr std::array MoreTypeTexts{
-    shell::TypeTextPart{"flac file"_L1, ".flac"_L1},
-    shell::TypeTextPart{"video"_L1, ".m4a"_L1},
-};
+constexpr std::array MoreTypeTexts{std::pair{"flac file"_L1, ".flac"_L1}, std::pair{"video"_L1, ".m4a"_L1}};
 
-/** Last four characters in lower case, those of FLAC files with the dot in front. */
-QString extensionOf(const QString &name)
+/** Of a file that the player takes from a single folder; empty for any other. */
+QString endingOf(const QString &name)
 {
-    const QString tail = name.right(4).toLower();
-    return tail == "flac"_L1 ? u".flac"_s : tail;
-}
-
-bool isMusic(const QString &extension)
-{
-    const shell::MusicKind *const kind = shell::musicKindOf(extension);
-    return kind != nullptr && kind->inPlayedFolder;
+    const shell::MusicKind *const kind = shell::musicKindByTail(name);
+    return kind != nullptr && kind->inPlayedFolder ? shell::musicEnding(name) : QString();
 }
 
 bool isMusicInWalk(const QString &name)
@@ -50,11 +41,11 @@ bool isMusicInWalk(const QString &name)
 /** The extension that the type text stands for; empty for none. */
 QString extensionOfType(const QString &typeText)
 {
-    for (const auto &parts : {shell::typeTextParts(), std::span<const shell::TypeTextPart>(MoreTypeTexts)}) {
-        for (const shell::TypeTextPart &part : parts) {
-            if (typeText.contains(part.holds, Qt::CaseInsensitive))
-                return part.extension;
-        }
+    if (const QString ending = shell::endingOfType(typeText); !ending.isEmpty())
+        return ending;
+    for (const auto &[holds, ending] : MoreTypeTexts) {
+        if (typeText.contains(holds, Qt::CaseInsensitive))
+            return ending;
     }
     return {};
 }
@@ -97,15 +88,16 @@ QString fileNameOfItem(const shell::Item &item, FileNames &files)
     if (item.detail(shell::AttributesColumn).contains(u'd', Qt::CaseInsensitive))
         return {};
     QString name = item.name();
-    const QString extension = extensionOf(name);
-    if (isMusic(extension))
+    if (!endingOf(name).isEmpty())
         return name;
-    if (extension.startsWith(u'.'))
+    constexpr qsizetype ending = 4;
+    if (name.right(ending).startsWith(u'.'))
         return {};
     if (const QString known = extensionOfType(item.detail(shell::TypeColumn)); !known.isEmpty())
         return name + known;
     const QString found = files.withAnyExtension(name);
-    return isMusic(extensionOf(found)) ? name + extensionOf(found) : QString();
+    const QString ofFound = endingOf(found);
+    return ofFound.isEmpty() ? QString() : name + ofFound;
 }
 
 void addSong(const shell::Item &item, const QString &folder, const QString &name, int versionMajor,
@@ -128,7 +120,7 @@ void addSong(const shell::Item &item, const QString &folder, const QString &name
 } // namespace
 
 void addFolderSongs(shell::Shell &shell, const QString &folder, FolderRules rules, int versionMajor,
-                    SongQueue &songs)
+                    const QStringList &leftOut, SongQueue &songs)
 {
     const auto items = shell.NameSpace(folder);
     if (!items)
@@ -136,10 +128,11 @@ void addFolderSongs(shell::Shell &shell, const QString &folder, FolderRules rule
     FileNames files(shell, folder);
     for (qsizetype i = 0; i < items->count(); ++i) {
         const shell::Item &item = items->item(i);
-        if (rules == FolderRules::OneFolder)
-            addSong(item, folder, fileNameOfItem(item, files), versionMajor, songs);
-        else if (isMusicInWalk(item.name()))
-            addSong(item, folder, item.name(), versionMajor, songs);
+        const bool oneFolder = rules == FolderRules::OneFolder;
+        const QString name = oneFolder ? fileNameOfItem(item, files) : item.name();
+        const bool isMusic = oneFolder ? !name.isEmpty() : isMusicInWalk(name);
+        if (isMusic && !leftOut.contains(shell::musicEnding(name).sliced(1)))
+            addSong(item, folder, name, versionMajor, songs);
     }
 }
 

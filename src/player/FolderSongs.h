@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 namespace shell {
 class Shell;
@@ -21,9 +21,10 @@ enum class FolderRules {
 
 /**
  * Adds the music files of a folder, which ends in the separator, in the shell's order: title and artist as
- * the files tell them, by the columns of @p versionMajor.
+ * the files tell them, by the columns of @p versionMajor. Not those with one of the endings, without their
+ * dots, in @p leftOut.
  */
 void addFolderSongs(shell::Shell &shell, const QString &folder, FolderRules rules, int versionMajor,
-                    SongQueue &songs);
+                    const QStringList &leftOut, SongQueue &songs);
 
 } // namespace quaverly

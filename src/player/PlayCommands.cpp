@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/PlayCommands.h"
 
+#include "catalogue/KindsTaken.h"
 #include "catalogue/Options.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
@@ -254,7 +255,8 @@ void PlayCommands::playFolderAndSubfolders()
 void PlayCommands::addFolder(const QString &folder, FolderRules rules, SongQueue &songs)
 {
     addFolderSongs(m_parts.shell, EnsureBackslash(folder), rules,
-                   m_parts.services.options.WindowsVersionMajor, songs);
+                   m_parts.services.options.WindowsVersionMajor, kindsLeftOut(m_parts.services.optionsStore),
+                   songs);
 }
 
 void PlayCommands::tellNoSongsInFolder()

@@ -23,7 +23,8 @@ QByteArrayList seeds()
                            1976,     3,         12,           128};
     samples::SampleMaker maker;
     QByteArrayList made;
-    for (const char16_t *type : {u"mp3", u"m4a", u"wma", u"wav", u"aac", u"ogg", u"flac", u"mp4"})
+    for (const char16_t *type :
+         {u"mp3", u"m4a", u"wma", u"wav", u"aac", u"ogg", u"flac", u"mp4", u"opus", u"aiff", u"wv"})
         made.append(maker.song(QString::fromUtf16(type), tags));
     return made;
 }

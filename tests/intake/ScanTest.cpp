@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/KindsTaken.h"
 #include "intake/GatherFolders.h"
 #include "intake/IntakeFixture.h"
 #include "samples/SampleMaker.h"
@@ -81,6 +82,23 @@ TEST_F(IntakeTest, TakesWhatTheWholeFileTellsBesideItsHead)
             EXPECT_EQ(stored(u"Disc"_s, name).toString(), six ? u"2"_s : QString());
         }
     }
+}
+
+TEST_F(IntakeTest, SaysWhatItPassesByAndLeavesOutKindsWithoutATick)
+{
+    keepKindsLeftOut(m_store.optionsStore(), {u"wv"_s});
+    for (const QString &type : {u"opus"_s, u"aiff"_s, u"wv"_s, u"mp2"_s}) {
+        samples::SongTags tags;
+        tags.title = type;
+        write(u"song."_s + type, samples::SampleMaker().song(type, tags));
+    }
+    writeAll({u"a.wmv", u"b.WMV", u"c.mid", u"cover.jpg", u"LICENCE", u".hidden"}, "x");
+    EXPECT_TRUE(scan().contains(u"\r\n\r\n4 files of other kinds: 2 .wmv, 1 .mid, 1 .wv.\r\n\r\n"_s));
+    EXPECT_EQ(stored(u"SongName"_s), u"aiff|mp2|opus"_s);
+    EXPECT_EQ(stored(u"FileType"_s), u"AIFF|MP2|OPUS"_s);
+    EXPECT_TRUE(stored(u"Duration"_s, u"song.opus"_s).toString() == u"00:00:01"_s);
+    keepKindsLeftOut(m_store.optionsStore(), {});
+    EXPECT_TRUE(scan().contains(u"added to database: 1\r"_s));
 }
 
 TEST_F(IntakeTest, OtherSystemsReadAtomsAndOldColumnsOrFindTheExtensionByTheTypeText)

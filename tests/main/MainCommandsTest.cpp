@@ -3,11 +3,14 @@
 #include "main/ProgramFixture.h"
 
 #include "catalogue/CatalogueSchema.h"
+#include "catalogue/KindsTaken.h"
 #include "support/Files.h"
 #include "support/Limits.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
+#include <QListWidget>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -148,12 +151,16 @@ TEST_F(MainCommandsTest, OptionsStayForTheNextRun)
     m_desktop.willAnswer(Answer::Yes);
     chooseMenu(screen(), u"mnuOptionFileRename"_s);
     chooseMenu(screen(), u"mnuOptionWindowSize"_s);
+    chooseMenu(screen(), u"mnuOptionMusicKinds"_s);
+    child<QListWidget>(screen(), u"lstKinds"_s)->item(2)->setCheckState(Qt::Unchecked);
+    click(*child<QDialog>(screen(), u"frmMusicKinds"_s), u"cmdOK"_s);
     close();
     start(true);
     EXPECT_TRUE(child<QAction>(screen(), u"DesktopMode"_s)->isEnabled());
     EXPECT_EQ(screen().BackColor(), 0x112233U);
     EXPECT_EQ(screen().mnuOptionFileRename(), u"Allow files to be renamed or moved"_s);
     EXPECT_EQ(screen().mnuOptionWindowSize(), u"Do not remember window size between sessions"_s);
+    EXPECT_EQ(kindsLeftOut(m_store), QStringList(u"wma"_s));
     m_desktop.willSee(u"All warning messages will now appear."_s);
     for (const auto *back : {u"DesktopMode", u"RestoreColor", u"mnuOptionFileRename", u"mnuOptionWindowSize",
                              u"mnuOptionsWarningMessagesReset"})

@@ -3,15 +3,18 @@
 
 #include "samples/Silence.h"
 
+#include <taglib/aifffile.h>
 #include <taglib/asffile.h>
 #include <taglib/flacfile.h>
 #include <taglib/id3v2framefactory.h>
 #include <taglib/mp4file.h>
 #include <taglib/mpegfile.h>
+#include <taglib/opusfile.h>
 #include <taglib/tbytevectorstream.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/vorbisfile.h>
 #include <taglib/wavfile.h>
+#include <taglib/wavpackfile.h>
 
 #include <QFile>
 
@@ -64,11 +67,11 @@ template <typename File> void saveWith(File &&file, const TagLib::PropertyMap &m
 void writeTags(TagLib::IOStream &stream, const QString &extension, const TagLib::PropertyMap &map)
 {
     constexpr bool noProperties = false;
-    if (extension == "mp3"_L1 || extension == "aac"_L1) {
+    if (extension == "mp3"_L1 || extension == "mp2"_L1 || extension == "aac"_L1) {
         TagLib::MPEG::File file(&stream, TagLib::ID3v2::FrameFactory::instance(), noProperties);
         file.setProperties(map);
         file.save(TagLib::MPEG::File::ID3v2);
-    } else if (extension == "m4a"_L1 || extension == "mp4"_L1) {
+    } else if (extension == "m4a"_L1 || extension == "m4b"_L1 || extension == "mp4"_L1) {
         saveWith(TagLib::MP4::File(&stream, noProperties), map);
     } else if (extension == "wma"_L1) {
         saveWith(TagLib::ASF::File(&stream, noProperties), map);
@@ -76,6 +79,12 @@ void writeTags(TagLib::IOStream &stream, const QString &extension, const TagLib:
         saveWith(TagLib::RIFF::WAV::File(&stream, noProperties), map);
     } else if (extension == "flac"_L1) {
         saveWith(TagLib::FLAC::File(&stream, TagLib::ID3v2::FrameFactory::instance(), noProperties), map);
+    } else if (extension == "aiff"_L1 || extension == "aif"_L1) {
+        saveWith(TagLib::RIFF::AIFF::File(&stream, noProperties), map);
+    } else if (extension == "opus"_L1) {
+        saveWith(TagLib::Ogg::Opus::File(&stream, noProperties), map);
+    } else if (extension == "wv"_L1) {
+        saveWith(TagLib::WavPack::File(&stream, noProperties), map);
     } else {
         saveWith(TagLib::Vorbis::File(&stream, noProperties), map);
     }

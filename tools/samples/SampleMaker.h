@@ -20,7 +20,7 @@ struct SongTags
     int track = 0;
     int tracks = 0;
     int beats = 0;
-    /** Length of .mp3, .wav and .aac; songs of the other types last a second. */
+    /** Length of .mp3, .mp2, .wav, .aiff and .aac; songs of the other types last a second. */
     int seconds = 1;
     QString albumArtist = {};
     int disc = 0;
@@ -32,7 +32,7 @@ class SampleMaker final
 public:
     /**
      * The bytes of a small, playable sound file with these tags.
-     * @param extension one of the eight types without its dot, in any case
+     * @param extension "mp3", "flac" or another of the kinds with a writer, without its dot, in any case
      * @throws std::invalid_argument for another type
      */
     [[nodiscard]] QByteArray song(const QString &extension, const SongTags &tags);

@@ -54,6 +54,19 @@ QByteArray wavSilence(int seconds)
            "data" + number(length) + QByteArray(static_cast<qsizetype>(length), '\x80');
 }
 
+QByteArray aiffSilence(int seconds)
+{
+    // 8 kHz, 8 bits, mono; the rate is a number of 80 bits.
+    const quint32 length = static_cast<quint32>(seconds) * 8'000;
+    const auto number = [](auto value) {
+        const auto big = qToBigEndian(value);
+        return QByteArray(reinterpret_cast<const char *>(&big), sizeof big);
+    };
+    return QByteArray("FORM") + number(46 + length) + "AIFFCOMM" + number(quint32(18)) + number(quint16(1)) +
+           number(length) + number(quint16(8)) + QByteArray("\x40\x0B\xFA\0\0\0\0\0\0\0", 10) + "SSND" +
+           number(8 + length) + QByteArray(static_cast<qsizetype>(8 + length), '\0');
+}
+
 QByteArray fromTemplate(QStringView extension)
 {
     initResources();
@@ -69,8 +82,16 @@ QByteArray silence(QStringView extension, int seconds)
 {
     if (extension == "mp3"_L1)
         return mp3Silence(seconds);
+    if (extension == "mp2"_L1)
+        return mp3Silence(seconds).replace("\xFF\xFB", "\xFF\xFD");
     if (extension == "aac"_L1)
         return aacSilence(seconds);
+    if (extension == "aiff"_L1 || extension == "aif"_L1)
+        return aiffSilence(seconds);
+    if (extension == "m4b"_L1)
+        return fromTemplate(u"m4a");
+    if (extension == "oga"_L1)
+        return fromTemplate(u"ogg");
     if (extension == "wav"_L1)
         return wavSilence(seconds);
     return fromTemplate(extension);

@@ -4,6 +4,8 @@
 
 #include <taglib/asffile.h>
 
+#include <QtEndian>
+
 using namespace Qt::StringLiterals;
 
 namespace shell {
@@ -30,10 +32,37 @@ QString valueText(const TagLib::ASF::Attribute &attribute)
     return {};
 }
 
+/**
+ * Writers keep the first of several values in one list and the others in a second, within an extension that
+ * mostly stands in front: true when TagLib has read that one first.
+ */
+bool isExtensionFirst(SongStream &stream)
+{
+    constexpr qsizetype idLength = 16;
+    constexpr int mostObjects = 64;
+    const QByteArrayView extension("\xB5\x03\xBF\x5F\x2E\xA9\xCF\x11\x8E\xE3\x00\xC0\x0C\x20\x53\x65",
+                                   idLength);
+    const QByteArrayView first("\x40\xA4\xD0\xD2\x07\xE3\xD2\x11\x97\xF0\x00\xA0\xC9\x5E\xA8\x50", idLength);
+    qint64 at = 30;
+    for (int i = 0; i < mostObjects; ++i) {
+        const QByteArrayView head = stream.viewAt(at, idLength + 8);
+        const qint64 length =
+            head.size() < idLength + 8 ? 0 : qFromLittleEndian<qint64>(head.data() + idLength);
+        if (length < head.size() || head.startsWith(first) || length > stream.size() - at)
+            return false;
+        if (head.startsWith(extension))
+            return true;
+        at += length;
+    }
+    return false;
+}
+
 class Attributes
 {
 public:
-    explicit Attributes(const TagLib::ASF::Tag &tag) : m_map(tag.attributeListMap()) {}
+    Attributes(const TagLib::ASF::Tag &tag, bool isFirstLast)
+        : m_map(tag.attributeListMap()), m_isFirstLast(isFirstLast)
+    {}
 
     [[nodiscard]] QStringList values(const char *name) const
     {
@@ -43,6 +72,8 @@ public:
             return result;
         for (const TagLib::ASF::Attribute &attribute : found->second)
             result += valueText(attribute);
+        if (m_isFirstLast && result.size() > 1)
+            result.move(result.size() - 1, 0);
         return result;
     }
     [[nodiscard]] QString text(const char *name) const { return joined(values(name)); }
@@ -50,11 +81,12 @@ public:
 
 private:
     const TagLib::ASF::AttributeListMap &m_map;
+    bool m_isFirstLast;
 };
 
-void takeTags(const TagLib::ASF::Tag &tag, SongDetails &details)
+void takeTags(SongStream &stream, const TagLib::ASF::Tag &tag, SongDetails &details)
 {
-    const Attributes attributes(tag);
+    const Attributes attributes(tag, isExtensionFirst(stream));
     QStringList genreNames;
     for (const QString &genre : attributes.values("WM/Genre"))
         genreNames += genreName(genre);
@@ -85,7 +117,7 @@ void readAsf(SongStream &stream, SongDetails &details)
     const TagLib::ASF::File file(&stream);
     if (!file.isValid() || !file.tag())
         throw Unreadable(u"Not a Windows Media file"_s);
-    takeTags(*file.tag(), details);
+    takeTags(stream, *file.tag(), details);
     takeProperties(file.audioProperties(), details);
 }
 

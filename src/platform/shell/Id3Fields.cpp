@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/shell/Id3Fields.h"
 
+#include "platform/shell/Id3v2Repair.h"
 #include "platform/shell/SongReaders.h"
 #include "platform/shell/TagText.h"
 
 #include <taglib/commentsframe.h>
+#include <taglib/tbytevectorstream.h>
 #include <taglib/textidentificationframe.h>
 
 #include <algorithm>
@@ -21,16 +23,9 @@ constexpr int MostFrames = 5'000;
 constexpr qint64 MostTextBytes = 512 * 1024;
 constexpr qint64 LongestUnpacked = 64 * 1024;
 
-// The names of versions 2 and 3 stand beside those of version 4.
-constexpr std::array<std::string_view, 31> WantedIds{
-    "TIT2", "TPE1", "TALB", "TCON", "TDRC", "TDOR", "TDRL", "TRCK", "TCOM", "TBPM", "COMM",
-    "TYER", "TORY", "TDAT", "TIME", "TT2",  "TP1",  "TAL",  "TCO",  "TYE",  "TOR",  "TRK",
-    "TCM",  "TBP",  "COM",  "TDA",  "TIM",  "TPE2", "TP2",  "TPOS", "TPA",
-};
-
 bool isWanted(const TagLib::ByteVector &id)
 {
-    return std::ranges::find(WantedIds, std::string_view(id.data(), id.size())) != WantedIds.end();
+    return isWantedFrame(std::string_view(id.data(), id.size()));
 }
 
 /** The names of the frames that are read, as TagLib looks them up. */
@@ -42,7 +37,7 @@ struct FrameIds
     Id albumArtist{"TPE2"};
     Id album{"TALB"};
     Id genre{"TCON"};
-    std::array<Id, 3> dates{"TDRC", "TDRL", "TDOR"};
+    std::array<Id, 5> dates{"TDRC", "TDRL", "TDOR", "TYER", "TORY"};
     Id track{"TRCK"};
     Id disc{"TPOS"};
     Id composer{"TCOM"};
@@ -56,14 +51,19 @@ const FrameIds &frameIds()
     return ids;
 }
 
+/** Of all frames of that name: some writers make one for each value. */
 TagLib::StringList values(const TagLib::ID3v2::Tag &tag, const TagLib::ByteVector &id)
 {
     const auto &frames = tag.frameListMap();
     const auto found = frames.find(id);
-    if (found == frames.end() || found->second.isEmpty())
-        return {};
-    const auto *frame = dynamic_cast<TagLib::ID3v2::TextIdentificationFrame *>(found->second.front());
-    return frame ? frame->fieldList() : TagLib::StringList();
+    TagLib::StringList all;
+    if (found == frames.end())
+        return all;
+    for (const TagLib::ID3v2::Frame *frame : found->second) {
+        if (const auto *text = dynamic_cast<const TagLib::ID3v2::TextIdentificationFrame *>(frame))
+            all.append(text->fieldList());
+    }
+    return all;
 }
 
 QString firstValue(const TagLib::ID3v2::Tag &tag, const TagLib::ByteVector &id)
@@ -92,6 +92,14 @@ QString comment(const TagLib::ID3v2::Tag &tag)
             described = text;
     }
     return described;
+}
+
+void fillFromRepaired(const QByteArray &bytes, SongDetails &details)
+{
+    TagLib::ByteVectorStream stream({bytes.constData(), static_cast<unsigned>(bytes.size())});
+    BareFile file(stream);
+    const WantedFrames frames(bytes.size());
+    fillFromId3v2(TagLib::ID3v2::Tag(&file, 0, &frames), details);
 }
 
 } // namespace
@@ -136,6 +144,29 @@ void fillFromId3v2(const TagLib::ID3v2::Tag &tag, SongDetails &details)
     fill(details.comment, comment(tag));
 }
 
+bool fillFromId3v2(SongStream &stream, qint64 offset, SongDetails &details)
+{
+    if (const auto repaired = repairedId3v2(stream, offset)) {
+        fillFromRepaired(*repaired, details);
+        return true;
+    }
+    if (stream.bytesAt(offset, 3) != "ID3")
+        return false;
+    BareFile file(stream);
+    const WantedFrames frames(id3v2Length(stream, offset));
+    const TagLib::ID3v2::Tag tag(&file, offset, &frames);
+    fillFromId3v2(tag, details);
+    return !tag.isEmpty();
+}
+
+void fillFromId3v2(SongStream &stream, const TagLib::ID3v2::Tag &tag, SongDetails &details)
+{
+    if (const auto repaired = repairedId3v2(stream, 0))
+        fillFromRepaired(*repaired, details);
+    else
+        fillFromId3v2(tag, details);
+}
+
 void fillFromApe(const TagLib::APE::Tag &tag, SongDetails &details)
 {
     const TagLib::APE::ItemListMap &items = tag.itemListMap();
@@ -148,11 +179,12 @@ void fillFromApe(const TagLib::APE::Tag &tag, SongDetails &details)
     };
     fill(details.title, joined(values("TITLE")));
     fill(details.artist, joined(values("ARTIST")));
-    for (const char *key : {"ALBUM ARTIST", "ALBUMARTIST"})
+    for (const char *key : {"ALBUM ARTIST", "ALBUMARTIST", "ALBUM_ARTIST"})
         fill(details.albumArtist, joined(values(key)));
     fill(details.album, joined(values("ALBUM")));
     fill(details.genre, genres(values("GENRE")));
-    fill(details.year, yearOf(joined(values("YEAR"))));
+    for (const char *key : {"YEAR", "DATE"})
+        fill(details.year, yearOf(joined(values(key))));
     fill(details.track, joined(values("TRACK")));
     for (const char *key : {"DISC", "DISCNUMBER"})
         fill(details.disc, joined(values(key)));
@@ -169,9 +201,11 @@ void fillFromId3v1(const TagLib::ID3v1::Tag &tag, SongDetails &details)
     fill(details.comment, fromTag(tag.comment()));
     if (details.genre.isEmpty())
         details.genre = fromTag(tag.genre());
-    if (details.year.isEmpty() && tag.year() > 0)
+    // Four digits and one byte: anything else is what a minus sign became.
+    if (details.year.isEmpty() && tag.year() > 0 && tag.year() <= 9999)
         details.year = QString::number(tag.year());
-    fill(details.track, trackText(tag.track()));
+    if (tag.track() < 255)
+        fill(details.track, trackText(tag.track()));
 }
 
 } // namespace shell

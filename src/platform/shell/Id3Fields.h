@@ -42,7 +42,7 @@ private:
 class BareFile final : public TagLib::File
 {
 public:
-    explicit BareFile(SongStream &stream) : TagLib::File(&stream) {}
+    explicit BareFile(TagLib::IOStream &stream) : TagLib::File(&stream) {}
     TagLib::Tag *tag() const override { return nullptr; }
     TagLib::AudioProperties *audioProperties() const override { return nullptr; }
     bool save() override { return false; }
@@ -50,6 +50,10 @@ public:
 
 /** Each fills the fields that are still empty. */
 void fillFromId3v2(const TagLib::ID3v2::Tag &tag, SongDetails &details);
+/** From the tag at @p offset, if there is one, repaired where it needs that. True for any frame. */
+bool fillFromId3v2(SongStream &stream, qint64 offset, SongDetails &details);
+/** From the tag of a file that has been read; the one at its beginning is repaired where it needs that. */
+void fillFromId3v2(SongStream &stream, const TagLib::ID3v2::Tag &tag, SongDetails &details);
 void fillFromApe(const TagLib::APE::Tag &tag, SongDetails &details);
 void fillFromId3v1(const TagLib::ID3v1::Tag &tag, SongDetails &details);
 

@@ -72,7 +72,7 @@ std::optional<qint64> Mp4Atoms::childrenOf(const Atom &atom) const
         return atom.content + (without ? 0 : 4);
     }
     const bool holdsAtoms =
-        isOneOf(atom.name, {"moov", "udta", "mdia", "ilst", "stbl", "minf", "moof", "traf", "trak"});
+        isOneOf(atom.name, {"moov", "udta", "mdia", "ilst", "stbl", "minf", "moof", "traf", "trak", "mvex"});
     return holdsAtoms ? std::optional(atom.content) : std::nullopt;
 }
 

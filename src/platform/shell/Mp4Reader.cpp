@@ -25,6 +25,8 @@ constexpr qint64 HeadLength = Mp4Atoms::HeadLength;
 constexpr qint64 ValueHead = 16;
 constexpr qsizetype LongestText = 64 * 1024;
 constexpr qsizetype LongestSoundEntry = 256;
+/** Of the samples told in one run of a file made in pieces. */
+constexpr qint64 LongestRun = 1 << 20;
 /** Of the descriptions of one lossless sound. */
 constexpr qint64 LengthWithLossless = 88;
 enum DataType { Utf8 = 1, Utf16 = 2 };
@@ -125,18 +127,22 @@ private:
                      std::min(offset + length, end)};
     }
 
-    [[nodiscard]] const Atom *entry(const char *name) const
+    /** Some writers make one for each of several values. */
+    [[nodiscard]] std::vector<const Atom *> entriesOf(const char *name) const
     {
         const AtomName wanted = atomName(name);
-        const auto found =
-            std::ranges::find_if(m_entries, [&](int place) { return m_atoms.at(place).name == wanted; });
-        return found == m_entries.end() ? nullptr : &m_atoms.at(*found);
+        std::vector<const Atom *> found;
+        for (const int place : m_entries) {
+            if (m_atoms.at(place).name == wanted)
+                found.push_back(&m_atoms.at(place));
+        }
+        return found;
     }
 
     [[nodiscard]] std::optional<Value> firstValue(const char *name) const
     {
-        const Atom *atom = entry(name);
-        return atom ? valueAt(atom->content, atom->end) : std::nullopt;
+        const std::vector<const Atom *> entries = entriesOf(name);
+        return entries.empty() ? std::nullopt : valueAt(entries.front()->content, entries.front()->end);
     }
 
     [[nodiscard]] QByteArrayView bytesOf(const Value &value) const
@@ -162,17 +168,20 @@ private:
     [[nodiscard]] TagLib::StringList textsOf(const char *name) const
     {
         TagLib::StringList texts;
-        const Atom *atom = entry(name);
-        if (!atom)
-            return texts;
-        for (auto next = valueAt(atom->content, atom->end); next; next = valueAt(next->end, atom->end)) {
+        for (const Atom *atom : entriesOf(name))
+            takeTexts(*atom, texts);
+        return texts;
+    }
+
+    void takeTexts(const Atom &atom, TagLib::StringList &texts) const
+    {
+        for (auto next = valueAt(atom.content, atom.end); next; next = valueAt(next->end, atom.end)) {
             const QByteArrayView bytes = next->type == Utf8 ? bytesOf(*next) : QByteArrayView();
             if (next->type == Utf8)
                 texts.append(
                     TagLib::String(TagLib::ByteVector(bytes.data(), static_cast<unsigned>(bytes.size())),
                                    TagLib::String::UTF8));
         }
-        return texts;
     }
 
     SongStream &m_stream;
@@ -211,6 +220,63 @@ std::optional<qint64> millisecondsOf(SongStream &stream, const Atom &head)
     return static_cast<qint64>(milliseconds);
 }
 
+/** How long the samples of a piece are together, in the track's own units. */
+qint64 lengthOfPiece(SongStream &stream, const Mp4Atoms &atoms, int piece, qint64 usualLength)
+{
+    enum Flag { Offset = 0x1, FirstFlags = 0x4, Length = 0x100, Size = 0x200, Flags = 0x400, Shift = 0x800 };
+    const int head = atoms.find(piece, {"tfhd"});
+    if (head >= 0) {
+        const QByteArrayView bytes = stream.viewAt(atoms.at(head).content, 24);
+        const quint32 flags = bytes.size() < 8 ? 0 : qFromBigEndian<quint32>(bytes.data());
+        const qsizetype at = 8 + ((flags & 0x1U) != 0 ? 8 : 0) + ((flags & 0x2U) != 0 ? 4 : 0);
+        if ((flags & 0x8U) != 0 && bytes.size() >= at + 4)
+            usualLength = qFromBigEndian<quint32>(bytes.data() + at);
+    }
+    qint64 sum = 0;
+    for (const int run : atoms.within(piece, atomName("trun"))) {
+        const Atom &atom = atoms.at(run);
+        const QByteArray bytes = stream.bytesAt(atom.content, std::min(atom.end - atom.content, LongestRun));
+        if (bytes.size() < 8)
+            continue;
+        const auto flags = qFromBigEndian<quint32>(bytes.constData());
+        const qint64 samples = qFromBigEndian<quint32>(bytes.constData() + 4);
+        const auto has = [flags](Flag flag) { return (flags & flag) != 0; };
+        const qsizetype step = 4 * (has(Length) + has(Size) + has(Flags) + has(Shift));
+        if (!has(Length)) {
+            sum += samples * usualLength;
+            continue;
+        }
+        qsizetype at = 8 + (has(Offset) ? 4 : 0) + (has(FirstFlags) ? 4 : 0);
+        for (qint64 i = 0; i < samples && at + step <= bytes.size(); ++i, at += step)
+            sum += qFromBigEndian<quint32>(bytes.constData() + at);
+    }
+    return sum;
+}
+
+/** A file made in pieces tells its length in them alone. Not of one with several tracks. */
+std::optional<qint64> millisecondsOfPieces(SongStream &stream, const Mp4Atoms &atoms, const Atom &head)
+{
+    const QByteArrayView bytes = stream.viewAt(head.content, 24);
+    const bool wide = !bytes.isEmpty() && bytes[0] == 1;
+    const int movie = atoms.find(Mp4Atoms::Nowhere, {"moov"});
+    if (bytes.size() < 24 || atoms.within(movie, atomName("trak")).size() != 1)
+        return {};
+    const qint64 unit = qFromBigEndian<quint32>(bytes.data() + (wide ? 20 : 12));
+    const int usual = atoms.find(movie, {"mvex", "trex"});
+    const QByteArrayView usualBytes =
+        usual < 0 ? QByteArrayView() : stream.viewAt(atoms.at(usual).content, 16);
+    const qint64 usualLength = usualBytes.size() < 16 ? 0 : qFromBigEndian<quint32>(usualBytes.data() + 12);
+    qint64 sum = 0;
+    for (const int piece : atoms.withinAll(atomName("moof"))) {
+        if (atoms.at(piece).name == atomName("traf"))
+            sum += lengthOfPiece(stream, atoms, piece, usualLength);
+    }
+    const double milliseconds = unit > 0 ? static_cast<double>(sum) * 1000.0 / static_cast<double>(unit) : 0;
+    if (milliseconds < 1 || milliseconds > std::numeric_limits<int>::max())
+        return {};
+    return qRound64(milliseconds);
+}
+
 /** What the decoder's description says; nothing without one. */
 std::optional<qint64> statedBitRate(SongStream &stream, const Mp4Atoms &atoms, int descriptions)
 {
@@ -230,14 +296,19 @@ void takeSound(SongStream &stream, const Mp4Atoms &atoms, SongDetails &details)
     const int head = track < 0 ? track : atoms.find(track, {"mdia", "mdhd"});
     if (head >= 0)
         details.milliseconds = millisecondsOf(stream, atoms.at(head));
+    if (head >= 0 && !details.milliseconds)
+        details.milliseconds = millisecondsOfPieces(stream, atoms, atoms.at(head));
     const int descriptions = head < 0 ? head : atoms.find(track, {"mdia", "minf", "stbl", "stsd"});
     const auto stated = statedBitRate(stream, atoms, descriptions);
-    if (!stated)
+    const int movie = atoms.find(Mp4Atoms::Nowhere, {"moov"});
+    // With a film beside the sound, the bytes are not the sound's.
+    if (!stated && atoms.within(movie, atomName("trak")).size() != 1)
         return;
+    const qint64 rate = stated.value_or(0);
     // Where it is left open, the sound's bytes tell.
-    details.bitRate = *stated == 0 && descriptions >= 0 && details.milliseconds
+    details.bitRate = rate == 0 && descriptions >= 0 && details.milliseconds
                           ? atoms.lengthOfAll(atomName("mdat")) * 8 / *details.milliseconds
-                          : qRound64(static_cast<double>(*stated) / 1000);
+                          : qRound64(static_cast<double>(rate) / 1000);
 }
 
 void takeTags(const TagList &list, SongDetails &details)

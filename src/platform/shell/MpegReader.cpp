@@ -19,15 +19,16 @@ constexpr qsizetype LongestJunk = 16 * 1024;
 constexpr qint64 LargestSearched = 4LL << 30;
 
 /** True when the file held a tag of any kind. */
-bool takeTags(TagLib::MPEG::File &file, SongDetails &details)
+bool takeTags(TagLib::MPEG::File &file, SongStream &stream, SongDetails &details)
 {
-    if (file.hasID3v2Tag())
-        fillFromId3v2(*file.ID3v2Tag(), details);
+    const bool hasId3v2 = id3v2Length(stream) > 0 || file.hasID3v2Tag();
+    if (hasId3v2)
+        fillFromId3v2(stream, *file.ID3v2Tag(true), details);
     if (file.hasAPETag())
         fillFromApe(*file.APETag(), details);
     if (file.hasID3v1Tag())
         fillFromId3v1(*file.ID3v1Tag(), details);
-    return file.hasID3v2Tag() || file.hasAPETag() || file.hasID3v1Tag();
+    return hasId3v2 || file.hasAPETag() || file.hasID3v1Tag();
 }
 
 /**
@@ -38,10 +39,7 @@ bool takeTagsAtEnds(SongStream &stream, SongDetails &details)
 {
     BareFile file(stream);
     const qint64 id3v2 = id3v2Length(stream);
-    if (id3v2 > 0) {
-        const WantedFrames frames(id3v2);
-        fillFromId3v2(TagLib::ID3v2::Tag(&file, 0, &frames), details);
-    }
+    fillFromId3v2(stream, 0, details);
     const qint64 id3v1 = stream.size() - Id3v1Length;
     const bool hasId3v1 = stream.bytesAt(id3v1, 3) == "TAG";
     const qint64 ape = (hasId3v1 ? id3v1 : stream.size()) - TagLib::APE::Footer::size();
@@ -68,6 +66,20 @@ void correctBitRate(TagLib::MPEG::File &file, SongDetails &details)
         details.bitRate = qRound64(static_cast<double>(sound) * 8 / 1000 / seconds);
 }
 
+/** A file that was cut goes on telling how long it was. */
+void correctLength(TagLib::MPEG::File &file, SongStream &stream, SongDetails &details)
+{
+    const TagLib::MPEG::XingHeader *xing = file.audioProperties()->xingHeader();
+    if (!xing || !xing->isValid() || xing->totalSize() == 0 || !details.milliseconds)
+        return;
+    // Some writers count the tags too.
+    constexpr double almost = 0.98;
+    const double told = xing->totalSize();
+    const auto there = static_cast<double>(stream.size() - file.firstFrameOffset());
+    if (there > 0 && there + static_cast<double>(file.firstFrameOffset()) < told * almost)
+        details.milliseconds = qRound64(static_cast<double>(*details.milliseconds) * there / told);
+}
+
 /** TagLib wants a second frame to believe the first; one that ends with the file is as good. */
 void takeLoneFrame(TagLib::MPEG::File &file, SongStream &stream, SongDetails &details)
 {
@@ -90,10 +102,12 @@ void readMpeg(SongStream &stream, SongDetails &details)
 {
     WantedFrames frames(id3v2Length(stream));
     TagLib::MPEG::File file(&stream, &frames, stream.size() <= LargestSearched);
-    const bool tagged = takeTags(file, details);
+    const bool tagged = takeTags(file, stream, details);
     takeProperties(file.audioProperties(), details);
-    if (file.audioProperties())
+    if (file.audioProperties()) {
         correctBitRate(file, details);
+        correctLength(file, stream, details);
+    }
     if (details.bitRate == 0)
         takeLoneFrame(file, stream, details);
     if (!tagged && details.bitRate == 0)

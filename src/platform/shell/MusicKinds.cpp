@@ -23,6 +23,27 @@ constexpr std::array Kinds{
     MusicKind{"ogg"_L1, "OGG File"_L1, readOgg},
     MusicKind{"mp4"_L1, "MP4 Video"_L1, readMp4, false, false},
     MusicKind{"aac"_L1, "AAC File"_L1, readAdts, true, false},
+    MusicKind{"opus"_L1, "OPUS File"_L1, readOgg},
+    MusicKind{"oga"_L1, "OGA File"_L1, readOgg},
+    MusicKind{"aiff"_L1, "AIFF File"_L1, readAiff},
+    MusicKind{"aif"_L1, "AIF File"_L1, readAiff},
+    MusicKind{"wv"_L1, "WV File"_L1, readWavPack},
+    MusicKind{"ape"_L1, "APE File"_L1, readMonkeysAudio},
+    MusicKind{"mpc"_L1, "MPC File"_L1, readMusepack},
+    MusicKind{"m4b"_L1, "M4B File"_L1, readMp4},
+    MusicKind{"mka"_L1, "MKA File"_L1, readMatroska},
+    MusicKind{"dsf"_L1, "DSF File"_L1, readDsf},
+    MusicKind{"mp2"_L1, "MP2 File"_L1, readMpeg},
+};
+
+/** How many are told by parts of their type text; the others by all of it. */
+constexpr std::size_t FirstKinds = 8;
+
+/** The extension, with its dot, that a part of the shell's type text stands for. */
+struct TypeTextPart
+{
+    QLatin1StringView holds;
+    QLatin1StringView extension;
 };
 
 constexpr std::array TypeTexts{
@@ -82,16 +103,29 @@ const MusicKind *musicKindOf(QStringView fileName)
 
 const MusicKind *musicKindByTail(QStringView fileName)
 {
-    constexpr qsizetype Tail = 4;
-    const QStringView tail = fileName.right(Tail);
-    if (tail.size() < Tail)
-        return nullptr;
-    return withExtension(tail.startsWith(u'.') ? tail.sliced(1) : tail);
+    constexpr auto NeedsNoDot = "flac"_L1;
+    return fileName.endsWith(NeedsNoDot, Qt::CaseInsensitive)
+               ? withExtension(fileName.right(NeedsNoDot.size()))
+               : musicKindOf(fileName);
 }
 
-std::span<const TypeTextPart> typeTextParts()
+QString musicEnding(QStringView fileName)
 {
-    return TypeTexts;
+    const MusicKind *const kind = musicKindByTail(fileName);
+    return kind == nullptr ? QString() : u'.' + kind->extension;
+}
+
+QString endingOfType(const QString &typeText)
+{
+    for (const TypeTextPart &part : TypeTexts) {
+        if (typeText.contains(part.holds, Qt::CaseInsensitive))
+            return part.extension;
+    }
+    const auto later = std::span(Kinds).subspan(FirstKinds);
+    const auto found = std::ranges::find_if(later, [&](const MusicKind &kind) {
+        return typeText.compare(kind.typeText, Qt::CaseInsensitive) == 0;
+    });
+    return found == later.end() ? QString() : u'.' + found->extension;
 }
 
 QString musicFileFilter(bool withFilms)

@@ -32,18 +32,14 @@ struct MusicKind
 /** By the extension behind the name's last dot, in any case; null for no music. */
 [[nodiscard]] const MusicKind *musicKindOf(QStringView fileName);
 
-/** By the name's last four characters, in any case: "flac" needs no dot. Null for no music. */
+/** The same, where "flac" needs no dot. */
 [[nodiscard]] const MusicKind *musicKindByTail(QStringView fileName);
 
-/** The extension, with its dot, that a part of the shell's type text stands for. */
-struct TypeTextPart
-{
-    QLatin1StringView holds;
-    QLatin1StringView extension;
-};
+/** The ending, in lower case with its dot, that musicKindByTail() knows the name by; empty for no music. */
+[[nodiscard]] QString musicEnding(QStringView fileName);
 
-/** What all who go by the type text look for, in this order; some then look for more. */
-[[nodiscard]] std::span<const TypeTextPart> typeTextParts();
+/** The ending that all who go by the shell's type text take it to mean; some then look for more. */
+[[nodiscard]] QString endingOfType(const QString &typeText);
 
 /** The filter of a dialog that asks for a music file, as a FileQuestion takes it. */
 [[nodiscard]] QString musicFileFilter(bool withFilms);

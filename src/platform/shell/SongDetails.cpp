@@ -5,6 +5,7 @@
 #include "platform/shell/SongReaders.h"
 #include "platform/shell/TagText.h"
 
+#include <limits>
 #include <new>
 
 using namespace Qt::StringLiterals;
@@ -29,8 +30,21 @@ Reader readerByHead(SongStream &stream)
         return readFlac;
     if (head.startsWith("OggS"))
         return readOgg;
-    if ((head.startsWith("RIFF") || head.startsWith("RF64")) && head.indexOf("WAVE") == 8)
+    if ((head.startsWith("RIFF") || head.startsWith("RIFX") || head.startsWith("RF64")) &&
+        head.indexOf("WAVE") == 8)
         return readWav;
+    if (head.startsWith("FORM") && head.indexOf("AIF") == 8)
+        return readAiff;
+    if (head.startsWith("DSD "))
+        return readDsf;
+    if (head.startsWith("\x1A\x45\xDF\xA3"))
+        return readMatroska;
+    if (head.startsWith("wvpk"))
+        return readWavPack;
+    if (head.startsWith("MAC "))
+        return readMonkeysAudio;
+    if (head.startsWith("MPCK") || head.startsWith("MP+"))
+        return readMusepack;
     if (head.startsWith("\x30\x26\xB2\x75\x8E\x66\xCF\x11"))
         return readAsf;
     if (head.size() >= 8 && head.sliced(4, 4) == "ftyp")
@@ -39,6 +53,17 @@ Reader readerByHead(SongStream &stream)
     if (sound.startsWith("fLaC"))
         return readFlac;
     return isAdtsHead(sound) ? readAdts : nullptr;
+}
+
+/** Blanks are no value: the next source, or the user, may have one. */
+void clearBlanks(SongDetails &details)
+{
+    for (QString *text :
+         {&details.title, &details.artist, &details.albumArtist, &details.album, &details.genre,
+          &details.year, &details.track, &details.disc, &details.composer, &details.comment}) {
+        if (isBlank(*text))
+            text->clear();
+    }
 }
 
 void read(const QByteArray &path, SongDetails &details)
@@ -55,9 +80,9 @@ void read(const QByteArray &path, SongDetails &details)
 
 } // namespace
 
-qint64 id3v2Length(const SongStream &stream)
+qint64 id3v2Length(SongStream &stream, qint64 offset)
 {
-    const QByteArrayView head = stream.head(10);
+    const QByteArrayView head = stream.viewAt(offset, 10);
     if (head.size() < 10 || !head.startsWith("ID3"))
         return 0;
     qint64 length = 0;
@@ -77,6 +102,14 @@ void takeProperties(const TagLib::AudioProperties *properties, SongDetails &deta
         details.bitRate = properties->bitrate();
 }
 
+void takeLength(double seconds, qint64 bytes, SongDetails &details)
+{
+    if (!(seconds > 0) || seconds > std::numeric_limits<int>::max())
+        return;
+    details.milliseconds = qRound64(seconds * 1000);
+    details.bitRate = qRound64(static_cast<double>(bytes) * 8 / 1000 / seconds);
+}
+
 SongDetails readSongDetails(const QByteArray &path)
 {
     useSystemCodePageInTags();
@@ -90,6 +123,7 @@ SongDetails readSongDetails(const QByteArray &path)
     } catch (const std::exception &e) {
         details.failure = QString::fromUtf8(e.what());
     }
+    clearBlanks(details);
     return details;
 }
 

@@ -31,7 +31,7 @@ struct SongDetails
 };
 
 /**
- * Reads a sound file of any of the eight types, told by its first bytes before its extension.
+ * Reads a sound file of any of musicKinds(), told by its first bytes before its extension.
  * @param path in the file system's own bytes
  * Never throws: a damaged file gives what could be read of it, or a failure.
  */

@@ -67,7 +67,7 @@ void readFlac(SongStream &stream, SongDetails &details)
     if (file.hasXiphComment())
         takeComments(file.xiphComment(), details);
     if (file.hasID3v2Tag())
-        fillFromId3v2(*file.ID3v2Tag(), details);
+        fillFromId3v2(stream, *file.ID3v2Tag(), details);
     if (file.hasID3v1Tag())
         fillFromId3v1(*file.ID3v1Tag(), details);
     takeProperties(file.audioProperties(), details);
