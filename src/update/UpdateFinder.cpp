@@ -2,6 +2,7 @@
 #include "update/UpdateFinder.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/KindsTaken.h"
 #include "desktop/Desktop.h"
 #include "platform/shell/MusicKinds.h"
 #include "update/Aside.h"
@@ -208,12 +209,16 @@ void UpdateFinder::listMoved(const KnownFile &known, const DiskFile &now, const 
 
 void UpdateFinder::listRest(const DiskDifference &difference)
 {
-    for (const DiskFile &file : difference.added)
-        m_list.rows.push_back({.kind = UpdateKind::New,
-                               .song = QString::fromUtf8(file.name),
-                               .after = QString::fromUtf8(file.path()),
-                               .isTicked = true,
-                               .file = file});
+    const QStringList leftOut = kindsLeftOut(m_parts.services.optionsStore);
+    for (const DiskFile &file : difference.added) {
+        const QString name = QString::fromUtf8(file.name);
+        if (!leftOut.contains(shell::musicEnding(name).sliced(1)))
+            m_list.rows.push_back({.kind = UpdateKind::New,
+                                   .song = name,
+                                   .after = QString::fromUtf8(file.path()),
+                                   .isTicked = true,
+                                   .file = file});
+    }
     for (const KnownFile &known : difference.gone)
         m_list.rows.push_back(rowOf(UpdateKind::Gone, known));
     for (const KnownFile &known : difference.unreachable) {
