@@ -2,6 +2,7 @@
 #include "KillActs.h"
 
 #include "desktop/FileHelpers.h"
+#include "history/ChangeTexts.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -76,6 +77,8 @@ private:
     const QStringList m_folders{m_folder.path() + u"/music/"_s, m_folder.path() + u"/more music/"_s,
                                 m_elsewhere.path() + u'/'};
     std::mt19937 m_random;
+    /** The change that made the songs: taken back, their files would be nobody's. */
+    qint64 m_made = 0;
 };
 
 Rounds::Rounds(quint32 seed) : m_random(seed)
@@ -90,6 +93,8 @@ Rounds::Rounds(quint32 seed) : m_random(seed)
         makeSong(program, number);
     for (int list = 1; list <= Lists; ++list)
         program.lists.addList(u"List %1"_s.arg(list), {});
+    program.catalogue.CatalogueDb->endChange();
+    m_made = dao::History(*program.catalogue.CatalogueDb).undoable()->id;
 }
 
 void Rounds::makeSong(Program &program, int number)
@@ -167,13 +172,18 @@ void Rounds::compareHistory(Program &program, const State &state, QStringList &f
     program.catalogue.CatalogueDb->endChange();
     const dao::History history(*program.catalogue.CatalogueDb);
     const auto newest = history.undoable();
-    if (!newest)
+    if (!newest || newest->id <= m_made)
         return;
     for (const WalkDirection direction : {WalkDirection::Back, WalkDirection::Again}) {
         for (const QString &told : ChangeWalk(program.catalogue).go(*newest, direction))
             found += u"in the way of the newest change: "_s + told;
+        const qsizetype before = found.size();
         compareDisk(program.state(), found);
         compareTracks(program, program.state(), found);
+        if (found.size() > before)
+            found += u"with \"%1\" taken %2"_s.arg(
+                ChangeTexts(*program.catalogue.CatalogueDb).sentence(*newest),
+                direction == WalkDirection::Back ? u"back"_s : u"back and made again"_s);
     }
     if (!(program.state() == state))
         found += u"taken back and made again, it is another catalogue:\n"_s + program.state().text();

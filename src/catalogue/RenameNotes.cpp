@@ -5,7 +5,9 @@
 #include "desktop/FileHelpers.h"
 #include "platform/shell/FileMove.h"
 #include "platform/shell/FileRemains.h"
+#include "platform/store/History.h"
 
+#include <algorithm>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -188,12 +190,38 @@ QStringList RenameNotes::settle()
     if (notes.empty())
         return told;
     database.describeChange(u"Settle a renaming that was interrupted"_s);
+    goOnWithInterrupted(notes);
     for (const Note &note : notes) {
         if (const QString sentences = settle(note); !sentences.isEmpty())
             told += sentences;
     }
     database.endChange();
     return told;
+}
+
+// The tracks that a save renamed before it died belong to the change that settles it.
+void RenameNotes::goOnWithInterrupted(const std::vector<Note> &notes)
+{
+    try {
+        dao::History history(*m_catalogue.CatalogueDb);
+        const auto newest = history.undoable();
+        bool isInterrupted = false;
+        for (qint64 place = 0; newest && place < dao::History::valueCount(*newest); ++place) {
+            const auto value = history.valueAt(*newest, place);
+            if (!value)
+                continue;
+            if (value->table != u"tblPlayListDetail"_s || value->field != u"FileName"_s)
+                return;
+            const QString file = value->after.toString();
+            isInterrupted = isInterrupted || std::ranges::any_of(notes, [&](const Note &note) {
+                                return note.to.path() == file;
+                            });
+        }
+        if (isInterrupted)
+            history.goOnWith(*newest);
+    } catch (const dao::DaoError &) { // NOLINT(bugprone-empty-catch)
+        // A history that can't be read is no reason to refuse a start.
+    }
 }
 
 QString RenameNotes::settle(const Note &note)

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <vector>
+
 namespace quaverly {
 
 struct Catalogue;
@@ -67,6 +69,7 @@ public:
 private:
     struct Note;
     [[nodiscard]] std::optional<Note> noteOf(qint64 recordId);
+    void goOnWithInterrupted(const std::vector<Note> &notes);
     [[nodiscard]] QString settle(const Note &note);
     [[nodiscard]] QString follow(const Note &note);
     [[nodiscard]] QString putBack(const Note &note, const QString &why);

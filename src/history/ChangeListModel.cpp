@@ -18,6 +18,7 @@ ChangeListModel::ChangeListModel(dao::Database &database, QObject *parent)
 void ChangeListModel::reload()
 {
     m_all = m_history.changes();
+    m_sentences.clear();
     setFilter(m_filter);
 }
 
@@ -27,9 +28,17 @@ void ChangeListModel::setFilter(const QString &text)
     m_filter = text;
     m_shown.clear();
     std::ranges::copy_if(m_all, std::back_inserter(m_shown), [&](const dao::Change &change) {
-        return text.isEmpty() || m_texts.sentence(change).contains(text, Qt::CaseInsensitive);
+        return text.isEmpty() || sentence(change).contains(text, Qt::CaseInsensitive);
     });
     endResetModel();
+}
+
+const QString &ChangeListModel::sentence(const dao::Change &change) const
+{
+    QString &known = m_sentences[change.id];
+    if (known.isEmpty())
+        known = m_texts.sentence(change);
+    return known;
 }
 
 int ChangeListModel::rowCount(const QModelIndex &parent) const
@@ -49,10 +58,10 @@ QString ChangeListModel::text(const dao::Change &change, int column) const
     case When:
         return QLocale().toString(change.made, QLocale::ShortFormat);
     case What:
-        return m_texts.sentence(change) + (change.state == dao::Change::State::TakenBack ? u" (taken back)"_s
-                                           : change.state == dao::Change::State::CopyOnly
-                                               ? u" (a copy of the database is kept)"_s
-                                               : QString());
+        return sentence(change) + (change.state == dao::Change::State::TakenBack ? u" (taken back)"_s
+                                   : change.state == dao::Change::State::CopyOnly
+                                       ? u" (a copy of the database is kept)"_s
+                                       : QString());
     case Rows:
         return number(change.rows);
     case Files:
@@ -70,7 +79,7 @@ QVariant ChangeListModel::data(const QModelIndex &index, int role) const
     if (role == Qt::TextAlignmentRole && index.column() >= Rows)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::ForegroundRole && shown.state != dao::Change::State::Done)
-        return QPalette().brush(QPalette::Disabled, QPalette::Text);
+        return QPalette().brush(QPalette::PlaceholderText);
     return {};
 }
 
@@ -79,6 +88,8 @@ QVariant ChangeListModel::headerData(int section, Qt::Orientation orientation, i
     static const QString headings[] = {u"When"_s, u"What"_s, u"Records"_s, u"Files"_s};
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole)
         return headings[section];
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole && section >= Rows)
+        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     return {};
 }
 

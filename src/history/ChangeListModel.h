@@ -4,6 +4,7 @@
 #include "history/ChangeTexts.h"
 
 #include <QAbstractTableModel>
+#include <QHash>
 
 namespace quaverly {
 
@@ -31,12 +32,15 @@ public:
 
 private:
     [[nodiscard]] QString text(const dao::Change &change, int column) const;
+    [[nodiscard]] const QString &sentence(const dao::Change &change) const;
 
     dao::History m_history;
     ChangeTexts m_texts;
     std::vector<dao::Change> m_all;
     std::vector<dao::Change> m_shown;
     QString m_filter;
+    /** Those that were asked for. */
+    mutable QHash<qint64, QString> m_sentences;
 };
 
 } // namespace quaverly

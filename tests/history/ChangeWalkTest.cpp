@@ -103,6 +103,24 @@ TEST_F(ARenamedSong, StaysWhereSomethingStandsInItsWay)
     EXPECT_EQ(store.songValue(song, u"FileName"_s), renamed.FileName);
 }
 
+TEST_F(ARenamedSong, IsOneChangeWithTheTracksThatADeadSaveRenamed)
+{
+    EXPECT_EQ(go(WalkDirection::Back), QStringList());
+    {
+        RenameNotes notes(store.catalogue());
+        notes.keep(song, old, renamed);
+        shell::moveFile(old.path(), renamed.path());
+        notes.renameTracks(old.path(), renamed.path());
+    }
+    store.reopen();
+    EXPECT_EQ(RenameNotes(store.catalogue()).settle(), QStringList());
+    expectTogether(renamed);
+    EXPECT_EQ(go(WalkDirection::Back), QStringList());
+    expectTogether(old);
+    EXPECT_EQ(go(WalkDirection::Again), QStringList());
+    expectTogether(renamed);
+}
+
 TEST_F(ARenamedSong, KilledOnItsWayBackIsWholeAtTheNextStart)
 {
     const QString catalogue = store.catalogue().DatabaseFile;

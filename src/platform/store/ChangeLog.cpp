@@ -335,6 +335,12 @@ void ChangeLog::endChange()
     m_sentence.clear();
 }
 
+void ChangeLog::goOnWith(qint64 first)
+{
+    m_sitting = m_endedSitting = QString::number(first);
+    m_lastMade = first;
+}
+
 void ChangeLog::joinSitting()
 {
     Statement before = m_connection.prepare(

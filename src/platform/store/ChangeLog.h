@@ -84,6 +84,8 @@ public:
     void endChange();
     /** The change that is being made goes on with the one before it, where that was of the same sitting. */
     void ofSitting(const QString &sitting) { m_sitting = sitting; }
+    /** The change that is being made goes on with the newest one, which an earlier run did not end. */
+    void goOnWith(qint64 first);
     /** The change that is being made may go to and fro: what came of it in the end is kept. */
     void mayRepeat() { m_mayRepeat = true; }
     /** Nothing came of the change that is being made, which has no rows yet. In the pending transaction. */

@@ -289,6 +289,12 @@ void History::ofSitting(const QString &sitting)
         log->ofSitting(sitting);
 }
 
+void History::goOnWith(const Change &newest)
+{
+    if (ChangeLog *log = m_database.impl().changeLog())
+        log->goOnWith(newest.id);
+}
+
 void History::notePictureMoved(qint64 song, const QString &from, const QString &to)
 {
     m_database.impl().change([&] {

@@ -134,6 +134,8 @@ public:
     /** The change that is being made is one with the last one, where that was said to be of the same sitting:
      * many saves of one text are one change. */
     void ofSitting(const QString &sitting);
+    /** The change that is being made is one with @p newest, which an earlier run did not end. */
+    void goOnWith(const Change &newest);
     /** Notes, before it goes, that a picture goes elsewhere; and that nothing came of the change after all.
      */
     void notePictureMoved(qint64 song, const QString &from, const QString &to);
