@@ -6,6 +6,7 @@
 #include "catalogue/DuplicateQueries.h"
 #include "catalogue/RenameNotes.h"
 #include "catalogue/RepairWords.h"
+#include "catalogue/TagNotes.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileHelpers.h"
 #include "platform/options/OptionsStore.h"
@@ -226,6 +227,7 @@ void StartUp::prepareCatalogue()
 {
     const Hourglass hourglass(m_desktop);
     ensureDuplicateQueries(*m_catalogue.CatalogueDb);
+    TagNotes(m_catalogue).settle();
     const QStringList renamed = RenameNotes(m_catalogue).settle();
     if (!renamed.isEmpty())
         tellRenamed(renamed);

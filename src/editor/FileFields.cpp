@@ -93,13 +93,17 @@ void FileFields::cmdBrowsePath_Click()
     m_gate.settle(*m_ui.txtPathName, checkPickedFolder(m_ui.txtPathName->text(), m_parts.row()));
 }
 
-// The desktop may lead on from there to a file's tags; what is chosen is passed over.
 void FileFields::cmdEditTags_Click()
 {
     const QString folder = m_ui.txtPathName->text().trimmed();
-    if (!folder.isEmpty() && FolderExists(folder))
-        static_cast<void>(m_parts.services.desktop.ShowOpenDialog(
-            {u"Music files in this song's folder"_s, shell::musicFileFilter(false), folder, {}}));
+    if (folder.isEmpty() || !FolderExists(folder))
+        return;
+    const QString path = EnsureBackslash(folder) + m_ui.txtFileName->text();
+    if (FileExists(path))
+        m_parts.editTags(path);
+    else
+        m_parts.services.desktop.MessageBox(u"There is no such file:\n"_s + path, u"Edit Tags"_s,
+                                            Icon::Exclamation);
 }
 
 bool FileFields::take(const QString &field, const QString &what, const QString &text)

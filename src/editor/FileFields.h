@@ -19,6 +19,7 @@ struct FileFieldsParts
     /** The folder chosen last in a folder dialog. */
     QString &LastMusicFolder;
     std::function<EditedRow()> row;
+    std::function<void(const QString &path)> editTags;
     Handle handle;
 };
 

@@ -67,12 +67,14 @@ void NameEdit::build()
     const auto row = [this] { return m_record->row(); };
     m_controls = std::make_unique<SongControls>(*this, [this] { setRecordDirty(true); });
     m_gate = std::make_unique<FieldGate>(*this, *m_ui, m_parts.services.desktop, row, handler);
-    m_files = std::make_unique<FileFields>(*m_ui, *m_controls, *m_gate,
-                                           FileFieldsParts{.services = m_parts.services,
-                                                           .state = m_parts.state,
-                                                           .LastMusicFolder = m_parts.LastMusicFolder,
-                                                           .row = row,
-                                                           .handle = handler});
+    m_files = std::make_unique<FileFields>(
+        *m_ui, *m_controls, *m_gate,
+        FileFieldsParts{.services = m_parts.services,
+                        .state = m_parts.state,
+                        .LastMusicFolder = m_parts.LastMusicFolder,
+                        .row = row,
+                        .editTags = [this](const QString &path) { m_parts.hooks.editTags(*this, path); },
+                        .handle = handler});
     m_playLists =
         std::make_unique<PlayListChoice>(*m_ui, m_parts.services.desktop, m_parts.set,
                                          m_parts.services.catalogue, m_parts.player, m_parts.now, handler);

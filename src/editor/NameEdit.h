@@ -44,6 +44,8 @@ struct NameEditHooks
     /** A picture of slot 1 to PictureSlots, by its button or its menu. */
     std::function<void(NameEdit &, int slot)> showPicture;
     std::function<void(NameEdit &, int slot, QPoint globalPlace)> showPictureMenu;
+    /** The tags of that file, beside what the fields show. */
+    std::function<void(NameEdit &, const QString &path)> editTags;
     std::function<void(NameEdit &)> cmdWebLookup;
     std::function<void(NameEdit &, QPoint globalPlace)> showWebLookupMenu;
 };

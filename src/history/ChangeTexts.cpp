@@ -49,6 +49,8 @@ ChangedRowTexts ChangeTexts::row(const dao::Change &change, qint64 place) const
                 u"Added"_s,
                 {},
                 u"Record numbers %1 to %2"_s.arg(value->before.toLongLong()).arg(value->after.toLongLong())};
+    case Kind::FileTags:
+        return {record(value->table, value->key), u"Tags of the file"_s, {}, shown(value->before)};
     case Kind::FileMoved:
     case Kind::PictureMoved:
         return {value->key == 0 ? QString() : m_names.record(value->table, value->key),

@@ -31,6 +31,9 @@ QStringList ChangeWalk::go(const dao::Change &change, WalkDirection direction, C
     } else if (QStringList found = inTheWay(); !found.isEmpty()) {
         return found;
     }
+    TagWalk tags(m_catalogue, change, direction);
+    if (QStringList found = tags.obstacles(); !found.isEmpty())
+        return found;
     const std::set<std::size_t> gone = checkSteps(m_steps, left.steps).gone;
     std::vector<FileStep> toGo;
     for (std::size_t i = 0; i < m_steps.size(); ++i) {
@@ -38,14 +41,23 @@ QStringList ChangeWalk::go(const dao::Change &change, WalkDirection direction, C
             toGo.push_back(m_steps[i]);
     }
     m_steps = std::move(toGo);
-    moveAll();
+    tags.go();
+    try {
+        moveAll();
+    } catch (const dao::DaoError &) {
+        tags.giveUp();
+        throw;
+    }
     try {
         const auto [done, refused] = writeRows(left);
-        if (!done)
+        if (!done) {
             moveBack(m_steps);
+            tags.giveUp();
+        }
         return left.told + refused;
     } catch (const dao::DaoError &) {
         moveBack(m_steps);
+        tags.giveUp();
         throw;
     }
 }

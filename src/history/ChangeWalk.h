@@ -4,6 +4,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/RenameNotes.h"
 #include "history/FileSteps.h"
+#include "history/TagWalk.h"
 
 #include <QStringList>
 

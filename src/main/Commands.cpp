@@ -75,7 +75,8 @@ Commands::Commands(Session &session, const CommandHooks &hooks)
                .showHistory = [this] { showHistory(); },
                .restoreBefore = hooks.restoreBefore}),
       update(
-          updateParts(), [this] { showUpdate(); }, [this] { showCheck(); })
+          updateParts(), [this] { showUpdate(); }, [this] { showCheck(); }),
+      tags({.services = session.services(), .set = session.displayedSet(), .nameList = &hooks.owner})
 {}
 
 void Commands::showHistory()
@@ -178,6 +179,18 @@ NameEditHooks Commands::nameEditHooks()
     };
     hooks.showPictureMenu = [this](NameEdit &editor, int slot, QPoint place) {
         pictures.showPictureMenu(pictureEditor(editor), slot, place, &editor);
+    };
+    hooks.editTags = [this](NameEdit &editor, const QString &path) {
+        TaggedSong song{editor.state().EditMode ? editor.recordID() : 0, path, {}, {}};
+        for (const QString &field : tagRecordFields())
+            song.record[field] = editor.text(field);
+        tags.editTags(
+            song,
+            [&editor](const TaggedSong &, const QMap<QString, QString> &texts) {
+                for (auto text = texts.cbegin(); text != texts.cend(); ++text)
+                    editor.setText(text.key(), *text);
+            },
+            &editor);
     };
     hooks.cmdWebLookup = [this](NameEdit &editor) { m_webLookup.cmdWebLookup_Click(lookupSong(editor)); };
     hooks.showWebLookupMenu = [this](NameEdit &editor, QPoint place) { showWebLookupMenu(editor, place); };

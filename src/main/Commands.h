@@ -14,6 +14,7 @@
 #include "reports/CsvCommands.h"
 #include "reports/ReportCommands.h"
 #include "reports/RichTextForms.h"
+#include "tags/TagCommands.h"
 #include "update/UpdateCommands.h"
 
 #include <functional>
@@ -92,6 +93,7 @@ public:
     FileCopyCommands fileCopy;
     HistoryCommands history;
     UpdateCommands update;
+    TagCommands tags;
 };
 
 } // namespace quaverly

@@ -117,6 +117,7 @@ void wireHistory(const MenuWiring &wiring, const MenuTargets &to)
     wiring.own({{to.ui.mnuUndo, call(history, &HistoryCommands::mnuUndo_Click)},
                 {to.ui.mnuRedo, call(history, &HistoryCommands::mnuRedo_Click)},
                 {to.ui.mnuHistory, call(history, &HistoryCommands::mnuHistory_Click)}});
+    wiring.own({{to.ui.mnuTags, call(to.commands.tags, &TagCommands::mnuTags_Click)}});
     captionHistory(*to.ui.EditMenu, *to.ui.mnuUndo, *to.ui.mnuRedo, history);
 }
 

@@ -103,8 +103,8 @@ void NameList::build()
     buildCommands();
     addIcons();
     m_popup = new SongPopup({m_ui->mnuPopupAddToPlaylist, m_ui->mnuPopupPlay, m_ui->mnuPopupPlayNext,
-                             m_ui->mnuPopupAddToQueue, m_ui->mnuPopupAssignToCategory, m_ui->mnuPopupCopyFile,
-                             m_ui->mnuPopupShowFile, m_ui->mnuPopupDelete},
+                             m_ui->mnuPopupAddToQueue, m_ui->mnuPopupAssignToCategory, m_ui->mnuTags,
+                             m_ui->mnuPopupCopyFile, m_ui->mnuPopupShowFile, m_ui->mnuPopupDelete},
                             m_ui->mnuPopupAddToPlaylist, this);
     showEmptyState();
     SongGrid &grid = *m_ui->Table1;

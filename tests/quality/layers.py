@@ -15,7 +15,7 @@ FLOORS = [
     ["lists"],
     ["intake", "pictures", "notes", "player"],
     ["playlists", "categories", "reports"],
-    ["editor", "maintenance", "history", "update"],
+    ["editor", "maintenance", "history", "update", "tags"],
     ["main"],
 ]
 LEVEL = {folder: level for level, floor in enumerate(FLOORS) for folder in floor}

@@ -51,6 +51,7 @@ public:
     /** Size or time are no longer those of the opening. */
     [[nodiscard]] bool hasChanged() const;
     [[nodiscard]] const FilePath &path() const { return m_path; }
+    [[nodiscard]] int descriptor() const { return m_file.get(); }
 
 private:
     FilePath m_path;

@@ -82,7 +82,11 @@ void read(const QByteArray &path, SongDetails &details)
 
 qint64 id3v2Length(SongStream &stream, qint64 offset)
 {
-    const QByteArrayView head = stream.viewAt(offset, 10);
+    return id3v2Length(stream.viewAt(offset, 10));
+}
+
+qint64 id3v2Length(QByteArrayView head)
+{
     if (head.size() < 10 || !head.startsWith("ID3"))
         return 0;
     qint64 length = 0;

@@ -46,5 +46,6 @@ inline void fill(QString &field, const QString &value)
 
 /** Bytes that an ID3v2 tag at @p offset takes up; 0 without one. */
 [[nodiscard]] qint64 id3v2Length(SongStream &stream, qint64 offset = 0);
+[[nodiscard]] qint64 id3v2Length(QByteArrayView head);
 
 } // namespace shell

@@ -44,6 +44,12 @@ QByteArray whenKept(std::size_t number, bool added, const QString &condition, co
     return when;
 }
 
+/** Statements take texts alone. */
+QString asText(const QByteArray &bytes)
+{
+    return QString::fromLatin1(bytes.toBase64());
+}
+
 } // namespace
 
 QByteArray LogTable::images(std::size_t number)
@@ -134,6 +140,9 @@ QByteArray ChangeLog::missingTables()
         statements +=
             "CREATE TABLE sysLog (Seq INTEGER PRIMARY KEY, Tab INTEGER, RowKey INTEGER, Col INTEGER, Old, "
             "New);";
+    if (columnsOf("sysTags").isEmpty())
+        statements +=
+            "CREATE TABLE sysTags (Seq INTEGER PRIMARY KEY, Song INTEGER, Path TEXT, Back TEXT, Again TEXT);";
     for (std::size_t number = 0; number < m_tables.size(); ++number) {
         const QByteArray images = LogTable::images(number);
         const QByteArrayList present = columnsOf(images);
@@ -221,6 +230,8 @@ ChangeLog::Count ChangeLog::countOf(qint64 first, qint64 last)
             lengths += " + ifnull(length(" + LogTable::imageColumn(column) + "), 0) + 1";
         count.bytes += integerOf("SELECT sum(" + lengths + ") FROM " + LogTable::images(number) + own);
     }
+    count.bytes +=
+        integerOf("SELECT sum(ifnull(length(Back), 0) + ifnull(length(Again), 0)) FROM sysTags" + own);
     return count;
 }
 
@@ -286,6 +297,39 @@ void ChangeLog::noteFileMoved(LogMark mark, qint64 song, const QString &from, co
     const qint64 seq = addRow(mark, 0, song, from, to);
     // Pictures are told of before they go.
     noteFileMark(m_connection, seq, markOf(mark == PictureMoved ? from : to).value_or(FileMark()));
+}
+
+qint64 ChangeLog::keepFileTags(const FileTagsChange &change)
+{
+    const qint64 key = std::min<qint64>(0, integerOf("SELECT min(Seq) FROM sysTags")) - 1;
+    Statement insert = m_connection.prepare(
+        "INSERT INTO sysTags (Seq, Song, Path, Back, Again) VALUES (?1, ?2, ?3, ?4, ?5)");
+    insert.bind(1, key);
+    insert.bind(2, change.song);
+    insert.bind(3, QVariant(change.path));
+    insert.bind(4, QVariant(asText(change.back)));
+    insert.bind(5, QVariant(asText(change.again)));
+    static_cast<void>(insert.step());
+    return key;
+}
+
+void ChangeLog::noteFileTags(qint64 key)
+{
+    Statement kept = m_connection.prepare("SELECT Song, Path FROM sysTags WHERE Seq = ?1");
+    kept.bind(1, key);
+    if (!kept.step())
+        return;
+    const qint64 seq = addRow(FileTags, 0, kept.integer(0), kept.variant(1), {});
+    Statement move = m_connection.prepare("UPDATE sysTags SET Seq = ?1 WHERE Seq = ?2");
+    move.bind(1, seq);
+    move.bind(2, key);
+    static_cast<void>(move.step());
+}
+
+FileTagsChange fileTagsOf(const Statement &row)
+{
+    const auto bytes = [&](int column) { return QByteArray::fromBase64(row.text(column).toLatin1()); };
+    return {row.integer(0), row.integer(1), row.text(2), bytes(3), bytes(4)};
 }
 
 void ChangeLog::noteCopyOnly(const QString &sentence)
@@ -430,6 +474,7 @@ void forgetChanges(Connection &connection, std::size_t tables, const QByteArray 
         for (std::size_t number = 0; number < tables; ++number)
             connection.execute("DELETE FROM " + LogTable::images(number) + own);
         connection.execute("DELETE FROM sysFile" + own);
+        connection.execute("DELETE FROM sysTags" + own);
         connection.execute("DELETE FROM sysLog" + own);
     }
     if (!ranges.empty())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/store/History.h"
 #include "platform/store/Schema.h"
 #include "platform/store/Sqlite.h"
 
@@ -22,6 +23,8 @@ enum LogMark : int {
     FileMoved = -5,
     /** A picture of that song did; 0 for a picture of no song. */
     PictureMoved = -6,
+    /** The tags of that song's file, at the path Old, went to another version: a row of sysTags. */
+    FileTags = -7,
 };
 
 /** How the state of a change is stored. */
@@ -62,6 +65,8 @@ struct LogTable
  *   sysFile (Seq, Inode, Size): the file that row Seq of the log moved, as it was left.
  *   sysRow<n> (Seq, c<place>...): the whole row of table n that row Seq of the log added or deleted. Rows of
  *      a RowsAdded are kept once it is taken back, under their keys below zero.
+ *   sysTags (Seq, Song, Path, Back, Again): of a file whose tags were written, what makes the version of
+ *      before of it and what makes the new one again. Below zero stand those that are being written.
  *
  * A journal that can't be used makes no difference to the catalogue: nothing is kept then.
  */
@@ -96,6 +101,10 @@ public:
     void noteCopyOnly(const QString &sentence);
     /** Notes a file's move as part of the change that is being made, in the pending transaction. */
     void noteFileMoved(LogMark mark, qint64 song, const QString &from, const QString &to);
+    /** Keeps what a file's tags are about to become, in the pending transaction. @returns its key */
+    qint64 keepFileTags(const FileTagsChange &change);
+    /** They became it, as part of the change that is being made; in the pending transaction. */
+    void noteFileTags(qint64 key);
 
     /** From here on the rows added to @p table are noted as one run of keys; an empty name ends that. */
     void noteAsRun(const QString &table);
@@ -161,6 +170,10 @@ private:
     qint64 m_runFrom = 0;
     qint64 m_runSeq = 0;
 };
+
+/** What of sysTags a statement reads, in the order of FileTagsChange. */
+inline constexpr char FileTagsColumns[] = "Seq, Song, Path, Back, Again";
+[[nodiscard]] FileTagsChange fileTagsOf(const Statement &row);
 
 /** Deletes changes with all that is kept of them; @p condition is over sysChange. In the pending transaction.
  */

@@ -26,6 +26,7 @@ namespace dao {
 
 class Database;
 class DatabaseImpl;
+struct FileTagsChange;
 class ReadProbe;
 class ReadRows;
 class RecordsetImpl;
@@ -257,6 +258,17 @@ public:
     void holdChange(bool held) { m_changeHeld = held; }
     /** Tells the journal, as part of the change that is being made, that a song's file has gone elsewhere. */
     void noteFileMoved(qint64 song, const QString &from, const QString &to);
+    /**
+     * Keeps what a file's tags are about to become, on the disk when it returns; not for use within a
+     * transaction. @returns the key of what is kept @throws 3027 in a catalogue that can't be written to
+     */
+    [[nodiscard]] qint64 keepFileTags(const FileTagsChange &change);
+    /** Tells the journal, as part of the change that is being made, that they became it. */
+    void noteFileTags(qint64 key);
+    /** They did not. */
+    void dropFileTags(qint64 key);
+    /** What was kept when the program was ended before it was noted or dropped. */
+    [[nodiscard]] std::vector<FileTagsChange> unfinishedFileTags();
     /** Runs an action of whose rows the journal is to keep nothing: a copy of the catalogue stands in. */
     void ExecuteUnlogged(const QString &sql, const QString &sentence);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/store/History.h"
 #include "platform/store/Parser.h"
 #include "platform/store/ReadProbe.h"
 #include "platform/store/RecordsetImpl.h"
@@ -270,6 +271,43 @@ void Database::noteFileMoved(qint64 song, const QString &from, const QString &to
         if (ChangeLog *log = m_impl->changeLog())
             log->noteFileMoved(FileMoved, song, from, to);
     });
+}
+
+qint64 Database::keepFileTags(const FileTagsChange &change)
+{
+    ChangeLog *log = m_impl->changeLog();
+    if (log == nullptr || !log->usable())
+        throw DaoError(ReadOnly, u"Cannot update.  Database or object is read-only."_s);
+    qint64 key = 0;
+    m_impl->change([&] { key = log->keepFileTags(change); });
+    workspace().settle();
+    return key;
+}
+
+void Database::noteFileTags(qint64 key)
+{
+    m_impl->change([&] { m_impl->changeLog()->noteFileTags(key); });
+}
+
+void Database::dropFileTags(qint64 key)
+{
+    m_impl->change([&] {
+        m_impl->connection().execute("DELETE FROM sysTags WHERE Seq < 0 AND Seq = " +
+                                     QByteArray::number(key));
+    });
+}
+
+std::vector<FileTagsChange> Database::unfinishedFileTags()
+{
+    std::vector<FileTagsChange> all;
+    const ChangeLog *log = m_impl->changeLog();
+    if (log == nullptr || !log->usable())
+        return all;
+    Statement rows =
+        m_impl->connection().prepare(QByteArray("SELECT ") + FileTagsColumns + " FROM sysTags WHERE Seq < 0");
+    while (rows.step())
+        all.push_back(fileTagsOf(rows));
+    return all;
 }
 
 void Database::ExecuteUnlogged(const QString &sql, const QString &sentence)

@@ -38,6 +38,8 @@ ChangedValue::Kind kindOf(qint64 mark)
         return ChangedValue::Kind::FileMoved;
     case PictureMoved:
         return ChangedValue::Kind::PictureMoved;
+    case FileTags:
+        return ChangedValue::Kind::FileTags;
     default:
         return ChangedValue::Kind::Value;
     }
@@ -198,6 +200,26 @@ std::vector<ChangedRow> History::rowsWith(const Change &change, const QString &t
             found.push_back({table, rows.integer(0)});
     }
     return found;
+}
+
+std::vector<qint64> History::taggedFiles(const Change &change) const
+{
+    std::vector<qint64> keys;
+    Statement rows = m_database.impl().connection().prepare(
+        "SELECT Seq FROM sysTags WHERE Seq BETWEEN ?1 AND ?2 ORDER BY Seq");
+    rows.bind(1, change.id);
+    rows.bind(2, change.last);
+    while (rows.step())
+        keys.push_back(rows.integer(0));
+    return keys;
+}
+
+FileTagsChange History::taggedFile(qint64 key) const
+{
+    Statement row = m_database.impl().connection().prepare(QByteArray("SELECT ") + FileTagsColumns +
+                                                           " FROM sysTags WHERE Seq = ?1");
+    row.bind(1, key);
+    return row.step() ? fileTagsOf(row) : FileTagsChange();
 }
 
 std::optional<QStringList> History::presentTexts(const QString &table, qint64 key,

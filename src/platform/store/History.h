@@ -42,7 +42,7 @@ struct Change
 /** What a change did to one value, or to a whole row. */
 struct ChangedValue
 {
-    enum class Kind { Value, RowAdded, RowDeleted, RowsAdded, FileMoved, PictureMoved };
+    enum class Kind { Value, RowAdded, RowDeleted, RowsAdded, FileMoved, PictureMoved, FileTags };
 
     Kind kind = Kind::Value;
     QString table;
@@ -50,7 +50,8 @@ struct ChangedValue
     qint64 key = 0;
     /** For Kind::Value alone. */
     QString field;
-    /** Of RowsAdded the first and last key, of files the two paths, of whole rows Null. */
+    /** Of RowsAdded the first and last key, of files the two paths, of FileTags the path alone, of whole rows
+     * Null. */
     QVariant before;
     QVariant after;
 };
@@ -67,6 +68,18 @@ struct MovedFile
     QString to;
     /** The file as it was left where it is now. */
     FileMark mark;
+};
+
+/** A file whose tags were written, or are being written; the store knows nothing of what it keeps of them. */
+struct FileTagsChange
+{
+    /** Place in the journal; below zero while they are being written. */
+    qint64 key = 0;
+    qint64 song = 0;
+    QString path;
+    /** What makes the version of before from the new one, and the new one again. */
+    QByteArray back;
+    QByteArray again;
 };
 
 /** A row that stands in the way, since it is not as the change left it. */
@@ -112,6 +125,9 @@ public:
     /** The rows of @p table in which the change put one of @p texts into @p field, or took it out. */
     [[nodiscard]] std::vector<ChangedRow> rowsWith(const Change &change, const QString &table,
                                                    const QString &field, const QSet<QString> &texts) const;
+    /** The places of the files whose tags it wrote, in the order they were written. */
+    [[nodiscard]] std::vector<qint64> taggedFiles(const Change &change) const;
+    [[nodiscard]] FileTagsChange taggedFile(qint64 key) const;
     /** Some fields of a row as it is now; nothing when it is gone. */
     [[nodiscard]] std::optional<QStringList> presentTexts(const QString &table, qint64 key,
                                                           const QStringList &fields) const;
