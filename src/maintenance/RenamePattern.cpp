@@ -17,6 +17,8 @@ namespace {
 /** What file systems take: bytes of one name. */
 constexpr qsizetype LongestName = 255;
 constexpr int MostDigits = 9;
+constexpr QLatin1StringView TrackNumber("TrackNum");
+constexpr QLatin1StringView TrackText("TrackText");
 
 /** Names of files are no content of the song, and notes have lines. */
 bool isUsable(const SongField &field)
@@ -53,7 +55,7 @@ QString cleanName(QString name)
 
 QString headingOf(const QString &name)
 {
-    if (name == "TrackNum"_L1)
+    if (name == TrackNumber)
         return u"Track"_s;
     const SongField *field = songField(name);
     return field == nullptr || field->heading.isEmpty() ? name : QString(field->heading);
@@ -109,7 +111,7 @@ RenamePattern::Piece RenamePattern::pieceOf(const QString &inside)
 {
     const QString name = inside.section(u':', 0, 0).trimmed();
     const SongField *field = songField(name);
-    if (field == nullptr || (!isUsable(*field) && field->name != "TrackNum"_L1)) {
+    if (field == nullptr || (!isUsable(*field) && field->name != TrackNumber)) {
         m_complaint = u"\"%1\" is no field that a name can be made of."_s.arg(name);
         return {};
     }
@@ -150,6 +152,8 @@ QStringList RenamePattern::fields() const
         for (const Piece &piece : part) {
             if (!piece.field.isEmpty() && !names.contains(piece.field))
                 names += piece.field;
+            if (piece.field == TrackNumber && !names.contains(TrackText))
+                names += TrackText;
         }
     }
     return names;
@@ -164,15 +168,23 @@ QString RenamePattern::nameOf(const Part &part, const std::function<QString(cons
             name += piece.text;
             continue;
         }
-        const QString text = value(piece.field);
-        const QString shown = piece.digits > 0 || piece.field == "TrackNum"_L1
-                                  ? numbered(text, std::max(piece.digits, 1))
-                                  : withoutIllegal(text.trimmed());
+        const QString shown = textOf(piece, value);
         if (shown.isEmpty() && problem.isEmpty())
             problem = u"%1 is empty"_s.arg(headingOf(piece.field));
         name += shown;
     }
     return cleanName(name);
+}
+
+QString RenamePattern::textOf(const Piece &piece, const std::function<QString(const QString &)> &value)
+{
+    const QString text = value(piece.field);
+    if (piece.digits == 0 && piece.field != TrackNumber)
+        return withoutIllegal(text.trimmed());
+    const int digits = std::max(piece.digits, 1);
+    const QString number = numbered(text, digits);
+    // Of a track that is kept as "3/12" there is only the text.
+    return number.isEmpty() && piece.field == TrackNumber ? numbered(value(TrackText), digits) : number;
 }
 
 RenamePattern::Name RenamePattern::nameOf(const std::function<QString(const QString &field)> &value,

@@ -21,7 +21,7 @@ public:
 
     /** Why it can't be used; empty when it can. */
     [[nodiscard]] const QString &complaint() const { return m_complaint; }
-    /** Names of the fields in it, each once. */
+    /** Names of the fields that it reads, each once. */
     [[nodiscard]] QStringList fields() const;
     /** False for the name alone: the files then stay in their folders. */
     [[nodiscard]] bool namesFolders() const { return m_parts.size() > 1; }
@@ -54,6 +54,8 @@ private:
     void parse(const QString &text);
     [[nodiscard]] Piece pieceOf(const QString &inside);
     void check();
+    [[nodiscard]] static QString textOf(const Piece &piece,
+                                        const std::function<QString(const QString &)> &value);
     [[nodiscard]] static QString
     nameOf(const Part &part, const std::function<QString(const QString &)> &value, QString &problem);
 

@@ -74,7 +74,7 @@ protected:
             writeFile(music(name + u".mp3"_s), name.toUtf8());
             keys += store.addSong(Song(name, u"Abba"_s)
                                       .with(u"AlbumName"_s, u"Sky"_s)
-                                      .with(u"TrackNum"_s, ++number)
+                                      .with(u"TrackText"_s, u"%1/3"_s.arg(++number))
                                       .file(music(), name + u".mp3"_s));
         }
         for (int i = 0; i < 2; ++i)
