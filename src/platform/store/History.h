@@ -87,7 +87,7 @@ struct ChangedRow
 {
     QString table;
     qint64 key = 0;
-    auto operator<=>(const ChangedRow &) const = default;
+    bool operator==(const ChangedRow &) const = default;
 };
 
 /**
