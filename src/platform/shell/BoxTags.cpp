@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/shell/Id3Bytes.h"
+#include "platform/shell/TagContainer.h"
 #include "platform/shell/TagText.h"
 
 #include <taglib/asffile.h>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/shell/Id3Bytes.h"
+#include "platform/shell/PieceStream.h"
 
 namespace shell {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/shell/TagContainer.h"
+#include "platform/shell/TagChange.h"
 
 #include <taglib/id3v2tag.h>
 

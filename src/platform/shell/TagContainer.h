@@ -2,37 +2,13 @@
 #pragma once
 
 #include "platform/shell/PieceStream.h"
-#include "platform/shell/TagFile.h"
+#include "platform/shell/TagChange.h"
 
 #include <taglib/audioproperties.h>
-#include <taglib/tfile.h>
-#include <taglib/tpropertymap.h>
 
 #include <memory>
 
 namespace shell {
-
-/** A TagEdit in TagLib's words. */
-struct TagChange
-{
-    explicit TagChange(const TagEdit &edit);
-
-    /** What @p now becomes. */
-    [[nodiscard]] TagLib::PropertyMap appliedTo(TagLib::PropertyMap now) const;
-
-    TagLib::PropertyMap values;
-    std::optional<QList<TagPicture>> pictures;
-};
-
-/** What TagLib's tag classes read from; it looks for no tag by itself. */
-class StreamFile final : public TagLib::File
-{
-public:
-    explicit StreamFile(TagLib::IOStream &stream) : TagLib::File(&stream) {}
-    TagLib::Tag *tag() const override { return nullptr; }
-    TagLib::AudioProperties *audioProperties() const override { return nullptr; }
-    bool save() override { return false; }
-};
 
 /** The tags of one file, whatever its container. */
 class TagContainer
@@ -63,10 +39,5 @@ public:
 [[nodiscard]] std::unique_ptr<TagContainer> openWavTags(PieceStream &stream);
 [[nodiscard]] std::unique_ptr<TagContainer> openMpegTags(PieceStream &stream);
 [[nodiscard]] std::unique_ptr<TagContainer> openAdtsTags(PieceStream &stream);
-
-[[nodiscard]] QByteArray fromVector(const TagLib::ByteVector &bytes);
-[[nodiscard]] TagLib::ByteVector toVector(const QByteArray &bytes);
-/** Whole, with its surrogates. */
-[[nodiscard]] TagLib::String toTag(const QString &text);
 
 } // namespace shell

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/shell/EndTags.h"
+#include "platform/shell/TagContainer.h"
 #include "platform/shell/TagText.h"
 
 #include <taglib/flacfile.h>
