@@ -22,7 +22,9 @@ public:
     OpenCopy(int songs, bool journal, const QString &name)
         : m_path(bench::dataFolder() + u'/' + name), m_engine(schema(journal))
     {
-        QFile::remove(m_path);
+        // A run that was cut off leaves its log, which would be taken for the copy's.
+        for (const QString &part : {m_path, m_path + u"-wal"_s, m_path + u"-shm"_s})
+            QFile::remove(part);
         QFile::copy(bench::catalogueOf(songs), m_path);
         m_db = m_engine.OpenDatabase(m_path);
     }
