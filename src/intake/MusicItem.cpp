@@ -13,7 +13,7 @@ namespace {
 
 QString extensionOfType(const QString &typeText, const QString &pathWithoutExtension)
 {
-    if (const QString ending = shell::endingOfType(typeText); !ending.isEmpty())
+    if (QString ending = shell::endingOfType(typeText); !ending.isEmpty())
         return ending;
     for (const QString &plain : {u"aac"_s, u"flac"_s}) {
         if (typeText.contains(plain, Qt::CaseInsensitive))
