@@ -26,7 +26,6 @@ namespace {
 
 /** From that many songs on the user is asked. */
 constexpr qint64 ManySongs = 1000;
-constexpr qint64 MostSongs = 32000;
 /** Where the bar of the please-wait window ends for a walk through folders. */
 constexpr double WalkBarTwips = 6300;
 
@@ -148,7 +147,7 @@ void PlayCommands::playAll()
 bool PlayCommands::mayPlay(qint64 songs)
 {
     const QString inList = u"There are "_s + QString::number(songs) + u" songs in the current list."_s;
-    if (songs > MostSongs) {
+    if (songs > MostTracks) {
         m_parts.services.desktop.resetPointer();
         m_parts.services.desktop.MessageBox(
             inList + u"  The maximum number of songs you can put in a Play List is 32000."_s,

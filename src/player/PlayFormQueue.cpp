@@ -16,13 +16,6 @@ using namespace Qt::StringLiterals;
 // What the user changes of the list while it plays.
 namespace quaverly {
 
-namespace {
-
-/** What a list of songs takes, wherever. */
-constexpr qint64 MostSongs = 32000;
-
-} // namespace
-
 void PlayForm::wireQueue()
 {
     const auto on = [this](QAction *action, void (PlayForm::*handler)()) {
@@ -99,7 +92,7 @@ void PlayForm::mnuQueueSave_Click()
 
 void PlayForm::addToQueue(const SongQueue &songs, bool next)
 {
-    if (m_queue.count() + songs.count() > MostSongs) {
+    if (m_queue.count() + songs.count() > MostTracks) {
         m_parts.services.desktop.MessageBox(
             u"The maximum number of songs you can put in a Play List is 32000."_s,
             u"Too many songs to play"_s, Icon::Exclamation);

@@ -6,8 +6,11 @@
 #include "intake/SongReader.h"
 #include "platform/shell/Shell.h"
 #include "platform/shell/SoundHash.h"
+#include "update/Aside.h"
 
 #include <QHash>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -55,6 +58,28 @@ std::vector<SongOnDisk> readSongs(const std::vector<DiskFile> &files, const std:
         first = end;
     }
     return songs;
+}
+
+bool readInPortions(std::vector<DiskFile> files, const UpdateGoesOn &goesOn, const QString &what,
+                    const std::function<void(SongOnDisk &)> &take)
+{
+    constexpr std::chrono::milliseconds Patience(20);
+    constexpr std::size_t Portion = 500;
+    std::ranges::stable_sort(files, {}, &DiskFile::folder);
+    for (std::size_t first = 0; first < files.size(); first += Portion) {
+        const std::vector<DiskFile> portion(
+            files.begin() + static_cast<std::ptrdiff_t>(first),
+            files.begin() + static_cast<std::ptrdiff_t>(std::min(first + Portion, files.size())));
+        Aside<std::vector<SongOnDisk>> reading(
+            [portion](const std::stop_token &stop) { return readSongs(portion, stop); });
+        do {
+            if (!goesOn(what, static_cast<qint64>(first), std::ssize(files)))
+                return false;
+        } while (!reading.isDone(Patience));
+        for (SongOnDisk &song : reading.take())
+            take(song);
+    }
+    return true;
 }
 
 } // namespace quaverly

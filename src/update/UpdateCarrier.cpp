@@ -15,9 +15,6 @@ namespace quaverly {
 
 namespace {
 
-constexpr std::chrono::milliseconds Patience(20);
-constexpr std::size_t Portion = 200;
-
 std::vector<const UpdateRow *> tickedRows(const UpdateList &list, UpdateKind kind)
 {
     std::vector<const UpdateRow *> rows;
@@ -180,26 +177,12 @@ void UpdateCarrier::changeSong(qint64 recordId, const SongOnDisk &read,
 
 bool UpdateCarrier::add(const std::vector<const UpdateRow *> &rows)
 {
-    const QString what = u"Adding new songs..."_s;
     std::vector<DiskFile> files;
     files.reserve(rows.size());
     for (const UpdateRow *row : rows)
         files.push_back(row->file);
-    std::ranges::stable_sort(files, {}, &DiskFile::folder);
-    for (std::size_t first = 0; first < files.size(); first += Portion) {
-        const std::vector<DiskFile> portion(
-            files.begin() + static_cast<std::ptrdiff_t>(first),
-            files.begin() + static_cast<std::ptrdiff_t>(std::min(first + Portion, files.size())));
-        Aside<std::vector<SongOnDisk>> reading(
-            [portion](const std::stop_token &stop) { return readSongs(portion, stop); });
-        do {
-            if (!m_goesOn(what, static_cast<qint64>(first), std::ssize(files)))
-                return false;
-        } while (!reading.isDone(Patience));
-        for (const SongOnDisk &read : reading.take())
-            addSong(read);
-    }
-    return true;
+    return readInPortions(std::move(files), m_goesOn, u"Adding new songs..."_s,
+                          [this](const SongOnDisk &read) { addSong(read); });
 }
 
 void UpdateCarrier::addSong(const SongOnDisk &read)

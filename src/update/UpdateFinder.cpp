@@ -20,8 +20,6 @@ namespace quaverly {
 namespace {
 
 constexpr std::chrono::milliseconds Patience(20);
-/** Files read between two looks at what was found. */
-constexpr std::size_t Portion = 500;
 
 bool isMusic(QByteArrayView name)
 {
@@ -99,26 +97,6 @@ void UpdateFinder::askAboutAway(DiskDifference &difference)
     }
 }
 
-bool UpdateFinder::readAll(std::vector<DiskFile> files, const QString &what,
-                           const std::function<void(SongOnDisk &)> &take)
-{
-    std::ranges::stable_sort(files, {}, &DiskFile::folder);
-    for (std::size_t first = 0; first < files.size(); first += Portion) {
-        const std::vector<DiskFile> portion(
-            files.begin() + static_cast<std::ptrdiff_t>(first),
-            files.begin() + static_cast<std::ptrdiff_t>(std::min(first + Portion, files.size())));
-        Aside<std::vector<SongOnDisk>> reading(
-            [portion](const std::stop_token &stop) { return readSongs(portion, stop); });
-        do {
-            if (!m_goesOn(what, static_cast<qint64>(first), std::ssize(files)))
-                return false;
-        } while (!reading.isDone(Patience));
-        for (SongOnDisk &song : reading.take())
-            take(song);
-    }
-    return true;
-}
-
 bool UpdateFinder::readChanged(const std::vector<FilePair> &changed)
 {
     QHash<QByteArray, const FilePair *> byPath;
@@ -127,8 +105,9 @@ bool UpdateFinder::readChanged(const std::vector<FilePair> &changed)
         byPath.insert(pair.now.path(), &pair);
         files.push_back(pair.now);
     }
-    return readAll(std::move(files), u"Reading the files that have changed..."_s,
-                   [&](SongOnDisk &read) { takeChanged(byPath.value(read.file.path())->known, read); });
+    return readInPortions(
+        std::move(files), m_goesOn, u"Reading the files that have changed..."_s,
+        [&](SongOnDisk &read) { takeChanged(byPath.value(read.file.path())->known, read); });
 }
 
 void UpdateFinder::takeChanged(const KnownFile &known, SongOnDisk &read)
@@ -166,7 +145,7 @@ bool UpdateFinder::followMoved(DiskDifference &difference)
                          [&](const DiskFile &file) { return mayHoldOneOf(lost, file); });
     std::vector<SongOnDisk> read;
     const auto take = [&](SongOnDisk &song) { read.push_back(std::move(song)); };
-    if (!readAll(std::move(candidates), u"Looking for files that were moved..."_s, take))
+    if (!readInPortions(std::move(candidates), m_goesOn, u"Looking for files that were moved..."_s, take))
         return false;
     QSet<qint64> found;
     QSet<QByteArray> taken;

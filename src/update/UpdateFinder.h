@@ -29,9 +29,6 @@ private:
     void askAboutAway(DiskDifference &difference);
     [[nodiscard]] bool readChanged(const std::vector<FilePair> &changed);
     [[nodiscard]] bool followMoved(DiskDifference &difference);
-    /** Reads @p files a portion at a time; false when it was given up. */
-    [[nodiscard]] bool readAll(std::vector<DiskFile> files, const QString &what,
-                               const std::function<void(SongOnDisk &)> &take);
     void takeChanged(const KnownFile &known, SongOnDisk &read);
     void listMoved(const KnownFile &known, const DiskFile &now, const QString &remark, bool isTicked);
     void listRest(const DiskDifference &difference);
