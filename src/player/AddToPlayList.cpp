@@ -116,7 +116,7 @@ Track AddToPlayList::trackOf(const QString &song, const QString &url) const
 QString AddToPlayList::saveFromPlayer(const SongQueue &queue)
 {
     const QString title = u"Save as Play List"_s;
-    const QString name =
+    QString name =
         withoutTrailingBlanks(singleQuotes(m_desktop.InputPrompt(u"Name of the new play list:"_s, title)));
     if (!isGreaterThanBlank(name))
         return {};
